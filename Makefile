@@ -1,0 +1,71 @@
+# The everyday commands. `make help` lists them; CMakePresets.json holds the two builds behind them.
+
+JOBS ?= $(shell nproc)
+PREFIX ?= /usr/local
+BENCH_ARGS ?=
+TIDY_ARGS ?=
+export JOBS
+
+release := build/release
+san := build/san
+compile = cmake --build --parallel $(JOBS) --preset
+
+.DEFAULT_GOAL := build
+.PHONY: help setup build run test san bench format format-check tidy install clean
+
+help:
+	@echo 'make build           library and command, into $(release) (the default)'
+	@echo 'make setup           install the Debian packages that are missing'
+	@echo 'make run             set up, build, post-process an example and show the NC file'
+	@echo 'make test            set up, build and run all tests'
+	@echo 'make san             build under the sanitizers, into $(san), and run all tests there'
+	@echo 'make bench           build and run the benchmarks (BENCH_ARGS="--benchmark_filter=...")'
+	@echo 'make format          lay out the sources;  make format-check  only tells whether they are'
+	@echo 'make tidy            static analysis (TIDY_ARGS=src/text for a part)'
+	@echo 'make install         install below PREFIX ($(PREFIX)); DESTDIR is honoured'
+	@echo 'make clean           remove all that was built'
+
+setup:
+	@scripts/setup.sh
+
+build/%/build.ninja: CMakePresets.json
+	cmake --preset $*
+
+build: $(release)/build.ninja
+	$(compile) release
+
+example_nc := build/run/folding_box.nc
+run: setup
+	@$(MAKE) --no-print-directory build
+	@mkdir -p $(dir $(example_nc))
+	$(release)/bin/brindle post -t examples/laser_mm/laser_mm.tun -o $(example_nc) examples/drawings/folding_box.cf2
+	@echo 'NC file: $(example_nc)'
+	@head -n 15 $(example_nc)
+
+test: setup
+	@$(MAKE) --no-print-directory build $(san)/build.ninja
+	$(compile) san --target brindle_tests
+	@scripts/test.sh
+
+san: $(san)/build.ninja
+	$(compile) san
+	ctest --preset san --parallel $(JOBS)
+
+bench: $(release)/build.ninja
+	$(compile) release --target brindle_bench
+	$(release)/bin/brindle_bench $(BENCH_ARGS)
+
+format:
+	@scripts/format.sh
+
+format-check:
+	@scripts/format.sh --check
+
+tidy: $(release)/build.ninja
+	@scripts/tidy.sh $(TIDY_ARGS)
+
+install: build
+	cmake --install $(release) --prefix '$(abspath $(PREFIX))'
+
+clean:
+	rm -rf build

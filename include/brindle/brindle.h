@@ -1,0 +1,185 @@
+/* Brindle: a configurable NC post-processor for flat cutting jobs. The interface of the library for C and C++ hosts.
+ *
+ * A host delivers a tuning (the description of one machine controller), then the geometry of a job, calls GBrn_End, and
+ * takes the NC text piece by piece. `examples/host_c` is a complete host.
+ *
+ * Conventions
+ *
+ *  1. There is one session per process. It comes into being with the first call that needs it and ends with GBrn_Clear.
+ *     Nothing is guarded: call from one thread at a time.
+ *  2. Every function returns 0, always. Trouble shows as messages in the NC text (`bErrorsAsComments`), and in the text
+ *     itself. Functions may be called in any order; one that makes no sense at its time has no effect.
+ *  3. Coordinates and lengths are millimetres and angles are radians, whatever the output units are. A number that is not
+ *     finite makes the call have no effect.
+ *  4. Strings are wide (wchar_t), NUL-terminated. A null string argument counts as empty. The library keeps no pointer of
+ *     the host's.
+ *  5. A string given to the host is a new system string: the host owns it and frees it with SysFreeString. It is
+ *     NUL-terminated, but may hold NUL characters too; SysStringLen gives its length. A null out-parameter is skipped.
+ *  6. A flag is true for any value but 0.
+ *
+ * Order of a job: GBrn_ClearTuning, GBrn_ReadTuneLine for each line; the GBrn_Set... functions; GBrn_StartMain and its
+ * records, GBrn_StartSub and its records; GBrn_End; then for each buffer GBrn_SetCurBuffer and, while
+ * GBrn_CurBufferHasMoreData gives 1, GBrn_GetOutputBuffer. To run again, change what changes and call GBrn_End again.
+ */
+#ifndef BRINDLE_BRINDLE_H
+#define BRINDLE_BRINDLE_H
+
+#include <wchar.h>
+
+#if defined(__GNUC__)
+#define BRINDLE_API __attribute__((visibility("default")))
+#else
+#define BRINDLE_API
+#endif
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* ---- Session ---- */
+
+/* Ends the session with all that it owns: tuning, job data, geometry, output. With no session it does nothing. Pieces kept
+ * by GBrn_AddToTunelineBuffer stay. */
+BRINDLE_API int GBrn_Clear(void);
+
+/* ---- Tuning ----
+ * A tuning is a sequence of lines, one typed item each (`BOOL bUseSubs true`). The library opens no tuning file: the host
+ * reads the file and delivers its lines, and takes the text back with GBrn_GetTuning to save it. A line that can't be
+ * understood is dropped. */
+
+/* Sets the name that `@TuneFile` prints. */
+BRINDLE_API int GBrn_SetTuningFileName(const wchar_t* name);
+/* Destroys the items of the tuning. The run-time data definition stays. */
+BRINDLE_API int GBrn_ClearTuning(void);
+/* Keeps a piece of a line that is too long for one transfer; the next line that is read gets all pieces in front. Needs no
+ * session. */
+BRINDLE_API int GBrn_AddToTunelineBuffer(const wchar_t* piece);
+/* Reads one line: the kept pieces and `text`. */
+BRINDLE_API int GBrn_ReadTuneLine(const wchar_t* text);
+/* The same, but run-time data rows, columns, messages and values are dropped. */
+BRINDLE_API int GBrn_ReadTuneLineIgnoreRTDDefs(const wchar_t* text);
+/* Gives the first key of the tuning, empty if it has none. */
+BRINDLE_API int GBrn_GetStartKey(wchar_t** key);
+/* Gives the line of the item `key` and the key after it, empty behind the last. Both are empty for an unknown key. Run-time
+ * data lines do not come by this road. */
+BRINDLE_API int GBrn_GetNextTuneLine(const wchar_t* key, wchar_t** line, wchar_t** next_key);
+/* Gives all lines in key order, each with a character of code 8 behind it. */
+BRINDLE_API int GBrn_GetTuning(wchar_t** text);
+/* Opens the tuning editor on the session's tuning. `inches` sets the units it shows. `result` becomes 1 if the user left it
+ * with OK, otherwise 0. Without a display the dialog ends as cancelled. */
+BRINDLE_API int GBrn_DisplayTuningDialog(int inches, const wchar_t* title, int* result);
+
+/* ---- Job data ----
+ * Each is stored for the next run and stays from run to run. */
+
+/* Texts of `@Date` and `@Time`. */
+BRINDLE_API int GBrn_SetDate(const wchar_t* date);
+BRINDLE_API int GBrn_SetTime(const wchar_t* time);
+/* Both at once: what stands before the first `-` is the date, what stands behind it the time. */
+BRINDLE_API int GBrn_SetDateTime(const wchar_t* text);
+/* The blank's size, millimetres. */
+BRINDLE_API int GBrn_SetBlankSize(double x, double y);
+/* The host's units, which decide the output units if the tuning's `bOutUnitsAuto` is true. */
+BRINDLE_API int GBrn_SetAutoUnitsToInches(int inches);
+/* The radius of the rotary axis: inches if the host's units are inches at this moment, otherwise millimetres. A radius
+ * below 1 mm counts as none, and the tuning's `rDefRotRadiusMM` is used. */
+BRINDLE_API int GBrn_SetRotaryRadius(double radius);
+/* Where the machine goes at the end of the main program, millimetres. */
+BRINDLE_API int GBrn_SetFinalPosition(double x, double y);
+/* No final move. */
+BRINDLE_API int GBrn_SetNullFinalPos(void);
+/* Other than 0, a tile: the run outputs the main program alone, with its calls expanded. 0 is a normal run. */
+BRINDLE_API int GBrn_SetTileToOutput(short tile);
+BRINDLE_API int GBrn_GetTileToOutput(short* tile);
+/* Texts of `@OutputFile`, `@CADFile` and `@MaterialFile`. */
+BRINDLE_API int GBrn_SetOutputName(const wchar_t* name);
+BRINDLE_API int GBrn_SetFileName(const wchar_t* name);
+BRINDLE_API int GBrn_SetMaterialFile(const wchar_t* name);
+/* Text of `@DataSetName`, and the dataset of run-time data that the run uses; one that the tuning lacks gives its first. */
+BRINDLE_API int GBrn_SetDataSetName(const wchar_t* name);
+/* Text of `@TuneMenuPick`, and the name under which run-time data values are stored for the user. */
+BRINDLE_API int GBrn_SetTuneMenuPick(const wchar_t* name);
+
+/* ---- Geometry ----
+ * A job is a main program and any number of sub-programs. Records go to the program that was started last; before the first
+ * there is none, and records are dropped. */
+
+/* Destroys all programs and starts the main program. The centre is that of the program's bounding box, millimetres.
+ * `inside` and `horizontal` decide what `@SideCode` and `@GrainCode` print. */
+BRINDLE_API int GBrn_StartMain(const wchar_t* name, double center_x, double center_y, int inside, int horizontal);
+/* Starts a sub-program. The main program must come first: the first program is the main program. */
+BRINDLE_API int GBrn_StartSub(const wchar_t* name, double center_x, double center_y, int inside, int horizontal);
+/* Adds a line. `tool_id` is the number of a tool of the tuning, from 1. */
+BRINDLE_API int GBrn_AddLine(short tool_id, short line_type, double cut_width, double start_x, double start_y,
+                             double end_x, double end_y, double bridge_width, short bridge_count);
+/* Adds an arc, or a circle whose start is its end. A positive radius means clockwise, a negative one counter-clockwise. */
+BRINDLE_API int GBrn_AddArc(short tool_id, short line_type, double cut_width, double start_x, double start_y,
+                            double end_x, double end_y, double center_x, double center_y, double radius,
+                            double bridge_width, short bridge_count);
+/* Adds a text to the main program; while a sub-program is current it is dropped. `rotation` is radians. The two extra
+ * lengths and the extra value are stored; no output uses them. */
+BRINDLE_API int GBrn_AddText(short tool_id, short line_type, double start_x, double start_y, double end_x, double end_y,
+                             double first_length, double rotation, double extra_value, double second_length,
+                             double height, const wchar_t* text);
+/* Adds a call of the sub-program `name`, placed at (x, y), rotated by `rotation` radians counter-clockwise and mirrored:
+ * `mirror_x` negates x, `mirror_y` negates y. The sub-program may be sent later. A call of an unknown one gives no output. */
+BRINDLE_API int GBrn_AddInclude(const wchar_t* name, double x, double y, double center_x, double center_y,
+                                double rotation, int mirror_x, int mirror_y);
+/* Reads a CFF2 drawing in the place of all programs, as if it came through the functions above. A file that can't be opened
+ * changes nothing. */
+BRINDLE_API int GBrn_OpenCF2File(const wchar_t* path);
+
+/* ---- Run-time data ----
+ * Values that templates use (`<RTD(1,2)>`) but that are settled at output time. The exchange: read the definition file, take
+ * each expression and set its value, then update the defaults. */
+
+/* Reads a definition file in the place of the tuning's definition; its expressions become pending. */
+BRINDLE_API int GBrn_ReadRTDDefFromFile(const wchar_t* path);
+/* Takes the next pending expression: its text, and 1 for a text or 0 for a number. With none left `expression` is empty and
+ * `is_text` is left alone. */
+BRINDLE_API int GBrn_GetNextRTDExpr(wchar_t** expression, int* is_text);
+/* Hands over what the host computed for an expression. */
+BRINDLE_API int GBrn_SetRTDExprValue(const wchar_t* expression, const wchar_t* value);
+/* Reads the definition file again, now with the values of its expressions, and keeps its name. */
+BRINDLE_API int GBrn_UpdateDefaultValuesForExpressions(const wchar_t* path);
+/* Gives that name. */
+BRINDLE_API int GBrn_GetNameTuneFileForRTDDef(wchar_t** path);
+/* Forgets the values of the last run and that name. The definition stays. */
+BRINDLE_API int GBrn_ClearRunTimeData(void);
+/* Lets the user set the values of a dataset, of the definition in `definition_path` or, if that is empty, of the tuning's.
+ * `chosen` becomes the dataset that was shown last, empty if the user cancelled. */
+BRINDLE_API int GBrn_DisplayRTDataDlg(const wchar_t* definition_path, const wchar_t* dataset,
+                                      const wchar_t* tuning_pick, wchar_t** chosen);
+
+/* ---- Output ---- */
+
+/* Runs the tuning over the geometry. Output of an earlier run is discarded; the geometry stays, and the function may be
+ * called again. */
+BRINDLE_API int GBrn_End(void);
+/* The number of output buffers. More than one means that the tuning limits the size of a file; each is a complete NC
+ * file. */
+BRINDLE_API int GBrn_GetNumOfBuffers(short* count);
+/* Makes buffer `number`, from 1, the current one. Behind GBrn_End the last one is. Any other number changes nothing. */
+BRINDLE_API int GBrn_SetCurBuffer(short number);
+/* 1 if the current buffer holds a further piece, otherwise 0. */
+BRINDLE_API int GBrn_CurBufferHasMoreData(int* more);
+/* Takes the next piece of the current buffer, which then is gone from it; empty if there is none. Written one behind the
+ * other, with nothing between them, the pieces of a buffer are the NC file. */
+BRINDLE_API int GBrn_GetOutputBuffer(wchar_t** text);
+/* Gives "IODWELL". A piece that begins with it is no NC text but asks the host for a dwell; its parameter follows. */
+BRINDLE_API int GBrn_GetIODwellStr(wchar_t** text);
+/* With more than one buffer, lets the user choose the current one. */
+BRINDLE_API int GBrn_DisplayLoadSegmentDialog(void);
+
+/* ---- System strings ---- */
+
+/* Frees a string that the library gave. Null is fine. */
+BRINDLE_API void SysFreeString(wchar_t* text);
+/* The number of characters of such a string, without its terminating NUL; 0 for null. */
+BRINDLE_API unsigned int SysStringLen(const wchar_t* text);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif /* BRINDLE_BRINDLE_H */

@@ -1,0 +1,36 @@
+// The trace of a run: which template made which block, and where messages happened.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "generator/text_log.h"
+
+namespace brindle {
+
+// What a trace record tells. The numbers are fixed; 2 does not occur.
+enum class TraceKind : uint8_t {
+    kTemplate = 0,  // a template starts: `<Line_tTmpl>`, also one that the tuning lacks
+    kMessage = 1,   // a message, without comment marks
+    kBlock = 3,     // a block with its number word, without its delimiter; a message between its comment marks
+};
+
+struct CNCDebugInfo {
+    TraceKind kind;
+    std::string_view text;  // valid until the trace changes
+};
+
+// Records in order of arrival, from the start of one run to the start of the next.
+class CNCDebugMgr {
+public:
+    void Clear() { log_.Clear(); }
+    void Add(TraceKind kind, std::string_view text) { log_.Add(static_cast<uint8_t>(kind), text); }
+    size_t GetCount() const { return log_.size(); }
+    // `index` must be below GetCount(): std::out_of_range otherwise.
+    CNCDebugInfo Get(size_t index) const;
+
+private:
+    CTextLog log_;
+};
+
+}  // namespace brindle

@@ -1,0 +1,38 @@
+// The one way in which a number becomes NC text.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace brindle {
+
+// How numbers lose what a controller can do without.
+struct TrimFlags {
+    bool zeros = false;  // trailing zeros behind the point
+    bool point = false;  // a trailing point
+};
+
+// A number as text. Decimals: kWholeNumber a whole number without a point, 0 a whole number with one, 1 to 5 that many
+// places, any other value six. The whole-number forms drop the fraction and saturate at 32 bits, so callers round first.
+// Never a minus sign in front of zero that comes from a negative zero; not-finite values print as 0.
+class CNumberText {
+public:
+    CNumberText(double value, int32_t decimals, TrimFlags trim);
+    std::string_view view() const { return {characters_.data(), size_}; }
+
+private:
+    void Trim(TrimFlags trim);
+
+    std::array<char, 328> characters_;  // the largest double has 309 digits, behind a sign and with six decimals
+    size_t size_ = 0;
+};
+
+// A number with six decimals for a message; not-finite ones as `inf`, `-inf` and `nan`.
+std::string PlainReal(double value);
+
+// Adds a whole number in decimal.
+void AppendInt(std::string& out, int32_t value);
+
+}  // namespace brindle

@@ -1,0 +1,178 @@
+#include "generator/output_run.h"
+
+#include <cmath>
+
+#include "rtd/value_exchange.h"
+
+namespace brindle {
+
+void RunOutput(const SessionParts& session) {
+    session.buffers.Reset();
+    session.trace.Clear();
+    JobData& job = session.controller.job;
+    SettleRunValues(session.tuning.definition(), job.tuning_pick, job.dataset_name, session.run_values);
+    COutputRun(session).RunOutput();
+}
+
+void COutputRun::RunOutput() {
+    const ProgramOptions& programs = run_.options.programs;
+    run_.geometry.CollectIncludes({programs.rotations_in_use, programs.mirror_in_use});
+    run_.controller.current_program_name = run_.geometry.GetProgramName(0);
+    run_.controller.current_program = -1;
+    SettleComments();
+    TakeSettings();
+    ResetController();
+    run_.settings.segment_reserve = segments_.MeasureSegmentEnd();
+    ResetController();
+    run_.controller.SetTransform(run_.PlaneTransform());
+    executor_.ExecuteTemplate(run_.file_start);
+    OutputPrograms();
+    executor_.ExecuteTemplate(run_.file_end);
+}
+
+// The opener is in force while the closer is being resolved.
+void COutputRun::SettleComments() {
+    RunSettings& settings = run_.settings;
+    settings.errors_as_comments = run_.options.blocks.errors_as_comments;
+    settings.open_comment.clear();
+    settings.close_comment.clear();
+    if (!settings.errors_as_comments) return;
+    std::string scratch;
+    settings.open_comment = resolver_.ReadText(run_.options.blocks.open_comment, scratch);
+    settings.close_comment = resolver_.ReadText(run_.options.blocks.close_comment, scratch);
+    settings.errors_as_comments = !settings.open_comment.empty();
+}
+
+void COutputRun::TakeSettings() {
+    const BlockOptions& blocks = run_.options.blocks;
+    const ProgramOptions& programs = run_.options.programs;
+    run_.settings.trim = {blocks.trim_zeros, blocks.trim_point};
+    run_.settings.default_tool_allowed = programs.default_tool;
+    run_.settings.number_of_tools = programs.number_of_tools;
+    run_.settings.segment_limit = programs.segmented ? programs.segment_bytes : -1;
+    run_.controller.in_inches = programs.inches_auto ? run_.controller.job.auto_inches : programs.inches;
+    run_.controller.absolute_mode = programs.absolute;
+}
+
+// Comes before the end of a segment is measured, so that it is measured from the same state in each run, and again behind
+// it.
+void COutputRun::ResetController() {
+    CNCControllerState& controller = run_.controller;
+    controller.fly_mode_on = false;
+    controller.tool_down = false;
+    controller.ForgetToolDirection();
+    run_.state.fly_check = -1;
+    run_.state.tool_on = 0;
+    run_.state.last_tool_angle = -1.0;
+    run_.state.ClearModalWords();
+    run_.ResetNumbering();
+}
+
+void COutputRun::OutputPrograms() {
+    const ProgramOptions& programs = run_.options.programs;
+    const bool with_subs = programs.use_subs && run_.controller.job.tile_to_output == 0;
+    const bool subs_first = programs.subs_first || programs.sub_numbers_by_block;
+    if (with_subs && subs_first) OutputSubs();
+    OutputMain();
+    if (with_subs && !subs_first) OutputSubs();
+}
+
+void COutputRun::OutputMain() {
+    const CTrans trans = run_.PlaneTransform();
+    run_.controller.SetTransform(trans);
+    run_.controller.current_program_name = run_.geometry.GetProgramName(0);
+    run_.controller.current_program = -1;
+    run_.controller.absolute_mode = run_.options.programs.absolute;
+    run_.state.ResetOutputState();
+    executor_.ExecuteTemplate(run_.main_init);
+    emission_.OutputProgram(0, trans);
+    tools_.ToolOff();
+    FinishMain(trans);
+    tools_.ToolOff();
+    tools_.DeselectAtEnd();
+    run_.state.selected_tool = -1;
+    executor_.ExecuteTemplate(run_.main_term);
+    run_.state.ResetOutputState();
+}
+
+void COutputRun::FinishMain(const CTrans& trans) {
+    const ProgramOptions& programs = run_.options.programs;
+    const int32_t tool = programs.use_primary_tool ? programs.primary_tool
+                                                   : run_.controller.current_item.Get().GetToolId();
+    MakeFinalRecordCurrent(tool, trans);
+    if (tool != 0 && programs.use_primary_tool) {
+        tools_.ToolChange();
+        if (programs.primary_tool_on) tools_.ToolOn();
+    }
+    if (run_.controller.job.final_position_set) emission_.ExecuteMove(run_.move);
+}
+
+void COutputRun::MakeFinalRecordCurrent(int32_t tool, const CTrans& trans) {
+    const JobData& job = run_.controller.job;
+    const Point at = job.final_position_set ? job.final_position : run_.controller.last_position;
+    const double direction = run_.options.rotation.offset * kRadiansPerDegree;
+    const Point beyond{at.x + std::cos(direction), at.y + std::sin(direction)};
+    const CNCLineData record({.line_type = tool, .tool_id = tool}, at, beyond);
+    run_.SetCurrentRecords(&record, nullptr, trans);
+}
+
+void COutputRun::OutputSubs() {
+    const ProgramOptions& programs = run_.options.programs;
+    CTrans trans = run_.PlaneTransform();
+    run_.controller.absolute_mode = programs.subs_absolute;
+    // What the controller can't do at the call goes into the sub-program's coordinates.
+    const bool use_mirror = programs.use_subs && !programs.mirror_in_use;
+    const bool use_rotation = programs.use_subs && !programs.rotations_in_use;
+    for (int32_t variant = 0; variant < run_.geometry.GetVariantCount(); ++variant) {
+        int32_t program = -1;
+        std::string name;
+        if (!run_.geometry.GetVariant(variant, program, name, use_mirror, use_rotation, trans)) continue;
+        OutputSub(variant, program, name, trans);
+    }
+    run_.controller.last_position = {};
+}
+
+void COutputRun::OutputSub(int32_t variant, int32_t program, const std::string& name, CTrans trans) {
+    const bool on_block = run_.options.axes.start_end_on_block;
+    run_.controller.current_program = variant;
+    run_.controller.current_program_name = name;
+    run_.state.ResetOutputState();
+    const Point start = SubStart(program);
+    if (on_block) {
+        trans.offset_x = -start.x;
+        trans.offset_y = -start.y;
+    } else {
+        run_.controller.last_position = trans.TransformPoint(start);
+    }
+    executor_.ExecuteTemplate(run_.sub_init);
+    emission_.OutputProgram(program, trans);
+    tools_.ToolOff();
+    if (!on_block) ReturnFromSub(program, trans);
+    executor_.ExecuteTemplate(run_.sub_term);
+    run_.state.ResetOutputState();
+}
+
+Point COutputRun::SubStart(int32_t program) const {
+    Point start;
+    if (run_.options.programs.start_subs_at_center) {
+        run_.geometry.GetProgramCenter(program, start);
+    } else {
+        run_.geometry.GetFirstPoint(program, start);
+    }
+    return start;
+}
+
+void COutputRun::ReturnFromSub(int32_t program, const CTrans& trans) {
+    const ProgramOptions& programs = run_.options.programs;
+    Point end = SubStart(program);
+    if (programs.absolute) {
+        if (!programs.end_subs_at_center) return;
+        end = {};
+        run_.geometry.GetProgramCenter(program, end);
+    }
+    const CNCLineData record({}, end, end);
+    run_.SetCurrentRecords(&record, nullptr, trans);
+    emission_.ExecuteMove(run_.move);
+}
+
+}  // namespace brindle

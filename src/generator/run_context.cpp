@@ -1,0 +1,55 @@
+#include "generator/run_context.h"
+
+namespace brindle {
+namespace {
+
+// Turns a distance into degrees of turn at the rotary radius, whatever the output unit.
+double RotaryFactor(const RunContext& run) {
+    const double radius = run.EffectiveRotaryRadius();
+    double factor = 1.0;
+    if (radius >= 1.0) factor = 1.0 / (radius * kRadiansPerDegree);
+    if (run.controller.in_inches) factor *= kMillimetresPerInch;
+    return factor;
+}
+
+}  // namespace
+
+void RunContext::SetCurrentRecords(const CNCData* current, const CNCData* next, const CTrans& trans) {
+    const auto offset_of = [this](const CNCData* record) {
+        if (record == nullptr || !(record->IsLine() || record->IsArc())) return Point{};
+        return tools.Get(record->GetToolId()).physical->offset;
+    };
+    controller.SetCurrentRecords(current, next, trans, offset_of(current), offset_of(next));
+}
+
+bool RunContext::IsAtLastPosition(Point p) const {
+    if (state.PositionUnknown()) return false;
+    const AxisOptions::Unit& unit = AxisUnit();
+    return PointsCoincide(controller.last_position, p, unit.step[0], unit.step[1]);
+}
+
+CTrans RunContext::PlaneTransform() const {
+    const AxisOptions& axes = options.axes;
+    const AxisOptions::Unit& unit = AxisUnit();
+    const double rotary = axes.rotary_in_degrees ? RotaryFactor(*this) : 1.0;
+    CTrans trans;
+    trans.MultiplyScale(controller.in_inches ? kInchesPerMillimetre : 1.0, !axes.axis1_rotary);
+    trans.axis1_decimals = unit.grid_decimals[0];
+    trans.axis2_decimals = unit.grid_decimals[1];
+    trans.axis1_factor *= unit.factor[0] * (axes.axis1_rotary ? rotary : 1.0);
+    trans.axis2_factor *= unit.factor[1] * (axes.axis2_rotary ? rotary : 1.0);
+    return trans;
+}
+
+double RunContext::EffectiveRotaryRadius() const {
+    const double radius = controller.job.rotary_radius;
+    return radius < 1.0 ? options.axes.default_rotary_radius : radius;
+}
+
+void RunContext::ResetNumbering() {
+    controller.numbering_on = false;
+    controller.block_number = options.blocks.initial_number;
+    controller.block_increment = options.blocks.big_increment;
+}
+
+}  // namespace brindle

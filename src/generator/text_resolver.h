@@ -1,0 +1,49 @@
+// Compiled texts into characters, and the messages of a run.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "generator/run_context.h"
+
+namespace brindle {
+
+// Resolves template lines and option texts piece by piece, from left to right; each word sees the state as the words to its
+// left have left it. What can't be evaluated is reported and gives nothing.
+//
+// An option text may hold words whose options hold words in turn. So that none can hang a run, a text that is read while it
+// is being resolved, one that would be the 33rd in a chain, and one behind the 10,000th read of an outermost one give
+// nothing and are reported.
+class CTextResolver {
+public:
+    explicit CTextResolver(RunContext& run) : run_(run) {}
+
+    RunContext& run() { return run_; }
+
+    // Adds what `text` gives to `out`.
+    void ResolveText(const CCompiledText& text, std::string& out);
+    // What an option text gives: a view of its constant, or of `scratch`, which is overwritten.
+    std::string_view ReadText(OptionText& option, std::string& scratch);
+    void AppendText(OptionText& option, std::string& out);
+    // Adds one blank if the tuning wants it behind words.
+    void AppendSeparator(std::string& out) const {
+        if (run_.options.blocks.use_space) out.push_back(' ');
+    }
+
+    // Adds the end of a block.
+    void AddBlockDelimiter(std::string& block);
+    // Puts a message into the trace and, if the tuning wants it, as a comment block into the NC text.
+    void ReportError(std::string_view message);
+    // ReportError of "Could not evaluate: " and `what`.
+    void ReportUnresolved(std::string_view what);
+
+private:
+    bool MayRead(const OptionText& option);
+
+    RunContext& run_;
+    int depth_ = 0;       // of option texts that are being resolved
+    int reads_ = 0;       // within the outermost one
+    bool writing_comment_ = false;
+};
+
+}  // namespace brindle

@@ -1,0 +1,83 @@
+// The generator's view of the position in a job: records in machine coordinates, the transform in force, what the host
+// set.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <variant>
+
+#include "geometry/nc_data.h"
+#include "geometry/trans.h"
+
+namespace brindle {
+
+// Holder of a copy of a record, or of none. Copies are made in place, without a heap block per record.
+class CNCGeomItem {
+public:
+    // Takes a copy of `record`, or none if it is null.
+    void Set(const CNCData* record);
+    // The copy, or the null record.
+    const CNCData& Get() const { return *record_; }
+    void Transform(const CTrans& trans) { record_->Transform(trans); }
+    const CNCArcData* AsArc() const { return std::get_if<CNCArcData>(&storage_); }
+
+    CNCGeomItem() : record_(&std::get<CNCNullData>(storage_)) {}
+    CNCGeomItem(const CNCGeomItem&) = delete;
+    CNCGeomItem& operator=(const CNCGeomItem&) = delete;
+
+private:
+    std::variant<CNCNullData, CNCLineData, CNCArcData, CNCTextData, CNCIncludeData> storage_;
+    CNCData* record_;
+};
+
+// What the host sets for a job. It stays from run to run.
+struct JobData {
+    int32_t tile_to_output = 0;  // other than 0: the main program alone, with calls expanded
+    bool auto_inches = false;
+    std::string time, date;
+    Point blank;  // size, millimetres
+    std::string dataset_name, tuning_file, tuning_pick, output_name, file_name, material_file;
+    double rotary_radius = 0.0;  // millimetres
+    bool final_position_set = false;
+    Point final_position;  // millimetres
+};
+
+// What moves a block's interpolation code beyond the tool's state.
+enum class MoveKind : int32_t { kNone = -1, kRapid = 0, kLinear = 1 };
+
+// The simulated controller. Lives as long as the session; a run sets most fields anew.
+class CNCControllerState {
+public:
+    // Puts copies of `current` and `next`, either of which may be null, into the items and carries them through
+    // `trans`, each with its own tool's offset (millimetres) taken off if it is a line or an arc. `transform` ends as
+    // the one that the current record went through.
+    void SetCurrentRecords(const CNCData* current, const CNCData* next, const CTrans& trans, Point current_tool_offset,
+                           Point next_tool_offset);
+    void SetTransform(const CTrans& trans) { transform.Copy(trans); }
+    // Moves the block number up to the next multiple of `increment`.
+    void AdvanceBlockNumber(int32_t increment);
+    // 0 while the direction is not known.
+    double GetToolDirection(bool in_degrees) const;
+    void SetToolDirection(double radians);
+    void ForgetToolDirection();
+
+    double tool_direction = 0.0;  // radians
+    bool tool_direction_known = false;
+    MoveKind move_kind = MoveKind::kNone;
+    bool fly_mode_on = false;
+    bool absolute_mode = false;
+    bool tool_down = false;
+    bool in_inches = true;
+    int32_t current_program = -1;  // index of the include variant being output, -1 in the main program
+    std::string current_program_name;
+    bool numbering_on = false;
+    int32_t block_increment = 0;
+    int32_t block_number = 0;
+    Point last_position;  // output units, on the axes' grid
+    CNCGeomItem current_item;
+    CNCGeomItem next_item;
+    CTrans transform;
+    JobData job;
+};
+
+}  // namespace brindle

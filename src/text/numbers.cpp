@@ -1,0 +1,72 @@
+#include "text/numbers.h"
+
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+namespace brindle {
+namespace {
+
+constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+std::string_view SkipSpace(std::string_view text) {
+    const size_t first = text.find_first_not_of(" \t\n\v\f\r");
+    return first == std::string_view::npos ? std::string_view() : text.substr(first);
+}
+
+// Takes a leading sign off `text` and tells whether it was a minus.
+bool TakeSign(std::string_view& text) {
+    if (text.empty() || (text[0] != '-' && text[0] != '+')) return false;
+    const bool negative = text[0] == '-';
+    text.remove_prefix(1);
+    return negative;
+}
+
+bool BeginsDecimal(std::string_view text) {
+    return !text.empty() && (IsDigit(text[0]) || (text[0] == '.' && text.size() > 1 && IsDigit(text[1])));
+}
+
+}  // namespace
+
+double LeadingDouble(std::string_view text) {
+    text = SkipSpace(text);
+    const bool negative = TakeSign(text);
+    if (!BeginsDecimal(text)) return 0.0;
+    double value = 0.0;
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), value, std::chars_format::general);
+    if (result.ec != std::errc() || !std::isfinite(value)) return 0.0;
+    return negative ? -value : value;
+}
+
+int32_t LeadingInt(std::string_view text) {
+    text = SkipSpace(text);
+    const bool negative = TakeSign(text);
+    int64_t value = 0;
+    for (const char c : text) {
+        if (!IsDigit(c)) break;
+        value = value * 10 + (c - '0');
+        if (value > std::numeric_limits<int32_t>::max()) {
+            return negative ? std::numeric_limits<int32_t>::min() : std::numeric_limits<int32_t>::max();
+        }
+    }
+    return static_cast<int32_t>(negative ? -value : value);
+}
+
+int32_t TruncateToInt32(double value) {
+    if (std::isnan(value)) return 0;
+    if (value >= 2147483647.0) return std::numeric_limits<int32_t>::max();
+    if (value <= -2147483648.0) return std::numeric_limits<int32_t>::min();
+    return static_cast<int32_t>(value);
+}
+
+std::string FixedText(double value, int decimals) {
+    constexpr size_t kLongestInteger = 1 + std::numeric_limits<double>::max_exponent10 + 1;  // sign and digits
+    if (!std::isfinite(value)) value = 0.0;
+    std::string text(kLongestInteger + 1 + static_cast<size_t>(decimals), '\0');
+    const auto end =
+        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, decimals).ptr;
+    text.resize(static_cast<size_t>(end - text.data()));
+    return text;
+}
+
+}  // namespace brindle

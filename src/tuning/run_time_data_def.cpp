@@ -1,0 +1,224 @@
+#include "tuning/run_time_data_def.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "platform/local_time.h"
+#include "platform/text_file.h"
+#include "text/ascii.h"
+#include "text/numbers.h"
+#include "text/words.h"
+
+namespace brindle {
+namespace {
+
+using Items = std::vector<CRunTimeDefItem>;
+
+bool IsDefinitionWord(std::string_view word) {
+    constexpr std::string_view kWords[] = {"UPD", "ROW", "COL", "MSG", "DATASETDEF", "DSD"};
+    return std::find(std::begin(kWords), std::end(kWords), word) != std::end(kWords);
+}
+
+void AddItem(Items& items, std::string name, bool hidden) {
+    if (!name.empty()) items.push_back({std::move(name), hidden});
+}
+
+void WriteItems(std::string_view first_word, const Items& items, std::vector<std::string>& list) {
+    for (const CRunTimeDefItem& item : items) {
+        std::string line(first_word);
+        line.append(" TEXT ").append(EscapeBlanks(item.name)).append(" ");
+        if (item.hidden) line.append("HIDE");
+        list.push_back(std::move(line));
+    }
+}
+
+void WriteDataset(const std::string& name, const CKVItemContainer& values, std::vector<std::string>& list) {
+    std::vector<std::string> lines;
+    values.WriteToList(lines);
+    for (const std::string& line : lines) list.push_back(std::string("DSD ").append(name).append(" ").append(line));
+}
+
+bool Has(const Items& items, int32_t number) { return number >= 1 && static_cast<size_t>(number) <= items.size(); }
+
+bool IsHiddenAt(const Items& items, int32_t number) { return items[static_cast<size_t>(number) - 1].hidden; }
+
+}  // namespace
+
+bool CDataSetContainer::Add(std::string_view name) {
+    if (Exists(name)) return false;
+    sets_.push_back(std::make_unique<CDataSetItem>());
+    sets_.back()->name = name;
+    by_name_.emplace(sets_.back()->name, sets_.back().get());
+    return true;
+}
+
+bool CDataSetContainer::Remove(std::string_view name) {
+    const auto found = by_name_.find(name);
+    if (found == by_name_.end()) return false;
+    const CDataSetItem* const removed = found->second;
+    by_name_.erase(found);
+    std::erase_if(sets_, [removed](const auto& set) { return set.get() == removed; });
+    return true;
+}
+
+CDataSetItem* CDataSetContainer::Find(std::string_view name) {
+    const auto found = by_name_.find(name);
+    return found == by_name_.end() ? nullptr : found->second;
+}
+
+const CDataSetItem* CDataSetContainer::Find(std::string_view name) const {
+    const auto found = by_name_.find(name);
+    return found == by_name_.end() ? nullptr : found->second;
+}
+
+CKVItemContainer* CDataSetContainer::ValuesOf(std::string_view name) {
+    CDataSetItem* const set = Find(name);
+    return set ? &set->values : nullptr;
+}
+
+const CKVItemContainer* CDataSetContainer::ValuesAt(size_t index) const {
+    return index < sets_.size() ? &sets_[index]->values : nullptr;
+}
+
+std::string CDataSetContainer::NameAt(size_t index) const {
+    return index < sets_.size() ? sets_[index]->name : std::string();
+}
+
+void CDataSetContainer::Clear() {
+    by_name_.clear();
+    sets_.clear();
+}
+
+void CDataSetContainer::Assign(const CDataSetContainer& other) {
+    if (this == &other) return;
+    Clear();
+    for (const auto& set : other.sets_) {
+        Add(set->name);
+        sets_.back()->values.Assign(set->values);
+    }
+}
+
+bool CRunTimeDataDef::ReadLine(std::string_view line, ReadMode mode) {
+    if (!IsDefinitionWord(QuotedWord(line, 1))) return false;
+    const std::vector<std::string> words = SplitQuotedWords(line);
+    if (words.size() < 2) return false;
+    const std::string& first = words[0];
+    if (first == "DATASETDEF") {
+        datasets_.Add(UnescapeBlanks(words[1]));
+    } else if (first == "UPD") {
+        last_update_ = ParseTimeStamp(words[1]);
+    } else if (first == "DSD") {
+        if (words.size() >= 5 && mode != ReadMode::kIgnore) ReadDatasetLine(words, mode);
+    } else if (Items* const items = ItemsOf(first)) {
+        const bool hidden = words.size() >= 4 && words[3] == "HIDE";
+        if (words.size() >= 3 && mode != ReadMode::kIgnore) AddItem(*items, UnescapeBlanks(words[2]), hidden);
+    } else {
+        return false;
+    }
+    return true;
+}
+
+std::vector<CRunTimeDefItem>* CRunTimeDataDef::ItemsOf(std::string_view first_word) {
+    if (first_word == "ROW") return &rows_;
+    if (first_word == "COL") return &columns_;
+    if (first_word == "MSG") return &messages_;
+    return nullptr;
+}
+
+void CRunTimeDataDef::ReadDatasetLine(const std::vector<std::string>& words, ReadMode mode) {
+    std::string type = "TEXT";
+    std::string value = UnescapeWord(words[4]);
+    const bool is_real = EqualNoCase(words[2], "R_EXPR");
+    if (is_real || EqualNoCase(words[2], "T_EXPR")) {
+        type = "T_EXPR";
+        if (mode == ReadMode::kCollect) {
+            AddPending(value, is_real);
+            value.clear();
+        } else if (std::string computed; expression_values_.GetText(value, computed)) {
+            value = std::move(computed);
+        } else if (mode == ReadMode::kTuning) {
+            value = words[4];
+            if (is_real) type = "R_EXPR";
+        } else {
+            value.clear();
+        }
+    }
+    CKVItemContainer* const values = datasets_.ValuesOf(UnescapeBlanks(words[1]));
+    if (values) values->ParseLine(type + " " + words[3] + " " + EscapeWord(value));
+}
+
+void CRunTimeDataDef::AddPending(const std::string& expression, bool is_real) {
+    if (expression.empty()) return;
+    if (is_real) {
+        pending_expressions_.SetReal(expression, 0.0);
+    } else {
+        pending_expressions_.SetText(expression, "", TextKind::kPlain);
+    }
+}
+
+void CRunTimeDataDef::WriteToList(std::vector<std::string>& list) const {
+    list.push_back("UPD " + FormatTimeStamp(last_update_));
+    WriteItems("ROW", rows_, list);
+    WriteItems("COL", columns_, list);
+    WriteItems("MSG", messages_, list);
+    for (size_t i = 0; i < datasets_.size(); ++i) list.push_back("DATASETDEF " + datasets_.NameAt(i));
+    for (size_t i = 0; i < datasets_.size(); ++i) WriteDataset(datasets_.NameAt(i), *datasets_.ValuesAt(i), list);
+}
+
+bool CRunTimeDataDef::ReadFromFile(const std::string& path, ReadMode mode) {
+    if (path.empty()) return true;
+    columns_.clear();
+    rows_.clear();
+    messages_.clear();
+    if (mode != ReadMode::kResolve) expression_values_.Clear();
+    pending_expressions_.Clear();
+    datasets_.Clear();
+    const std::optional<std::string> text = ReadWholeFile(path);
+    if (!text) return false;
+    for (const std::string_view line : SplitLines(*text)) ReadLine(line, mode);
+    return true;
+}
+
+void CRunTimeDataDef::Clear() {
+    rows_.clear();
+    columns_.clear();
+    messages_.clear();
+    datasets_.Clear();
+    pending_expressions_.Clear();
+    expression_values_.Clear();
+}
+
+void CRunTimeDataDef::Assign(const CRunTimeDataDef& other) {
+    last_update_ = other.last_update_;
+    columns_ = other.columns_;
+    rows_ = other.rows_;
+    messages_ = other.messages_;
+    datasets_.Assign(other.datasets_);
+    pending_expressions_.Assign(other.pending_expressions_);
+    expression_values_.Assign(other.expression_values_);
+}
+
+void CRunTimeDataDef::AddRow(std::string name, bool hidden) { AddItem(rows_, std::move(name), hidden); }
+
+void CRunTimeDataDef::AddColumn(std::string name, bool hidden) { AddItem(columns_, std::move(name), hidden); }
+
+void CRunTimeDataDef::AddMessage(std::string name, bool hidden) { AddItem(messages_, std::move(name), hidden); }
+
+bool CRunTimeDataDef::IsHidden(std::string_view word) const {
+    if (word.size() <= 3) return false;
+    std::string numbers(word.substr(3));
+    std::replace_if(
+        numbers.begin(), numbers.end(), [](char c) { return c == '(' || c == ')' || c == ',' || c == '_'; }, ' ');
+    const std::vector<std::string> words = SplitQuotedWords(numbers);
+    if (words.size() == 1) {
+        const int32_t message = LeadingInt(words[0]);
+        return Has(messages_, message) && IsHiddenAt(messages_, message);
+    }
+    if (words.size() != 2) return false;
+    const int32_t row = LeadingInt(words[0]);
+    const int32_t column = LeadingInt(words[1]);
+    if (!Has(rows_, row) || !Has(columns_, column)) return false;
+    return IsHiddenAt(rows_, row) || IsHiddenAt(columns_, column);
+}
+
+}  // namespace brindle

@@ -1,0 +1,105 @@
+// Definitions and datasets of run-time data: the lines of a tuning that say which values are settled at output time.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "tuning/kv_container.h"
+
+namespace brindle {
+
+// A row, column or message of the definition. A hidden one is not offered to the user: its value comes from the
+// dataset.
+struct CRunTimeDefItem {
+    std::string name;
+    bool hidden = false;
+};
+
+// A named set of default values. Keys are run-time data words such as `RTD(2,3)`.
+struct CDataSetItem {
+    std::string name;
+    CKVItemContainer values;
+};
+
+// The datasets in order of definition; names are compared exactly. The first is the default of a run.
+class CDataSetContainer {
+public:
+    bool Add(std::string_view name);     // false if the name exists
+    bool Remove(std::string_view name);  // false if there is none of that name
+    CDataSetItem* Find(std::string_view name);
+    const CDataSetItem* Find(std::string_view name) const;
+    bool Exists(std::string_view name) const { return Find(name) != nullptr; }
+    CKVItemContainer* ValuesOf(std::string_view name);
+    const CKVItemContainer* ValuesAt(size_t index) const;  // null at or past the end
+    std::string NameAt(size_t index) const;                // empty at or past the end
+    size_t size() const { return sets_.size(); }
+    void Clear();
+    void Assign(const CDataSetContainer& other);
+
+private:
+    std::vector<std::unique_ptr<CDataSetItem>> sets_;
+    std::unordered_map<std::string_view, CDataSetItem*> by_name_;  // keys and items lie in sets_
+};
+
+// The definition of a tuning, with what the host has computed for its expressions.
+class CRunTimeDataDef {
+public:
+    // Who reads a line, and so what becomes of it.
+    enum class ReadMode {
+        kCollect = 0,  // a definition file anew: expressions become pending
+        kResolve = 1,  // the same file again: expressions take the host's values, unknown ones are emptied
+        kTuning = 2,   // a tuning: expressions take the host's values or stay expressions
+        kIgnore = 3,   // a tuning whose rows, columns, messages and values are not wanted
+    };
+
+    // True if `line` is a run-time data line, whether or not it had any effect.
+    bool ReadLine(std::string_view line, ReadMode mode);
+    void WriteToList(std::vector<std::string>& list) const;
+    // Reads a definition file in the place of what is there. An empty path changes nothing and gives true; a file that
+    // can't be opened gives false and leaves the definition emptied.
+    bool ReadFromFile(const std::string& path, ReadMode mode);
+    // The time of last update stays.
+    void Clear();
+    void Assign(const CRunTimeDataDef& other);
+
+    void AddRow(std::string name, bool hidden);  // an empty name adds nothing; likewise below
+    void AddColumn(std::string name, bool hidden);
+    void AddMessage(std::string name, bool hidden);
+
+    // Whether the entry that a run-time data word points to is hidden, by its message, or by its row or column.
+    bool IsHidden(std::string_view word) const;
+    std::string FirstDatasetName() const { return datasets_.NameAt(0); }
+
+    int64_t last_update() const { return last_update_; }  // seconds since the epoch, 0 until set
+    void set_last_update(int64_t seconds) { last_update_ = seconds; }
+    const std::vector<CRunTimeDefItem>& rows() const { return rows_; }
+    const std::vector<CRunTimeDefItem>& columns() const { return columns_; }
+    const std::vector<CRunTimeDefItem>& messages() const { return messages_; }
+    CDataSetContainer& datasets() { return datasets_; }
+    const CDataSetContainer& datasets() const { return datasets_; }
+    // From the text of an expression to what the host computed for it.
+    CKVItemContainer& expression_values() { return expression_values_; }
+    const CKVItemContainer& expression_values() const { return expression_values_; }
+    // One item per expression that the host has yet to compute: a CRealKVItem for a real one, else a CTextKVItem.
+    CKVItemContainer& pending_expressions() { return pending_expressions_; }
+
+private:
+    // The entries that lines with this first word add to, null if it is none of theirs.
+    std::vector<CRunTimeDefItem>* ItemsOf(std::string_view first_word);
+    void AddPending(const std::string& expression, bool is_real);
+    void ReadDatasetLine(const std::vector<std::string>& words, ReadMode mode);
+
+    int64_t last_update_ = 0;
+    std::vector<CRunTimeDefItem> rows_;
+    std::vector<CRunTimeDefItem> columns_;
+    std::vector<CRunTimeDefItem> messages_;
+    CDataSetContainer datasets_;
+    CKVItemContainer expression_values_;
+    CKVItemContainer pending_expressions_;
+};
+
+}  // namespace brindle

@@ -41,6 +41,7 @@ Lines LineTuning() { return kCommon; }
 
 Lines TangentialTuning() {
     return With({"BOOL T1_bTangential true", "REAL T1_rLiftAngDEG 360", "TEXT ToolRot_sAddr C",
+                 "BOOL ToolRot_bUseSign false",
                  "MULTI Line_tTmpl NNUL <@InterpCode><@EndPtWords><@AtAngle><@SpeedWords>"});
 }
 
@@ -59,13 +60,6 @@ Lines ManyKeys() { return ToolTuning(5000); }
 Lines FewKeys() { return ToolTuning(50); }
 
 CutAttributes Cut(int32_t tool) { return {.line_type = tool, .tool_id = tool, .cut_width = 0.7}; }
-
-// A connected path that stays within a sheet, with both coordinates new at each point.
-Point PathPoint(int64_t i) {
-    const auto x = static_cast<double>(i * 7919 % 1000003);
-    const auto y = static_cast<double>(i * 104729 % 700001);
-    return {x / 1000.0, y / 1000.0};
-}
 
 void AddLines(JobRecords records, int64_t count) {
     records.StartMain("MAIN", {}, true, true);
@@ -90,22 +84,15 @@ void AddLinesAndArcs(JobRecords records, int64_t count) {
 }
 
 void AddCalls(JobRecords records, int64_t count) {
-    constexpr int64_t kCallCount = 1000;
     records.StartMain("MAIN", {}, true, true);
-    for (int64_t i = 0; i < kCallCount; ++i) {
-        records.AddInclude({.name = "PART", .place = PathPoint(i), .center = {}, .rotation = 0.001 * static_cast<double>(i)});
-    }
+    for (int64_t i = 0; i < kCallCount; ++i) records.AddInclude(CallOf(i));
     records.StartSub("PART", {}, true, true);
     for (int64_t i = 0; i < count / kCallCount; ++i) records.AddLine(Cut(1), PathPoint(i), PathPoint(i + 1));
 }
 
 void AddToolLines(JobRecords records, int64_t count) {
-    constexpr int64_t kLinesPerTool = 10;
     records.StartMain("MAIN", {}, true, true);
-    for (int64_t i = 0; i < count; ++i) {
-        const auto tool = static_cast<int32_t>(1 + i / kLinesPerTool % 30);
-        records.AddLine(Cut(tool), PathPoint(i), PathPoint(i + 1));
-    }
+    for (int64_t i = 0; i < count; ++i) records.AddLine(Cut(ToolOf(i)), PathPoint(i), PathPoint(i + 1));
 }
 
 }  // namespace
@@ -116,6 +103,18 @@ const Job kTangential{"tangential", TangentialTuning, AddLines};
 const Job kCalls{"expanded_calls", CallTuning, AddCalls};
 const Job kManyTools{"tools_5000_keys", ManyKeys, AddToolLines};
 const Job kManyToolsFewKeys{"tools_50_keys", FewKeys, AddToolLines};
+
+Point PathPoint(int64_t i) {
+    const auto x = static_cast<double>(i * 7919 % 500009);
+    const auto y = static_cast<double>(i * 104729 % 350003);
+    return {x / 500.0, y / 500.0};
+}
+
+CNCIncludeData::Fields CallOf(int64_t i) {
+    return {.name = "PART", .place = PathPoint(i), .center = {}, .rotation = 0.001 * static_cast<double>(i)};
+}
+
+int32_t ToolOf(int64_t i) { return static_cast<int32_t>(1 + i / 10 % 30); }
 
 void Load(const Job& job, int64_t records, CBrindleMgr& session) {
     for (const std::string& line : job.tuning()) session.tuning.ReadLine(line, CRunTimeDataDef::ReadMode::kTuning);

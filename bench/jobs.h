@@ -22,6 +22,16 @@ extern const Job kLines, kArcs, kTangential, kCalls, kManyTools;
 // (e) with 50 keys.
 extern const Job kManyToolsFewKeys;
 
+// Point `i` of the path that all jobs follow, millimetres: within a sheet, both coordinates new at each point, on a grid of
+// 0.002 so that the middle of two points has three decimals too.
+Point PathPoint(int64_t i);
+
+inline constexpr int64_t kCallCount = 1000;
+// The placing of call `i` of job (d).
+CNCIncludeData::Fields CallOf(int64_t i);
+// The tool of line `i` of job (e).
+int32_t ToolOf(int64_t i);
+
 // Puts tuning and records of `job` into `session`.
 void Load(const Job& job, int64_t records, CBrindleMgr& session);
 

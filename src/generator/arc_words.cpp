@@ -7,7 +7,7 @@
 namespace brindle {
 namespace {
 
-const CNCData& Current(const RunContext& run) { return run.controller.current_item.Get(); }
+const CNCData& Current(const RunContext& run) { return run.controller.current_item().Get(); }
 
 Point Difference(Point a, Point b) { return {a.x - b.x, a.y - b.y}; }
 

@@ -120,17 +120,17 @@ CNumberText AxisNumber(const RunContext& run, int axis, double value) {
 
 void StartPtWords(CTextResolver& resolver, const CAtDirKeywords& keywords, std::string& out) {
     AxisOptions& axes = resolver.run().options.axes;
-    PointWords(resolver, keywords, resolver.run().controller.current_item.Get().Start(),
+    PointWords(resolver, keywords, resolver.run().controller.current_item().Get().Start(),
                axes.start_end_on_block ? axes.start_address : axes.address, out);
 }
 
 void EndPtWords(CTextResolver& resolver, const CAtDirKeywords& keywords, std::string& out) {
-    PointWords(resolver, keywords, resolver.run().controller.current_item.Get().End(),
+    PointWords(resolver, keywords, resolver.run().controller.current_item().Get().End(),
                resolver.run().options.axes.address, out);
 }
 
 void MidPtWords(CTextResolver& resolver, const CAtDirKeywords& keywords, std::string& out) {
-    const CNCGeomItem& item = resolver.run().controller.current_item;
+    const CNCGeomItem& item = resolver.run().controller.current_item();
     if (const CNCArcData* arc = item.AsArc()) return PlainPointWords(resolver, keywords, MiddleOfArc(*arc), out);
     const CNCData& record = item.Get();
     if (!record.IsLine()) return;

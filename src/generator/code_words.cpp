@@ -14,7 +14,7 @@ void ModalCode(CTextResolver& resolver, OptionText& code, bool modal, std::strin
 }
 
 OptionText& InterpolationCode(RunContext& run) {
-    const CNCData& record = run.controller.current_item.Get();
+    const CNCData& record = run.controller.current_item().Get();
     ToolData& codes = run.options.codes.interp_depends_on_tool ? *run.tools.Get(record.GetToolId()).physical
                                                                : run.tools.WithoutTool();
     if (run.controller.move_kind == MoveKind::kRapid) return codes.rapid_code;

@@ -81,7 +81,7 @@ void CEmission::EmitFacets(const std::vector<CNCLineData>& facets, const CNCData
 
 void CEmission::UpdateToolDirection(const CNCData& record) {
     if (record.IsLine() || record.IsArc()) {
-        run_.controller.SetToolDirection(run_.controller.current_item.Get().GetEndAngle(false));
+        run_.controller.SetToolDirection(run_.controller.current_item().Get().GetEndAngle(false));
         return;
     }
     run_.controller.ForgetToolDirection();
@@ -106,13 +106,13 @@ void CEmission::ApproachCut(bool force_lift) {
 void CEmission::CutLine(bool force_lift) {
     ApproachCut(force_lift);
     executor_.ExecuteTemplate(run_.line);
-    run_.controller.last_position = run_.controller.current_item.Get().End();
+    run_.controller.last_position = run_.controller.current_item().Get().End();
     tools_.FlyPostCheck();
 }
 
 void CEmission::EmitArc(const CNCArcData& record, const CNCData* next, const CTrans& trans) {
     if (ReportsNoTool(record, "Arc")) return;
-    const CNCArcData& current = *run_.controller.current_item.AsArc();
+    const CNCArcData& current = *run_.controller.current_item().AsArc();
     const CTrans& machine = run_.controller.transform;
     const bool is_open =
         std::fabs(current.GetStartX() - current.GetEndX()) > 2.0 * StepOfDecimals(machine.axis1_decimals) ||
@@ -156,7 +156,7 @@ void CEmission::EmitHalves(const CNCArcData& record, const CNCData* next, const 
 void CEmission::CutArc() {
     ApproachCut(false);
     executor_.ExecuteTemplate(run_.arc);
-    const CNCArcData* const arc = run_.controller.current_item.AsArc();
+    const CNCArcData* const arc = run_.controller.current_item().AsArc();
     run_.controller.last_position = arc->true_end();
     tools_.FlyPostCheck();
 }
@@ -174,7 +174,7 @@ void CEmission::EmitText(const CNCData& record) {
 
 void CEmission::ExecuteMove(const CompiledTemplate& compiled) {
     CNCControllerState& controller = run_.controller;
-    const Point start = controller.current_item.Get().Start();
+    const Point start = controller.current_item().Get().Start();
     if (run_.IsAtLastPosition(start)) return;
     controller.move_kind = MoveKind::kRapid;
     if (run_.state.PositionUnknown()) {
@@ -190,7 +190,7 @@ void CEmission::ExecuteMove(const CompiledTemplate& compiled) {
     }
     executor_.ExecuteTemplate(compiled);
     controller.last_position = start;
-    controller.SetToolDirection(controller.current_item.Get().GetStartAngle(false));
+    controller.SetToolDirection(controller.current_item().Get().GetStartAngle(false));
     controller.move_kind = MoveKind::kNone;
 }
 

@@ -5,7 +5,7 @@
 namespace brindle {
 namespace {
 
-const CNCData& Current(CTextResolver& resolver) { return resolver.run().controller.current_item.Get(); }
+const CNCData& Current(CTextResolver& resolver) { return resolver.run().controller.current_item().Get(); }
 
 }  // namespace
 

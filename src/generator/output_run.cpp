@@ -16,6 +16,7 @@ void RunOutput(const SessionParts& session) {
 
 void COutputRun::RunOutput() {
     const ProgramOptions& programs = run_.options.programs;
+    run_.controller.ForgetRecords();
     run_.geometry.CollectIncludes({programs.rotations_in_use, programs.mirror_in_use});
     run_.controller.current_program_name = run_.geometry.GetProgramName(0);
     run_.controller.current_program = -1;
@@ -98,7 +99,7 @@ void COutputRun::OutputMain() {
 void COutputRun::FinishMain(const CTrans& trans) {
     const ProgramOptions& programs = run_.options.programs;
     const int32_t tool = programs.use_primary_tool ? programs.primary_tool
-                                                   : run_.controller.current_item.Get().GetToolId();
+                                                   : run_.controller.current_item().Get().GetToolId();
     MakeFinalRecordCurrent(tool, trans);
     if (tool != 0 && programs.use_primary_tool) {
         tools_.ToolChange();

@@ -9,7 +9,7 @@ namespace {
 
 constexpr double kSmallRotation = 0.0001;  // radians
 
-const CNCData& Current(const RunContext& run) { return run.controller.current_item.Get(); }
+const CNCData& Current(const RunContext& run) { return run.controller.current_item().Get(); }
 
 int32_t MainNumber(CTextResolver& resolver) {
     std::string scratch;

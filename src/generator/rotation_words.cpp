@@ -8,7 +8,7 @@
 namespace brindle {
 namespace {
 
-const CNCData& Current(const RunContext& run) { return run.controller.current_item.Get(); }
+const CNCData& Current(const RunContext& run) { return run.controller.current_item().Get(); }
 
 // A turn of the tool on the present record, radians.
 struct Turn {

@@ -1,5 +1,7 @@
 #include "generator/run_options.h"
 
+#include <cmath>
+
 namespace brindle {
 namespace {
 
@@ -153,6 +155,7 @@ SubOptions ReadSubs(const CTextCompiler& compiler) {
 
 SpeedOptions ReadSpeed(const CTextCompiler& compiler) {
     const CBrindleOpts& tuning = compiler.tuning();
+    const int32_t decimals = tuning.ReadInt(Key("Speed_nNDec"));
     const bool curly = tuning.ReadBool(Key("bParenCurly"));
     const bool round = tuning.ReadBool(Key("bParenRound"));
     return {
@@ -165,7 +168,8 @@ SpeedOptions ReadSpeed(const CTextCompiler& compiler) {
         .use_factor = tuning.ReadBool(Key("Speed_bFactor")),
         .factor = compiler.CompileOption(Key("Speed_sFactor")),
         .as_value = tuning.ReadBool(Key("Speed_bAsValue")),
-        .decimals = tuning.ReadInt(Key("Speed_nNDec")),
+        .decimals = decimals,
+        .tolerance = std::pow(10.0, -decimals),
         .threshold5 = tuning.ReadReal(Key("SRF_rThreshold5MM")),
         .threshold25 = tuning.ReadReal(Key("SRF_rThreshold25MM")),
         .threshold50 = tuning.ReadReal(Key("SRF_rThreshold50MM")),

@@ -98,6 +98,7 @@ struct SpeedOptions {
     OptionText factor;
     bool as_value;  // otherwise an expression
     int32_t decimals;
+    double tolerance;  // one unit of the last decimal: smaller speeds count as none
     double threshold5, threshold25, threshold50, threshold100;  // radii, millimetres
     char open_bracket, close_bracket;
 };

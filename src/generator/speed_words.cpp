@@ -73,8 +73,7 @@ public:
           run_(resolver.run()),
           options_(run_.options.speed),
           tool_(tool),
-          parameter_(static_cast<size_t>(parameter)),
-          tolerance_(std::pow(10.0, -options_.decimals)) {}
+          parameter_(static_cast<size_t>(parameter)) {}
 
     // The word without its address; empty if there is no speed.
     std::string Word() {
@@ -93,11 +92,11 @@ private:
     std::string Value(int number) { return Read(tool_.speeds[parameter_][number]); }
 
     Speed Choose() {
-        const CNCData& record = run_.controller.current_item.Get();
+        const CNCData& record = run_.controller.current_item().Get();
         Speed speed;
         if (record.IsArc() && tool_.separate_arc_speed) {
             speed.a = Read(tool_.arc_speeds[parameter_]);
-            if (tool_.slows_small_radii) speed.weight_a = std::max(RadiusFactor(record), tolerance_);
+            if (tool_.slows_small_radii) speed.weight_a = std::max(RadiusFactor(record), options_.tolerance);
             return speed;
         }
         if (options_.single) {
@@ -133,7 +132,7 @@ private:
         if (!options_.use_factor) return 1.0;
         const std::string text = Read(options_.factor);
         const double factor = text.empty() ? 1.0 : LeadingDouble(text);
-        return std::fabs(factor) < tolerance_ ? 1.0 : factor;
+        return std::fabs(factor) < options_.tolerance ? 1.0 : factor;
     }
 
     double Rounded(double value) const { return RoundToDecimals(value, options_.decimals); }
@@ -146,7 +145,7 @@ private:
         double value = LeadingDouble(speed.a) * speed.weight_a;
         if (!speed.b.empty()) value += LeadingDouble(speed.b) * speed.weight_b;
         value *= factor;
-        return std::fabs(Rounded(value)) < tolerance_ ? std::string() : Number(value);
+        return std::fabs(Rounded(value)) < options_.tolerance ? std::string() : Number(value);
     }
 
     std::string Wrap(const std::string& text) const { return options_.open_bracket + text + options_.close_bracket; }
@@ -173,7 +172,6 @@ private:
     SpeedOptions& options_;
     ToolData& tool_;
     size_t parameter_;
-    double tolerance_;
 };
 
 std::string SpeedWord(CTextResolver& resolver, int parameter) {

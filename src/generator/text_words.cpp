@@ -10,7 +10,7 @@ namespace {
 // Text heights in points count 100 to the inch.
 constexpr double kPointsPerInch = 100.0;
 
-const CNCData& Current(const RunContext& run) { return run.controller.current_item.Get(); }
+const CNCData& Current(const RunContext& run) { return run.controller.current_item().Get(); }
 
 struct TextNumber {
     double value;

@@ -5,7 +5,7 @@
 namespace brindle {
 
 void CToolControl::ToolChange() {
-    const int32_t number = run_.controller.current_item.Get().GetToolId();
+    const int32_t number = run_.controller.current_item().Get().GetToolId();
     if (number == run_.state.selected_tool) return;
     const Tool new_tool = run_.tools.Get(number);
     const bool had_tool = run_.state.selected_tool > 0;
@@ -18,7 +18,7 @@ void CToolControl::ToolChange() {
 }
 
 void CToolControl::Deselect(const Tool& old_tool, const Tool& new_tool) {
-    if (run_.IsAtLastPosition(run_.controller.current_item.Get().Start())) {
+    if (run_.IsAtLastPosition(run_.controller.current_item().Get().Start())) {
         const bool keep = old_tool.physical == new_tool.physical;
         run_.settings.keep_physical_tool = keep;
         if (old_tool.physical->off_before_deselect) ToolOff(keep);
@@ -81,8 +81,8 @@ void CToolControl::DeselectAtEnd() {
 void CToolControl::FlyPreCheck() {
     if (!run_.options.fly.supported) return;
     CNCControllerState& controller = run_.controller;
-    const CNCData& record = controller.current_item.Get();
-    const CNCData& next = controller.next_item.Get();
+    const CNCData& record = controller.current_item().Get();
+    const CNCData& next = controller.next_item().Get();
     const ToolData& tool = *run_.tools.Get(record.GetToolId()).physical;
     if (!tool.exists()) return;
     if (!controller.fly_mode_on && tool.fly && CanFly(record, next, tool.fly_deviation)) {
@@ -138,7 +138,7 @@ bool CToolControl::NeedsLift(bool force) {
     const ToolData& tool = *SelectedTool().physical;
     if (!tool.exists() || !tool.tangential) return false;
     if (!run_.controller.tool_direction_known) return true;
-    const double turn = SmallestTurn(run_.controller.current_item.Get().GetStartAngle(false),
+    const double turn = SmallestTurn(run_.controller.current_item().Get().GetStartAngle(false),
                                      run_.controller.tool_direction, tool.symmetric);
     return std::fabs(turn / kRadiansPerDegree) > tool.lift_angle;
 }

@@ -52,7 +52,7 @@ public:
     // Any number may be asked for; one that the tuning does not know gives the default tool or no data.
     const Tool& Get(int32_t tool);
     // The data behind the empty prefix.
-    ToolData& WithoutTool() { return DataOf(std::string()); }
+    ToolData& WithoutTool() { return without_tool_; }
 
 private:
     static constexpr int32_t kQuickTools = 64;
@@ -64,6 +64,7 @@ private:
     std::vector<Tool> quick_{static_cast<size_t>(kQuickTools)};  // tools 0 to kQuickTools - 1, the usual ones
     std::unordered_map<int32_t, Tool> others_;
     std::unordered_map<std::string, std::unique_ptr<ToolData>> data_;
+    ToolData& without_tool_ = DataOf(std::string());
 };
 
 }  // namespace brindle

@@ -5,13 +5,13 @@
 namespace brindle {
 namespace {
 
-CTrans WithOffsetOff(CTrans trans, Point tool_offset) {
+// The transform of a record: only cuts have their tool's offset taken off.
+CTrans TransformOf(const CNCData& record, CTrans trans, Point tool_offset) {
+    if (!record.IsLine() && !record.IsArc()) return trans;
     trans.offset_x -= tool_offset.x;
     trans.offset_y -= tool_offset.y;
     return trans;
 }
-
-bool IsCut(const CNCData& record) { return record.IsLine() || record.IsArc(); }
 
 }  // namespace
 
@@ -36,18 +36,22 @@ void CNCGeomItem::Set(const CNCData* record) {
 void CNCControllerState::SetCurrentRecords(const CNCData* current, const CNCData* next, const CTrans& trans,
                                            Point current_tool_offset, Point next_tool_offset) {
     const CTrans base = trans;  // `trans` may be our own
-    current_item.Set(current);
-    next_item.Set(next);
     SetTransform(base);
-    if (next) {
-        if (IsCut(next_item.Get())) SetTransform(WithOffsetOff(base, next_tool_offset));
-        next_item.Transform(transform);
+    if (current != nullptr) SetTransform(TransformOf(*current, base, current_tool_offset));
+    if (current != nullptr && next_source_ == Source{current, transform}) {
+        current_ = 1 - current_;
+    } else {
+        items_[current_].Set(current);
+        items_[current_].Transform(transform);
     }
-    if (current) {
-        SetTransform(IsCut(current_item.Get()) ? WithOffsetOff(base, current_tool_offset) : base);
-        current_item.Transform(transform);
-    }
+    next_source_ = {next, next == nullptr ? base : TransformOf(*next, base, next_tool_offset)};
+    CNCGeomItem& item = items_[1 - current_];
+    item.Set(next);
+    item.Transform(next_source_.trans);
+    if (current == nullptr) SetTransform(next_source_.trans);
 }
+
+void CNCControllerState::ForgetRecords() { next_source_ = {}; }
 
 void CNCControllerState::AdvanceBlockNumber(int32_t increment) {
     const int32_t old = block_number;

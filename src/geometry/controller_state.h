@@ -48,11 +48,14 @@ enum class MoveKind : int32_t { kNone = -1, kRapid = 0, kLinear = 1 };
 // The simulated controller. Lives as long as the session; a run sets most fields anew.
 class CNCControllerState {
 public:
-    // Puts copies of `current` and `next`, either of which may be null, into the items and carries them through
-    // `trans`, each with its own tool's offset (millimetres) taken off if it is a line or an arc. `transform` ends as
-    // the one that the current record went through.
+    // Puts copies of `current` and `next`, either of which may be null, into the items and carries them through `trans`,
+    // each with its own tool's offset (millimetres) taken off if it is a line or an arc. `transform` ends as the one that
+    // the current record went through. A record that was the next one is not copied and transformed again: as long as a
+    // record is in an item, neither it nor another one in its place may change.
     void SetCurrentRecords(const CNCData* current, const CNCData* next, const CTrans& trans, Point current_tool_offset,
                            Point next_tool_offset);
+    // Records that were in an item may change from here on.
+    void ForgetRecords();
     void SetTransform(const CTrans& trans) { transform.Copy(trans); }
     // Moves the block number up to the next multiple of `increment`.
     void AdvanceBlockNumber(int32_t increment);
@@ -74,10 +77,23 @@ public:
     int32_t block_increment = 0;
     int32_t block_number = 0;
     Point last_position;  // output units, on the axes' grid
-    CNCGeomItem current_item;
-    CNCGeomItem next_item;
     CTrans transform;
     JobData job;
+
+    const CNCGeomItem& current_item() const { return items_[current_]; }
+    const CNCGeomItem& next_item() const { return items_[1 - current_]; }
+
+private:
+    // What an item was made from.
+    struct Source {
+        const CNCData* record = nullptr;
+        CTrans trans;
+        bool operator==(const Source&) const = default;
+    };
+
+    CNCGeomItem items_[2];
+    size_t current_ = 0;  // the other one is the next item
+    Source next_source_;
 };
 
 }  // namespace brindle

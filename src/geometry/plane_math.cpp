@@ -1,15 +1,17 @@
 #include "geometry/plane_math.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
+#include <iterator>
 
 #include "text/numbers.h"
 
 namespace brindle {
 namespace {
 
+// The value without its fraction, with its sign: what std::modf splits off, without the call where an integer holds it.
 double WholePart(double value) {
+    if (std::abs(value) < 9.0e15) return std::copysign(static_cast<double>(static_cast<int64_t>(value)), value);
     double whole = 0.0;
     std::modf(value, &whole);
     return whole;
@@ -26,13 +28,9 @@ double WithoutWholeTurns(double angle, double turn) {
 }
 
 double PowerOfTenth(int32_t decimals) {
-    static const auto kPowers = [] {
-        std::array<double, 10> powers{};
-        for (size_t n = 0; n < powers.size(); ++n) powers[n] = std::pow(10.0, -static_cast<double>(n));
-        return powers;
-    }();
+    constexpr double kPowers[] = {1.0, 1e-1, 1e-2, 1e-3, 1e-4, 1e-5, 1e-6, 1e-7, 1e-8, 1e-9};
     const auto n = static_cast<size_t>(decimals);
-    return n < kPowers.size() ? kPowers[n] : std::pow(10.0, -static_cast<double>(decimals));
+    return n < std::size(kPowers) ? kPowers[n] : std::pow(10.0, -static_cast<double>(decimals));
 }
 
 double RoundingStep(int32_t decimals) { return PowerOfTenth(decimals == kWholeNumber ? 0 : decimals); }
@@ -100,8 +98,9 @@ double SmallestTurn(double a, double b, bool symmetric) {
 
 double RoundToStep(double value, double step) {
     if (step == 0.0) return value;
-    double whole = 0.0;
-    const double fraction = std::modf(value / step, &whole);
+    const double steps = value / step;
+    const double whole = WholePart(steps);
+    const double fraction = steps - whole;
     if (fraction >= 0.5) return (whole + 1.0) * step;
     if (fraction <= -0.5) return (whole - 1.0) * step;
     return whole * step;

@@ -4,6 +4,8 @@
 
 namespace brindle {
 
+Rotation::Rotation(double radians) : radians_(radians), cosine_(std::cos(radians)), sine_(std::sin(radians)) {}
+
 void CTrans::Copy(const CTrans& other) {
     const bool own_order = rotate_first;
     *this = other;
@@ -17,9 +19,7 @@ void CTrans::MultiplyScale(double factor, bool lengths_on_axis_1) {
 
 Point CTrans::Rotate(Point p) const {
     if (rotation == 0.0) return p;
-    const double cosine = std::cos(rotation);
-    const double sine = std::sin(rotation);
-    return {p.x * cosine - p.y * sine, p.x * sine + p.y * cosine};
+    return {p.x * rotation.cosine() - p.y * rotation.sine(), p.x * rotation.sine() + p.y * rotation.cosine()};
 }
 
 Point CTrans::Mirror(Point p) const { return {mirror_x ? -p.x : p.x, mirror_y ? -p.y : p.y}; }

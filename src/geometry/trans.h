@@ -7,6 +7,21 @@
 
 namespace brindle {
 
+// An angle with its cosine and sine, worked out once.
+class Rotation {
+public:
+    constexpr Rotation() = default;
+    Rotation(double radians);  // NOLINT(google-explicit-constructor): stands for the angle
+    operator double() const { return radians_; }
+    double cosine() const { return cosine_; }
+    double sine() const { return sine_; }
+
+private:
+    double radians_ = 0.0;
+    double cosine_ = 1.0;
+    double sine_ = 0.0;
+};
+
 // A value type: mirror and rotation of a call, shift to a program's origin, scale to output unit and axis factors, and
 // rounding to the decimals that the controller's axes print.
 class CTrans {
@@ -16,13 +31,15 @@ public:
     double scale = 1.0;
     double axis1_factor = 1.0;
     double axis2_factor = 1.0;
-    double rotation = 0.0;  // radians, counter-clockwise
+    Rotation rotation;  // radians, counter-clockwise
     bool mirror_x = false;  // negate x
     bool mirror_y = false;  // negate y
     int32_t axis1_decimals = 6;
     int32_t axis2_decimals = 6;
     bool rotate_first = true;      // rotate before mirroring
     bool lengths_on_axis1 = true;  // lengths take factor and decimals of axis 1, otherwise those of axis 2
+
+    bool operator==(const CTrans&) const = default;
 
     void Reset() { *this = CTrans(); }
     // Takes all fields of `other` but the order of rotation and mirroring.

@@ -1,0 +1,392 @@
+#include "tuning/key_catalogue.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <set>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+namespace brindle {
+namespace {
+
+using enum KeyKind;
+using enum KeyScope;
+
+// The kind that a name tells: by the first letter of its first part that begins with a small letter.
+KeyKind KindByName(std::string_view name) {
+    size_t start = 0;
+    while (name[start] < 'a') start = name.find('_', start) + 1;
+    switch (name[start]) {
+        case 'b': return kBool;
+        case 'n': return kInt;
+        case 'r': return kReal;
+        case 's': return kText;
+        case 't': return kTemplate;
+        default: ADD_FAILURE() << "no kind letter in " << name; return kTemplate;
+    }
+}
+
+bool Fits(const KeyDefault& value, KeyKind kind) {
+    if (!value.HasValue()) return true;
+    switch (kind) {
+        case kBool: return value == KeyDefault(value.Bool());
+        case kInt: return value == KeyDefault(value.Int());
+        case kReal: return value == KeyDefault(value.Real());
+        case kText: return value == KeyDefault(std::string(value.Text()).c_str());
+        default: return false;
+    }
+}
+
+// Every complete key that the catalogue allows, with the given prefix behind which keys of tools stand.
+std::vector<std::string> AllKeys(const std::string& tool_prefix) {
+    std::vector<std::string> keys;
+    for (const KeyInfo& row : KeyCatalogue()) {
+        const std::string name(row.name);
+        if (row.scope == kGlobal) keys.push_back(name);
+        if (row.scope == kTool) keys.push_back(tool_prefix + name);
+        if (row.scope != kEvent) continue;
+        for (const EventInfo& event : TemplateEvents()) {
+            keys.push_back((event.per_tool ? tool_prefix : "") + std::string(event.prefix) + name);
+        }
+    }
+    return keys;
+}
+
+TEST(KeyCatalogue, RowsAgreeWithThemselves) {
+    const std::set<std::string_view> groups = {"Output", "Codes",    "Axes",          "Arcs", "Sub-programs", "Speed",
+                                               "Tools",  "Fly mode", "Tool rotation", "Text", "Templates"};
+    std::set<std::pair<std::string_view, KeyScope>> seen;
+    for (const KeyInfo& row : KeyCatalogue()) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(row.kind, KindByName(row.name));
+        EXPECT_TRUE(Fits(row.read_default, row.kind));
+        EXPECT_TRUE(Fits(row.editor_default, row.kind));
+        EXPECT_TRUE(seen.emplace(row.name, row.scope).second) << "twice";
+        EXPECT_TRUE(groups.contains(row.group)) << row.group;
+        EXPECT_TRUE(row.meaning.ends_with('.'));
+        // A switch that a run never reads is a button of the editor, and the user is told so.
+        EXPECT_EQ(row.meaning.starts_with("Editor only:"), row.kind == kBool && !row.read_default.HasValue());
+    }
+}
+
+// Whether a word of a sentence looks like a key: some part of it has a kind letter before a capital or a digit.
+bool LooksLikeKey(std::string_view word) {
+    for (size_t i = 0; i + 1 < word.size(); ++i) {
+        const bool starts_part = i == 0 || word[i - 1] == '_';
+        const bool kind_letter = std::string_view("bnrst").find(word[i]) != word.npos;
+        if (starts_part && kind_letter && word[i + 1] < 'a') return true;
+    }
+    return false;
+}
+
+TEST(KeyCatalogue, MeaningsNameKnownKeys) {
+    for (const KeyInfo& row : KeyCatalogue()) {
+        for (std::string_view rest = row.meaning; !rest.empty();) {
+            const std::string_view word = rest.substr(0, rest.find_first_of(" ,;.:()[]"));
+            rest.remove_prefix(std::min(word.size() + 1, rest.size()));
+            if (!LooksLikeKey(word)) continue;
+            EXPECT_TRUE(MatchKey(word).info || MatchKey("T_" + std::string(word)).info) << row.name << ": " << word;
+        }
+    }
+}
+
+using Defaults = std::pair<KeyDefault, KeyDefault>;  // at reading, in the editor
+
+// Where the defaults are not simply false, 0 or empty.
+const std::map<std::string_view, Defaults>& NotableDefaults() {
+    static const KeyDefault none = KeyDefault::None();
+    static const std::map<std::string_view, Defaults> defaults = {
+        // clang-format off
+        {"bOutUnitsAuto", {false, true}},
+        {"bOutUnitsMetric", {none, false}},
+        {"bOutModeAbs", {true, true}},
+        {"bOutModeInc", {none, false}},
+        {"bParenSquare", {none, true}},
+        {"nMaxBytes", {-1, 100000}},
+        {"sMainProgNum", {"", "1"}},
+        {"bBlockDelimStd", {true, true}},
+        {"bBlockDelimCus", {none, false}},
+        {"sBlockDelim", {"", "chr(13)chr(10)"}},
+        {"nNWordBigInc", {10, 10}},
+        {"nNWordSmInc", {1, 1}},
+        {"nPrimaryTool", {0, 1}},
+        {"bMCodeModal", {true, false}},
+        {"bUCodeModal", {true, false}},
+        {"bICodesModal", {true, false}},
+        {"rMinRapidMoveMM", {0.0005, 0.0}},
+        {"bAxisDataModal", {true, false}},
+        {"MM_AX1_nNDec", {2, 2}},
+        {"MM_AX2_nNDec", {2, 2}},
+        {"IN_AX1_nNDec", {3, 3}},
+        {"IN_AX2_nNDec", {3, 3}},
+        {"MM_AX1_rFactor", {1.0, 1.0}},
+        {"MM_AX2_rFactor", {1.0, 1.0}},
+        {"IN_AX1_rFactor", {1.0, 1.0}},
+        {"IN_AX2_rFactor", {1.0, 1.0}},
+        {"bRotAxisInDegrees", {true, false}},
+        {"bRotAxisPLinear", {none, true}},
+        {"bArcByCen", {none, true}},
+        {"bArcDataModal", {true, false}},
+        {"bInAbsCenFromStart", {true, true}},
+        {"bInIncCenFromStart", {true, true}},
+        {"bRadCWArcPosIsShort", {true, true}},
+        {"bRadCCWArcPosIsShort", {true, true}},
+        {"bRadCWArcPosIsLong", {none, false}},
+        {"bRadCCWArcPosIsLong", {none, false}},
+        {"bSubArcPosCW", {true, true}},
+        {"bSubArcPosCCW", {none, false}},
+        {"rSubArcFactor", {1.0, 1.0}},
+        {"nSubArcNDec", {2, 2}},
+        {"rFacetTolMM", {0.01, 0.01}},
+        {"rMaxOrdMM", {1e8, 1e6}},
+        {"rMaxOrdIN", {1e8, 1e5}},
+        {"SmFacet_rLiftAngleDEG", {none, 0.0}},
+        {"bUseSubs", {true, false}},
+        {"bSubsInInc", {none, true}},
+        {"bOutputSubsAfter", {none, true}},
+        {"bStartSubsAtCen", {false, true}},
+        {"bStartSubsAtLine", {none, false}},
+        {"bEndSubsAtCen", {false, true}},
+        {"bEndSubsAtLine", {none, false}},
+        {"SubRot_nNDec", {2, 3}},
+        {"SubRot_rFactor", {1.0, 1.0}},
+        {"SubNum_bUseFormula", {none, true}},
+        {"SubNum_nMainFactor", {1, 1}},
+        {"SubNum_nSubFactor", {1, 1}},
+        {"Speed_b1", {false, true}},
+        {"Speed_b2", {none, false}},
+        {"Speed_bNearest1", {none, true}},
+        {"Speed_b1Param", {none, true}},
+        {"Speed_bModal", {true, true}},
+        {"Speed_bAsExpress", {none, true}},
+        {"Speed_nNDec", {3, 3}},
+        {"nNumOfTools", {0, none}},
+        {"bToolTool", {none, true}},
+        {"nPhysicalTool", {none, none}},
+        {"bOffReqBeforeDesel", {false, true}},
+        {"rMinMoveMM", {0.0005, 0.0}},
+        {"Fly_bForFollowing", {true, true}},
+        {"Fly_bForPreceeding", {none, false}},
+        {"Fly_rMM_Threshold", {1.0, 1.0}},
+        {"Fly_rDEG_MaxAngDeviation", {1.0, 10.0}},
+        {"ToolRot_rFactor", {1.0, 1.0}},
+        {"ToolRot_nNDec", {3, 2}},
+        {"ToolRot_bModal", {true, false}},
+        {"ToolRot_bPosIsCCW", {none, true}},
+        {"ToolRot_bUseSign", {true, false}},
+        {"TextRot_rFactor", {1.0, 1.0}},
+        {"TextRot_nNDec", {2, 2}},
+        {"TextRot_bModal", {true, true}},
+        {"TextHgt_rFactor_in", {1.0, 1.0}},
+        {"TextHgt_rFactor_mm", {1.0, 1.0}},
+        {"TextHgt_nNDec_in", {3, 3}},
+        {"TextHgt_nNDec_mm", {3, 2}},
+        {"TextHgt_bModal", {true, true}},
+        {"bTerminiate", {true, true}},
+        {"bClearSpeed", {false, true}},
+        {"bClearAbsInc", {false, true}},
+        {"bClearInterp", {false, true}},
+        // clang-format on
+    };
+    return defaults;
+}
+
+TEST(KeyCatalogue, Defaults) {
+    const std::map<KeyKind, KeyDefault> neutral = {
+        {kBool, false}, {kInt, 0}, {kReal, 0.0}, {kText, ""}, {kTemplate, KeyDefault::None()}};
+    size_t notable_rows = 0;
+    for (const KeyInfo& row : KeyCatalogue()) {
+        const auto notable = NotableDefaults().find(row.name);
+        const bool is_notable = notable != NotableDefaults().end();
+        if (is_notable) ++notable_rows;
+        const KeyDefault& usual = neutral.at(row.kind);
+        EXPECT_TRUE(row.read_default == (is_notable ? notable->second.first : usual)) << row.name;
+        EXPECT_TRUE(row.editor_default == (is_notable ? notable->second.second : usual)) << row.name;
+    }
+    EXPECT_EQ(notable_rows, NotableDefaults().size());
+}
+
+TEST(KeyCatalogue, EventsAreThoseOfARun) {
+    const char* const global[] = {
+        "FileStart_",    "FileEnd_",      "MainInit_",    "MainTerm_",      "SubInit_",
+        "SubTerm_",      "Move_",         "Line_",        "Arc_",           "Text_",
+        "SubCall_",      "SubReset_",     "OriTransSet_", "OriTransReset_", "MoveToIncludePt_",
+        "Fly_PreCheck_", "Fly_PostCheck_"};
+    const char* const per_tool[] = {"ToolSel_", "ToolDesel_", "ToolOn_", "ToolOff_"};
+    std::vector<std::pair<std::string_view, bool>> expected, found;
+    for (const char* prefix : global) expected.emplace_back(prefix, false);
+    for (const char* prefix : per_tool) expected.emplace_back(prefix, true);
+    for (const EventInfo& event : TemplateEvents()) found.emplace_back(event.prefix, event.per_tool);
+    EXPECT_EQ(found, expected);
+}
+
+struct FixedName {
+    template <size_t n>
+    consteval FixedName(const char (&name)[n]) {
+        for (size_t i = 0; i < n; ++i) text[i] = name[i];
+    }
+    char text[40] = {};
+};
+
+template <FixedName name>
+concept KeyCompiles = requires {
+    typename std::bool_constant<(Key(name.text), true)>;
+};
+
+TEST(KeyCatalogue, KeysAreCheckedByTheCompiler) {
+    static_assert(KeyCompiles<"bTerminiate">);
+    static_assert(!KeyCompiles<"bTerminate">);
+    static_assert(!KeyCompiles<"T1_bTangential">);
+    static_assert(!KeyCompiles<"">);
+    EXPECT_EQ(Key("rFacetTolMM")->read_default.Real(), 0.01);
+    EXPECT_EQ(Key("sRTCode")->scope, kGlobal);
+    EXPECT_EQ(&Key("tTmpl").Info(), MatchKey("Arc_tTmpl").info);
+}
+
+TEST(MatchKey, TakesKeysApart) {
+    const struct {
+        const char *key, *name;
+        KeyScope scope;
+        const char *tool_prefix, *event_prefix;
+    } cases[] = {
+        {"bUseSubs", "bUseSubs", kGlobal, "", ""},
+        {"Speed_nNDec", "Speed_nNDec", kGlobal, "", ""},
+        {"MM_AX1_nNDec", "MM_AX1_nNDec", kGlobal, "", ""},
+        {"ToolRot_sAddr", "ToolRot_sAddr", kGlobal, "", ""},
+        {"TextHgt_rFactor_mm", "TextHgt_rFactor_mm", kGlobal, "", ""},
+        {"TextData_sTO_1", "TextData_sTO_1", kGlobal, "", ""},
+        {"Fly_bForPreceeding", "Fly_bForPreceeding", kGlobal, "", ""},
+        // With and without the prefix of a tool these are two keys.
+        {"sCCWCode", "sCCWCode", kGlobal, "", ""},
+        {"T12_sCCWCode", "sCCWCode", kTool, "T12_", ""},
+        {"T3_Speed_P1_sV1", "Speed_P1_sV1", kTool, "T3_", ""},
+        {"T_Speed_P2_sV4", "Speed_P2_sV4", kTool, "T_", ""},
+        {"T0_bTangential", "bTangential", kTool, "T0_", ""},
+        {"T007_bTangential", "bTangential", kTool, "T007_", ""},
+        {"T99999999999999999999_Fly_bUse", "Fly_bUse", kTool, "T99999999999999999999_", ""},
+        // The offset of a tool and the template of switching it off begin alike.
+        {"T1_ToolOff_bUse", "ToolOff_bUse", kTool, "T1_", ""},
+        {"T1_ToolOff_rAxis1MM", "ToolOff_rAxis1MM", kTool, "T1_", ""},
+        {"T1_ToolOff_tTmpl", "tTmpl", kEvent, "T1_", "ToolOff_"},
+        {"T1_ToolOff_bTerminiate", "bTerminiate", kEvent, "T1_", "ToolOff_"},
+        {"T_ToolSel_bClearInterp", "bClearInterp", kEvent, "T_", "ToolSel_"},
+        {"FileStart_tTmpl", "tTmpl", kEvent, "", "FileStart_"},
+        {"Text_bClearAbsInc", "bClearAbsInc", kEvent, "", "Text_"},
+        {"Fly_PreCheck_tTmpl", "tTmpl", kEvent, "", "Fly_PreCheck_"},
+    };
+    for (const auto& expected : cases) {
+        const KeyMatch match = MatchKey(expected.key);
+        ASSERT_NE(match.info, nullptr) << expected.key;
+        EXPECT_EQ(match.info->name, expected.name) << expected.key;
+        EXPECT_EQ(match.info->scope, expected.scope) << expected.key;
+        EXPECT_EQ(match.tool_prefix, expected.tool_prefix) << expected.key;
+        EXPECT_EQ(match.event != nullptr ? match.event->prefix : "", expected.event_prefix) << expected.key;
+    }
+}
+
+TEST(MatchKey, RefusesUnknownKeys) {
+    const std::string_view cases[] = {
+        "", "_", "T", "T_", "T3_", "T3", "b", "bUseSub", "bUseSubss", "busesubs", " bUseSubs", "bUseSubs ",
+        "bTerminate", "tTmpl", "_tTmpl", "bTerminiate", "Line_", "Line", "Line_bUse", "line_tTmpl", "Line_Arc_tTmpl",
+        "LineXtTmpl", "Fly_bForPreceding", "Speed_P1_sV5", "MM_nNDec", "MM_AX3_nNDec", "TextHgt_rFactor",
+        "TextData_sFROM_2",
+        // What stands behind the prefix of a tool, alone; and the other way round.
+        "bTangential", "Fly_bUse", "ToolOff_bUse", "ToolOff_tTmpl", "ToolOn_bTerminiate", "T3_bUseSubs",
+        "T_nNumOfTools", "T3_Line_tTmpl", "T3_Fly_bSupport", "T3_tTmpl", "T3_sTangAuxCode1",
+        // No prefix of a tool.
+        "t3_bTangential", "T-1_bTangential", "T3bTangential", "T3 _bTangential", "TT_bTangential", "T3_T3_bTangential",
+        "T\xd9\xa3_bTangential"};
+    for (const std::string_view key : cases) {
+        const KeyMatch match = MatchKey(key);
+        EXPECT_TRUE(match.info == nullptr && match.tool_prefix.empty() && match.event == nullptr) << key;
+    }
+    EXPECT_EQ(MatchKey(std::string_view("bUseSubs\0", 9)).info, nullptr);
+}
+
+TEST(MatchKey, KnowsEveryKeyOfTheCatalogue) {
+    for (const char* tool_prefix : {"T_", "T7_"}) {
+        for (const std::string& key : AllKeys(tool_prefix)) {
+            const KeyMatch match = MatchKey(key);
+            ASSERT_NE(match.info, nullptr) << key;
+            std::string joined(match.tool_prefix);
+            if (match.event != nullptr) joined += match.event->prefix;
+            EXPECT_EQ(joined.append(match.info->name), key);
+        }
+    }
+}
+
+TEST(NearestKey, FindsWhatWasMeant) {
+    const struct {
+        const char *key, *nearest;
+    } cases[] = {
+        // One letter missing, too many, wrong, swapped.
+        {"T3_bTangental", "T3_bTangential"},
+        {"Fly_bForPreceding", "Fly_bForPreceeding"},
+        {"FileStart_bTerminate", "FileStart_bTerminiate"},
+        {"rFacettTolMM", "rFacetTolMM"},
+        {"sNWordAdds", "sNWordAddr"},
+        {"bUseSbus", "bUseSubs"},
+        {"T_ToolOn_tTempl", "T_ToolOn_tTmpl"},
+        {"Flie_tTmpl", "Line_tTmpl"},
+        // Several, as far as the length of the name allows.
+        {"SubNum_bUseSeqence1", "SubNum_bUseSequence"},
+        {"bUseSubRotations", "bUseRotations"},
+        {"MoveToInclPt_tTmpl", "MoveToIncludePt_tTmpl"},
+        // Wrong case only; a key of a tool is not near without its prefix.
+        {"busesubs", "bUseSubs"},
+        {"BUSESUBS", "bUseSubs"},
+        {"SPEED_BUSESMALLRADIIFORMULA", ""},
+        {"T4_SPEED_BUSESMALLRADIIFORMULA", "T4_Speed_bUseSmallRadiiFormula"},
+        {"MOVETOINCLUDEPT_BCLEARABSINC", "MoveToIncludePt_bClearAbsInc"},
+        {"srTCode", "sRTCode"},
+        {"scWCode", "sCWCode"},
+        // The prefix of a tool stays, and a slip in it is put right.
+        {"T12_Speed_P1_sv3", "T12_Speed_P1_sV3"},
+        {"t3_bTangential", "T3_bTangential"},
+        {"T3bTangential", "T3_bTangential"},
+        {"t_ToolOff_tTmp", "T_ToolOff_tTmpl"},
+        {"T3__bTangential", "T3_bTangential"},
+        // Nothing near, or near only under the other kind of prefix.
+        {"", ""},
+        {"T", ""},
+        {"T_", ""},
+        {"T3_", ""},
+        {"tTmpl", ""},
+        {"bFooBar", ""},
+        {"Foo_tTmpl", ""},
+        {"T3_bUseRotations", ""},
+        {"Speed_bSepForArcs", ""},
+    };
+    for (const auto& expected : cases) EXPECT_EQ(NearestKey(expected.key), expected.nearest) << expected.key;
+}
+
+TEST(NearestKey, OfAKnownKeyIsTheKey) {
+    for (const char* tool_prefix : {"T_", "T7_"}) {
+        for (const std::string& key : AllKeys(tool_prefix)) EXPECT_EQ(NearestKey(key), key);
+    }
+}
+
+TEST(NearestKey, OfAnyKeyIsKnown) {
+    // Every key with one letter left out is one edit from at least one known key.
+    for (const std::string& key : AllKeys("T3_")) {
+        for (size_t i = key.starts_with("T3_") ? 3 : 0; i < key.size(); ++i) {
+            const std::string nearest = NearestKey(std::string(key).erase(i, 1));
+            EXPECT_NE(MatchKey(nearest).info, nullptr) << key << " without letter " << i << " gives " << nearest;
+        }
+    }
+}
+
+TEST(NearestKey, OfAVeryLongKeyIsNone) {
+    const size_t length = 5'000'000;
+    EXPECT_EQ(NearestKey(std::string(length, 'b')), "");
+    EXPECT_EQ(NearestKey("T" + std::string(length, '7') + "_bFoo"), "");
+    EXPECT_EQ(MatchKey(std::string(length, '_')).info, nullptr);
+}
+
+}  // namespace
+}  // namespace brindle

@@ -106,12 +106,12 @@ const Job kManyToolsFewKeys{"tools_50_keys", FewKeys, AddToolLines};
 
 Point PathPoint(int64_t i) {
     const auto x = static_cast<double>(i * 7919 % 500009);
-    const auto y = static_cast<double>(i * 104729 % 350003);
+    const auto y = static_cast<double>((i * 104729 + i * i * 37 % 1009) % 350003);
     return {x / 500.0, y / 500.0};
 }
 
 CNCIncludeData::Fields CallOf(int64_t i) {
-    return {.name = "PART", .place = PathPoint(i), .center = {}, .rotation = 0.001 * static_cast<double>(i)};
+    return {.name = "PART", .place = PathPoint(3 * i), .center = {}, .rotation = 0.5 + 0.0005 * static_cast<double>(i)};
 }
 
 int32_t ToolOf(int64_t i) { return static_cast<int32_t>(1 + i / 10 % 30); }

@@ -7,8 +7,9 @@
 namespace brindle {
 namespace {
 
+// Neither this nor the line buffer is destroyed with the process: a host may still call while its own objects go.
 std::unique_ptr<CBrindleMgr>& Session() {
-    static std::unique_ptr<CBrindleMgr> session;
+    static auto& session = *new std::unique_ptr<CBrindleMgr>;
     return session;
 }
 
@@ -23,7 +24,7 @@ CBrindleMgr& CBrindleMgr::Current() {
 void CBrindleMgr::Destroy() { Session().reset(); }
 
 std::string& CBrindleMgr::TuneLineBuffer() {
-    static std::string buffer;
+    static auto& buffer = *new std::string;
     return buffer;
 }
 

@@ -2,7 +2,10 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
+#include <string>
 #include <string_view>
+#include <unordered_map>
 
 #include "generator/text_log.h"
 
@@ -23,14 +26,20 @@ struct CNCDebugInfo {
 // Records in order of arrival, from the start of one run to the start of the next.
 class CNCDebugMgr {
 public:
-    void Clear() { log_.Clear(); }
-    void Add(TraceKind kind, std::string_view text) { log_.Add(static_cast<uint8_t>(kind), text); }
+    void Clear();
+    void Add(TraceKind kind, std::string_view text);
     size_t GetCount() const { return log_.size(); }
     // `index` must be below GetCount(): std::out_of_range otherwise.
     CNCDebugInfo Get(size_t index) const;
 
 private:
+    // The number of a template's header, of which there are few: its records hold the number alone.
+    uint32_t HeaderNumber(std::string_view header);
+
     CTextLog log_;
+    std::deque<std::string> headers_;  // by number
+    std::unordered_map<std::string_view, uint32_t> header_numbers_;  // keys point into headers_
+    uint32_t last_header_ = 0;         // mostly asked for again
 };
 
 }  // namespace brindle

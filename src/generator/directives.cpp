@@ -52,9 +52,9 @@ constexpr DirectiveInfo kTable[] = {
 
     {20231, "@ToolId", "Line data", kNoKeywords, "", N::kAny, "number of the selected tool", ToolId},
     {20232, "@LineType", "Line data", kNoKeywords, "", N::kAny, "line type of the record", LineType},
-    {20233, "@CutWidth", "Line data", kNumber, "NDEC(linear decimals), FACTOR(1)", N::kArcOrLine, "cut width of the record", CutWidth},
-    {20234, "@BridgeWidth", "Line data", kNoKeywords, "", N::kArcOrLine, "bridge width of the record, in the format of axis 1", BridgeWidth},
-    {20235, "@BridgeNum", "Line data", kNoKeywords, "", N::kArcOrLine, "number of bridges of the record", BridgeNum},
+    {20233, "@CutWidth", "Line data", kNumber, "NDEC(linear decimals), FACTOR(1)", N::kAny, "cut width of the record", CutWidth},
+    {20234, "@BridgeWidth", "Line data", kNoKeywords, "", N::kAny, "bridge width of the record, in the format of axis 1", BridgeWidth},
+    {20235, "@BridgeNum", "Line data", kNoKeywords, "", N::kAny, "number of bridges of the record", BridgeNum},
     {20236, "@SpeedWords", "Line data", kAxes | kModal, "both parameters, Speed_bModal", N::kAny, "speed words; A1 keeps only parameter 1, A2 only parameter 2", SpeedWords},
     {20237, "@FlyModeCode", "Line data", kNoKeywords, "", N::kAny, "fly mode code: on or off", FlyModeCode},
 
@@ -119,7 +119,8 @@ DirectiveIndex MakeIndex() {
 std::span<const DirectiveInfo> DirectiveTable() { return kTable; }
 
 const DirectiveInfo* FindDirective(std::string_view name) {
-    static const DirectiveIndex kIndex = MakeIndex();
+    // Lives to the end of the process: the last run of a host may come from its exit.
+    static const auto& kIndex = *new DirectiveIndex(MakeIndex());
     const auto found = kIndex.find(name);
     return found == kIndex.end() ? nullptr : found->second;
 }

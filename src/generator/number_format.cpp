@@ -26,7 +26,7 @@ char* WriteScaled(char* to, double value, int places) {
     if (value < 0.0) *to++ = '-';
     to = std::to_chars(to, to + 20, digits / unit).ptr;
     *to++ = '.';
-    int64_t fraction = digits % unit;
+    auto fraction = static_cast<uint32_t>(digits % unit);
     for (int i = places - 1; i >= 0; --i, fraction /= 10) to[i] = static_cast<char>('0' + fraction % 10);
     return to + places;
 }

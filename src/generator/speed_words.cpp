@@ -13,7 +13,7 @@ constexpr double kSmallWeight = 0.0005;
 
 // A speed of up to two terms, each a text of the tuning with its weight. An empty first term is no speed.
 struct Speed {
-    std::string a, b;
+    std::string_view a, b;
     double weight_a = 1.0;
     double weight_b = 1.0;
 };
@@ -84,23 +84,19 @@ public:
     }
 
 private:
-    std::string Read(OptionText& option) {
-        std::string text;
-        resolver_.AppendText(option, text);
-        return text;
-    }
-    std::string Value(int number) { return Read(tool_.speeds[parameter_][number]); }
+    std::string_view FirstTerm(OptionText& option) { return resolver_.ReadText(option, scratch_a_); }
+    OptionText& Value(int number) { return tool_.speeds[parameter_][number]; }
 
     Speed Choose() {
         const CNCData& record = run_.controller.current_item().Get();
         Speed speed;
         if (record.IsArc() && tool_.separate_arc_speed) {
-            speed.a = Read(tool_.arc_speeds[parameter_]);
+            speed.a = FirstTerm(tool_.arc_speeds[parameter_]);
             if (tool_.slows_small_radii) speed.weight_a = std::max(RadiusFactor(record), options_.tolerance);
             return speed;
         }
         if (options_.single) {
-            speed.a = Value(0);
+            speed.a = FirstTerm(Value(0));
             return speed;
         }
         ChooseByDirection(record, speed);
@@ -119,18 +115,19 @@ private:
         const double sine = std::sin(direction);
         const double cosine = std::cos(direction);
         if (!options_.pro_rata) {
-            speed.a = Value(NearestAxis(options_.four_values, sine, cosine));
+            speed.a = FirstTerm(Value(NearestAxis(options_.four_values, sine, cosine)));
             return;
         }
         SetProRataWeights(direction, sine, cosine, speed);
         const Quadrant quadrant = ProRataQuadrant(options_.four_values, sine, cosine);
-        speed.a = Value(quadrant.a);
-        speed.b = Value(quadrant.b);
+        speed.a = FirstTerm(Value(quadrant.a));
+        speed.b = resolver_.ReadText(Value(quadrant.b), scratch_b_);
     }
 
     double Factor() {
         if (!options_.use_factor) return 1.0;
-        const std::string text = Read(options_.factor);
+        std::string scratch;
+        const std::string_view text = resolver_.ReadText(options_.factor, scratch);
         const double factor = text.empty() ? 1.0 : LeadingDouble(text);
         return std::fabs(factor) < options_.tolerance ? 1.0 : factor;
     }
@@ -150,9 +147,10 @@ private:
 
     std::string Wrap(const std::string& text) const { return options_.open_bracket + text + options_.close_bracket; }
 
-    std::string Term(const std::string& text, double weight) const {
-        if (std::fabs(weight - 1.0) < kSmallWeight) return text;
-        return Wrap(text + '*' + Number(weight));
+    std::string Term(std::string_view text, double weight) const {
+        std::string term(text);
+        if (std::fabs(weight - 1.0) < kSmallWeight) return term;
+        return Wrap(term + '*' + Number(weight));
     }
 
     std::string AsExpression(Speed& speed, double factor) const {
@@ -172,6 +170,7 @@ private:
     SpeedOptions& options_;
     ToolData& tool_;
     size_t parameter_;
+    std::string scratch_a_, scratch_b_;  // behind the terms
 };
 
 std::string SpeedWord(CTextResolver& resolver, int parameter) {

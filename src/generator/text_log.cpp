@@ -6,8 +6,10 @@
 namespace brindle {
 namespace {
 
-constexpr size_t kFirstChunk = 256;
-constexpr size_t kLargestChunk = size_t{1} << 20;
+// A chunk holds an eighth of what is there, so that little of it is room to spare.
+constexpr size_t kSmallestChunk = 256;
+constexpr size_t kLargestChunk = size_t{1} << 16;
+constexpr size_t kChunkShare = 8;
 constexpr size_t kLongestHead = 11;  // tag and length
 
 // Writes `value` in groups of seven bits, lowest first, and gives the place behind it.
@@ -44,12 +46,13 @@ void CTextLog::Clear() {
     chunks_.clear();
     marks_.clear();
     count_ = 0;
+    total_ = 0;
 }
 
 void CTextLog::ReserveInLastChunk(size_t bytes) {
     if (!chunks_.empty() && chunks_.back().capacity - chunks_.back().size >= bytes) return;
-    const size_t doubled = chunks_.empty() ? kFirstChunk : std::min(2 * chunks_.back().capacity, kLargestChunk);
-    const size_t capacity = std::max(doubled, bytes);
+    const size_t capacity = std::max(std::clamp(total_ / kChunkShare, kSmallestChunk, kLargestChunk), bytes);
+    total_ += capacity;
     chunks_.push_back({std::unique_ptr<char[]>(new char[capacity]), 0, capacity});
 }
 

@@ -61,6 +61,7 @@ private:
     std::vector<Chunk> chunks_;
     std::vector<Place> marks_;  // of every kStride-th entry
     size_t count_ = 0;
+    size_t total_ = 0;  // capacity of all chunks
 };
 
 }  // namespace brindle

@@ -5,12 +5,11 @@
 namespace brindle {
 namespace {
 
-// The transform of a record: only cuts have their tool's offset taken off.
-CTrans TransformOf(const CNCData& record, CTrans trans, Point tool_offset) {
-    if (!record.IsLine() && !record.IsArc()) return trans;
+// Only cuts have their tool's offset taken off.
+void TakeOffset(const CNCData& record, Point tool_offset, CTrans& trans) {
+    if (!record.IsLine() && !record.IsArc()) return;
     trans.offset_x -= tool_offset.x;
     trans.offset_y -= tool_offset.y;
-    return trans;
 }
 
 }  // namespace
@@ -37,21 +36,23 @@ void CNCControllerState::SetCurrentRecords(const CNCData* current, const CNCData
                                            Point current_tool_offset, Point next_tool_offset) {
     const CTrans base = trans;  // `trans` may be our own
     SetTransform(base);
-    if (current != nullptr) SetTransform(TransformOf(*current, base, current_tool_offset));
-    if (current != nullptr && next_source_ == Source{current, transform}) {
+    if (current != nullptr) TakeOffset(*current, current_tool_offset, transform);
+    if (current != nullptr && next_record_ == current && next_trans_ == transform) {
         current_ = 1 - current_;
     } else {
         items_[current_].Set(current);
         items_[current_].Transform(transform);
     }
-    next_source_ = {next, next == nullptr ? base : TransformOf(*next, base, next_tool_offset)};
+    next_record_ = next;
+    next_trans_ = base;
+    if (next != nullptr) TakeOffset(*next, next_tool_offset, next_trans_);
     CNCGeomItem& item = items_[1 - current_];
     item.Set(next);
-    item.Transform(next_source_.trans);
-    if (current == nullptr) SetTransform(next_source_.trans);
+    item.Transform(next_trans_);
+    if (current == nullptr) SetTransform(next_trans_);
 }
 
-void CNCControllerState::ForgetRecords() { next_source_ = {}; }
+void CNCControllerState::ForgetRecords() { next_record_ = nullptr; }
 
 void CNCControllerState::AdvanceBlockNumber(int32_t increment) {
     const int32_t old = block_number;

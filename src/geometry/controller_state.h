@@ -84,16 +84,10 @@ public:
     const CNCGeomItem& next_item() const { return items_[1 - current_]; }
 
 private:
-    // What an item was made from.
-    struct Source {
-        const CNCData* record = nullptr;
-        CTrans trans;
-        bool operator==(const Source&) const = default;
-    };
-
     CNCGeomItem items_[2];
     size_t current_ = 0;  // the other one is the next item
-    Source next_source_;
+    const CNCData* next_record_ = nullptr;  // what the next item was made from, and how
+    CTrans next_trans_;
 };
 
 }  // namespace brindle

@@ -20,13 +20,19 @@ struct TrimFlags {
 class CNumberText {
 public:
     CNumberText(double value, int32_t decimals, TrimFlags trim);
-    std::string_view view() const { return {characters_.data(), size_}; }
+    CNumberText(const CNumberText&) = delete;
+    CNumberText& operator=(const CNumberText&) = delete;
+    std::string_view view() const { return {begin_, end_}; }
 
 private:
+    void WriteWhole(double value, bool with_point);
+    void WriteFixed(double value, int places);
+    bool WriteScaled(double value, int places);
     void Trim(TrimFlags trim);
 
     std::array<char, 328> characters_;  // the largest double has 309 digits, behind a sign and with six decimals
-    size_t size_ = 0;
+    char* begin_ = characters_.data();  // of the text within characters_
+    char* end_ = begin_;
 };
 
 // A number with six decimals for a message; not-finite ones as `inf`, `-inf` and `nan`.

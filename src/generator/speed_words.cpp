@@ -75,12 +75,14 @@ public:
           tool_(tool),
           parameter_(static_cast<size_t>(parameter)) {}
 
-    // The word without its address; empty if there is no speed.
-    std::string Word() {
+    // The word without its address; empty if there is no speed. It is good as long as the evaluator.
+    std::string_view Word() {
         Speed speed = Choose();
         if (speed.a.empty()) return {};
         const double factor = Factor();
-        return options_.as_value ? AsValue(speed, factor) : AsExpression(speed, factor);
+        if (!options_.as_value) return AsExpression(speed, factor);
+        word_ = AsValue(speed, factor);
+        return word_;
     }
 
 private:
@@ -147,22 +149,25 @@ private:
 
     std::string Wrap(const std::string& text) const { return options_.open_bracket + text + options_.close_bracket; }
 
+    static bool IsWhole(double weight) { return std::fabs(weight - 1.0) < kSmallWeight; }
+
     std::string Term(std::string_view text, double weight) const {
         std::string term(text);
-        if (std::fabs(weight - 1.0) < kSmallWeight) return term;
-        return Wrap(term + '*' + Number(weight));
+        return IsWhole(weight) ? term : Wrap(term + '*' + Number(weight));
     }
 
-    std::string AsExpression(Speed& speed, double factor) const {
+    std::string_view AsExpression(Speed& speed, double factor) {
         if (std::fabs(factor - 1.0) > kSmallWeight) {
             speed.weight_a *= factor;
             speed.weight_b *= factor;
         }
-        std::string word;
-        if (std::fabs(speed.weight_a) >= kSmallWeight) word = Term(speed.a, speed.weight_a);
-        if (speed.b.empty() || std::fabs(speed.weight_b) < kSmallWeight) return word;
+        const bool has_b = !speed.b.empty() && std::fabs(speed.weight_b) >= kSmallWeight;
+        if (!has_b && IsWhole(speed.weight_a)) return speed.a;
+        if (std::fabs(speed.weight_a) >= kSmallWeight) word_ = Term(speed.a, speed.weight_a);
+        if (!has_b) return word_;
         const std::string second = Term(speed.b, speed.weight_b);
-        return word.empty() ? second : Wrap(word + '+' + second);
+        word_ = word_.empty() ? second : Wrap(word_ + '+' + second);
+        return word_;
     }
 
     CTextResolver& resolver_;
@@ -171,18 +176,16 @@ private:
     ToolData& tool_;
     size_t parameter_;
     std::string scratch_a_, scratch_b_;  // behind the terms
+    std::string word_;
 };
 
-std::string SpeedWord(CTextResolver& resolver, int parameter) {
-    RunContext& run = resolver.run();
-    ToolData& tool = *run.tools.Get(run.state.selected_tool).own;
-    return tool.exists() ? CSpeedEvaluator(resolver, tool, parameter).Word() : std::string();
-}
-
-// Adds the word of one parameter. False if it repeats the last one, which silences the whole directive.
+// Adds the word of one parameter of the selected tool. False if it repeats the last one, which silences the whole directive.
 bool AddSpeedWord(CTextResolver& resolver, int parameter, std::string_view address, bool modal, std::string& last,
                   std::string& words) {
-    const std::string word = SpeedWord(resolver, parameter);
+    RunContext& run = resolver.run();
+    ToolData& tool = *run.tools.Get(run.state.selected_tool).own;
+    CSpeedEvaluator speed(resolver, tool, parameter);
+    const std::string_view word = tool.exists() ? speed.Word() : std::string_view();
     if (modal && !IsNew(last, word)) return false;
     last = word;
     if (word.empty()) return true;

@@ -31,7 +31,8 @@ size_t ReadLength(const char*& from) {
 }  // namespace
 
 void CTextLog::Add(uint8_t tag, std::string_view text) {
-    ReserveInLastChunk(kLongestHead + text.size());
+    const size_t most_bytes = kLongestHead + text.size();
+    if (chunks_.empty() || chunks_.back().capacity - chunks_.back().size < most_bytes) AddChunk(most_bytes);
     Chunk& chunk = chunks_.back();
     if (count_ % kStride == 0) marks_.push_back({chunks_.size() - 1, chunk.size});
     char* const start = chunk.bytes.get() + chunk.size;
@@ -49,8 +50,7 @@ void CTextLog::Clear() {
     total_ = 0;
 }
 
-void CTextLog::ReserveInLastChunk(size_t bytes) {
-    if (!chunks_.empty() && chunks_.back().capacity - chunks_.back().size >= bytes) return;
+void CTextLog::AddChunk(size_t bytes) {
     const size_t capacity = std::max(std::clamp(total_ / kChunkShare, kSmallestChunk, kLargestChunk), bytes);
     total_ += capacity;
     chunks_.push_back({std::unique_ptr<char[]>(new char[capacity]), 0, capacity});

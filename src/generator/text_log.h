@@ -54,7 +54,7 @@ private:
         size_t offset;
     };
 
-    void ReserveInLastChunk(size_t bytes);
+    void AddChunk(size_t bytes);
     // The entry at `place`, which moves to the following entry.
     Entry ReadAt(Place& place) const;
 

@@ -57,8 +57,9 @@ void ReadFlags(const CBrindleOpts& tuning, ToolData& tool) {
 
 }  // namespace
 
-const Tool& CToolTable::Get(int32_t tool) {
-    Tool& entry = tool >= 0 && tool < kQuickTools ? quick_[static_cast<size_t>(tool)] : others_[tool];
+const Tool& CToolTable::GetUnprepared(int32_t tool) {
+    const auto index = static_cast<uint32_t>(tool);
+    Tool& entry = index < kQuickTools ? quick_[index] : others_[tool];
     if (entry.own == nullptr) entry = Prepare(tool);
     return entry;
 }

@@ -1,12 +1,12 @@
 // The tools of a tuning as a run uses them: each prepared when the first record asks for it.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
 #include <unordered_map>
-#include <vector>
 
 #include "generator/compiled_text.h"
 #include "geometry/plane_math.h"
@@ -50,18 +50,23 @@ public:
     explicit CToolTable(const CTextCompiler& compiler) : compiler_(compiler) {}
 
     // Any number may be asked for; one that the tuning does not know gives the default tool or no data.
-    const Tool& Get(int32_t tool);
+    const Tool& Get(int32_t tool) {
+        const auto index = static_cast<uint32_t>(tool);
+        if (index < kQuickTools && quick_[index].own != nullptr) return quick_[index];
+        return GetUnprepared(tool);
+    }
     // The data behind the empty prefix.
     ToolData& WithoutTool() { return without_tool_; }
 
 private:
-    static constexpr int32_t kQuickTools = 64;
+    static constexpr uint32_t kQuickTools = 64;
 
+    const Tool& GetUnprepared(int32_t tool);
     Tool Prepare(int32_t tool);
     ToolData& DataOf(const std::string& prefix);
 
     const CTextCompiler& compiler_;
-    std::vector<Tool> quick_{static_cast<size_t>(kQuickTools)};  // tools 0 to kQuickTools - 1, the usual ones
+    std::array<Tool, kQuickTools> quick_;  // tools 0 to kQuickTools - 1, the usual ones
     std::unordered_map<int32_t, Tool> others_;
     std::unordered_map<std::string, std::unique_ptr<ToolData>> data_;
     ToolData& without_tool_ = DataOf(std::string());

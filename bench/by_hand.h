@@ -1,5 +1,5 @@
-// The text of the benchmark jobs written by hand, as a program for one controller alone would write it: the floors that a
-// run is measured against.
+// The text of the benchmark jobs written by hand, as a program for one controller alone would write it: the floors that
+// a run is measured against.
 #pragma once
 
 #include <cstdint>

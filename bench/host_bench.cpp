@@ -147,7 +147,8 @@ void ReadNumbersByHand(benchmark::State& state) {
         char line[256];
         double sum = 0.0;
         while (std::fgets(line, sizeof line, file) != nullptr) {
-            for (char* at = std::strchr(line, ','); at != nullptr; at = std::strchr(at, ',')) sum += strtod(at + 1, &at);
+            for (char* at = std::strchr(line, ','); at != nullptr; at = std::strchr(at, ','))
+                sum += strtod(at + 1, &at);
         }
         std::fclose(file);
         benchmark::DoNotOptimize(sum);

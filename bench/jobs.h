@@ -22,8 +22,8 @@ extern const Job kLines, kArcs, kTangential, kCalls, kManyTools;
 // (e) with 50 keys.
 extern const Job kManyToolsFewKeys;
 
-// Point `i` of the path that all jobs follow, millimetres: within a sheet, both coordinates new at each point, on a grid of
-// 0.002 so that the middle of two points has three decimals too.
+// Point `i` of the path that all jobs follow, millimetres: within a sheet, both coordinates new at each point, on a
+// grid of 0.002 so that the middle of two points has three decimals too.
 Point PathPoint(int64_t i);
 
 inline constexpr int64_t kCallCount = 1000;

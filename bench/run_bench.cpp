@@ -60,8 +60,8 @@ struct Group {
 };
 
 const Group kGroups[] = {
-    {kLines, LinesByHand},         {kArcs, ArcsByHand},       {kTangential, TangentialByHand},
-    {kCalls, CallsByHand},         {kManyTools, ToolsByHand}, {kManyToolsFewKeys, ToolsByHand},
+    {kLines, LinesByHand}, {kArcs, ArcsByHand},       {kTangential, TangentialByHand},
+    {kCalls, CallsByHand}, {kManyTools, ToolsByHand}, {kManyToolsFewKeys, ToolsByHand},
 };
 
 void StoreLines(benchmark::State& state) {
@@ -83,7 +83,8 @@ bool RegisterAll() {
         for (const int64_t records : {int64_t{1000}, int64_t{100000}, int64_t{1000000}}) {
             const auto shared = [&](auto* one) { one->Arg(records)->Unit(benchmark::kMillisecond); };
             shared(benchmark::RegisterBenchmark(("run/" + name).c_str(), Run, group.job, group.by_hand));
-            shared(benchmark::RegisterBenchmark(("printf/" + name).c_str(), WriteByHand, group.by_hand, Writer::kPrintf));
+            shared(
+                benchmark::RegisterBenchmark(("printf/" + name).c_str(), WriteByHand, group.by_hand, Writer::kPrintf));
             shared(benchmark::RegisterBenchmark(("to_chars/" + name).c_str(), WriteByHand, group.by_hand,
                                                 Writer::kToChars));
         }

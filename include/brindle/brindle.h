@@ -9,10 +9,10 @@
  *     Nothing is guarded: call from one thread at a time.
  *  2. Every function returns 0, always. Trouble shows as messages in the NC text (`bErrorsAsComments`), and in the text
  *     itself. Functions may be called in any order; one that makes no sense at its time has no effect.
- *  3. Coordinates and lengths are millimetres and angles are radians, whatever the output units are. A number that is not
- *     finite makes the call have no effect.
- *  4. Strings are wide (wchar_t), NUL-terminated. A null string argument counts as empty. The library keeps no pointer of
- *     the host's.
+ *  3. Coordinates and lengths are millimetres and angles are radians, whatever the output units are. A number that
+ *     is not finite makes the call have no effect.
+ *  4. Strings are wide (wchar_t), NUL-terminated. A null string argument counts as empty. The library keeps no
+ *     pointer of the host's.
  *  5. A string given to the host is a new system string: the host owns it and frees it with SysFreeString. It is
  *     NUL-terminated, but may hold NUL characters too; SysStringLen gives its length. A null out-parameter is skipped.
  *  6. A flag is true for any value but 0.
@@ -38,21 +38,21 @@ extern "C" {
 
 /* ---- Session ---- */
 
-/* Ends the session with all that it owns: tuning, job data, geometry, output. With no session it does nothing. Pieces kept
- * by GBrn_AddToTunelineBuffer stay. */
+/* Ends the session with all that it owns: tuning, job data, geometry, output. With no session it does nothing. Pieces
+ * kept by GBrn_AddToTunelineBuffer stay. */
 BRINDLE_API int GBrn_Clear(void);
 
 /* ---- Tuning ----
- * A tuning is a sequence of lines, one typed item each (`BOOL bUseSubs true`). The library opens no tuning file: the host
- * reads the file and delivers its lines, and takes the text back with GBrn_GetTuning to save it. A line that can't be
- * understood is dropped. */
+ * A tuning is a sequence of lines, one typed item each (`BOOL bUseSubs true`). The library opens no tuning file: the
+ * host reads the file and delivers its lines, and takes the text back with GBrn_GetTuning to save it. A line that can't
+ * be understood is dropped. */
 
 /* Sets the name that `@TuneFile` prints. */
 BRINDLE_API int GBrn_SetTuningFileName(const wchar_t* name);
 /* Destroys the items of the tuning. The run-time data definition stays. */
 BRINDLE_API int GBrn_ClearTuning(void);
-/* Keeps a piece of a line that is too long for one transfer; the next line that is read gets all pieces in front. Needs no
- * session. */
+/* Keeps a piece of a line that is too long for one transfer; the next line that is read gets all pieces in front. Needs
+ * no session. */
 BRINDLE_API int GBrn_AddToTunelineBuffer(const wchar_t* piece);
 /* Reads one line: the kept pieces and `text`. */
 BRINDLE_API int GBrn_ReadTuneLine(const wchar_t* text);
@@ -60,13 +60,13 @@ BRINDLE_API int GBrn_ReadTuneLine(const wchar_t* text);
 BRINDLE_API int GBrn_ReadTuneLineIgnoreRTDDefs(const wchar_t* text);
 /* Gives the first key of the tuning, empty if it has none. */
 BRINDLE_API int GBrn_GetStartKey(wchar_t** key);
-/* Gives the line of the item `key` and the key after it, empty behind the last. Both are empty for an unknown key. Run-time
- * data lines do not come by this road. */
+/* Gives the line of the item `key` and the key after it, empty behind the last. Both are empty for an unknown key.
+ * Run-time data lines do not come by this road. */
 BRINDLE_API int GBrn_GetNextTuneLine(const wchar_t* key, wchar_t** line, wchar_t** next_key);
 /* Gives all lines in key order, each with a character of code 8 behind it. */
 BRINDLE_API int GBrn_GetTuning(wchar_t** text);
-/* Opens the tuning editor on the session's tuning. `inches` sets the units it shows. `result` becomes 1 if the user left it
- * with OK, otherwise 0. Without a display the dialog ends as cancelled. */
+/* Opens the tuning editor on the session's tuning. `inches` sets the units it shows. `result` becomes 1 if the user
+ * left it with OK, otherwise 0. Without a display the dialog ends as cancelled. */
 BRINDLE_API int GBrn_DisplayTuningDialog(int inches, const wchar_t* title, int* result);
 
 /* ---- Job data ----
@@ -95,14 +95,15 @@ BRINDLE_API int GBrn_GetTileToOutput(short* tile);
 BRINDLE_API int GBrn_SetOutputName(const wchar_t* name);
 BRINDLE_API int GBrn_SetFileName(const wchar_t* name);
 BRINDLE_API int GBrn_SetMaterialFile(const wchar_t* name);
-/* Text of `@DataSetName`, and the dataset of run-time data that the run uses; one that the tuning lacks gives its first. */
+/* Text of `@DataSetName`, and the dataset of run-time data that the run uses; one that the tuning lacks gives its
+ * first. */
 BRINDLE_API int GBrn_SetDataSetName(const wchar_t* name);
 /* Text of `@TuneMenuPick`, and the name under which run-time data values are stored for the user. */
 BRINDLE_API int GBrn_SetTuneMenuPick(const wchar_t* name);
 
 /* ---- Geometry ----
- * A job is a main program and any number of sub-programs. Records go to the program that was started last; before the first
- * there is none, and records are dropped. */
+ * A job is a main program and any number of sub-programs. Records go to the program that was started last; before the
+ * first there is none, and records are dropped. */
 
 /* Destroys all programs and starts the main program. The centre is that of the program's bounding box, millimetres.
  * `inside` and `horizontal` decide what `@SideCode` and `@GrainCode` print. */
@@ -112,7 +113,8 @@ BRINDLE_API int GBrn_StartSub(const wchar_t* name, double center_x, double cente
 /* Adds a line. `tool_id` is the number of a tool of the tuning, from 1. */
 BRINDLE_API int GBrn_AddLine(short tool_id, short line_type, double cut_width, double start_x, double start_y,
                              double end_x, double end_y, double bridge_width, short bridge_count);
-/* Adds an arc, or a circle whose start is its end. A positive radius means clockwise, a negative one counter-clockwise. */
+/* Adds an arc, or a circle whose start is its end. A positive radius means clockwise, a negative one
+ * counter-clockwise. */
 BRINDLE_API int GBrn_AddArc(short tool_id, short line_type, double cut_width, double start_x, double start_y,
                             double end_x, double end_y, double center_x, double center_y, double radius,
                             double bridge_width, short bridge_count);
@@ -121,22 +123,23 @@ BRINDLE_API int GBrn_AddArc(short tool_id, short line_type, double cut_width, do
 BRINDLE_API int GBrn_AddText(short tool_id, short line_type, double start_x, double start_y, double end_x, double end_y,
                              double first_length, double rotation, double extra_value, double second_length,
                              double height, const wchar_t* text);
-/* Adds a call of the sub-program `name`, placed at (x, y), rotated by `rotation` radians counter-clockwise and mirrored:
- * `mirror_x` negates x, `mirror_y` negates y. The sub-program may be sent later. A call of an unknown one gives no output. */
+/* Adds a call of the sub-program `name`, placed at (x, y), rotated by `rotation` radians counter-clockwise and
+ * mirrored: `mirror_x` negates x, `mirror_y` negates y. The sub-program may be sent later. A call of an unknown one
+ * gives no output. */
 BRINDLE_API int GBrn_AddInclude(const wchar_t* name, double x, double y, double center_x, double center_y,
                                 double rotation, int mirror_x, int mirror_y);
-/* Reads a CFF2 drawing in the place of all programs, as if it came through the functions above. A file that can't be opened
- * changes nothing. */
+/* Reads a CFF2 drawing in the place of all programs, as if it came through the functions above. A file that can't be
+ * opened changes nothing. */
 BRINDLE_API int GBrn_OpenCF2File(const wchar_t* path);
 
 /* ---- Run-time data ----
- * Values that templates use (`<RTD(1,2)>`) but that are settled at output time. The exchange: read the definition file, take
- * each expression and set its value, then update the defaults. */
+ * Values that templates use (`<RTD(1,2)>`) but that are settled at output time. The exchange: read the definition file,
+ * take each expression and set its value, then update the defaults. */
 
 /* Reads a definition file in the place of the tuning's definition; its expressions become pending. */
 BRINDLE_API int GBrn_ReadRTDDefFromFile(const wchar_t* path);
-/* Takes the next pending expression: its text, and 1 for a text or 0 for a number. With none left `expression` is empty and
- * `is_text` is left alone. */
+/* Takes the next pending expression: its text, and 1 for a text or 0 for a number. With none left `expression` is empty
+ * and `is_text` is left alone. */
 BRINDLE_API int GBrn_GetNextRTDExpr(wchar_t** expression, int* is_text);
 /* Hands over what the host computed for an expression. */
 BRINDLE_API int GBrn_SetRTDExprValue(const wchar_t* expression, const wchar_t* value);
@@ -146,8 +149,8 @@ BRINDLE_API int GBrn_UpdateDefaultValuesForExpressions(const wchar_t* path);
 BRINDLE_API int GBrn_GetNameTuneFileForRTDDef(wchar_t** path);
 /* Forgets the values of the last run and that name. The definition stays. */
 BRINDLE_API int GBrn_ClearRunTimeData(void);
-/* Lets the user set the values of a dataset, of the definition in `definition_path` or, if that is empty, of the tuning's.
- * `chosen` becomes the dataset that was shown last, empty if the user cancelled. */
+/* Lets the user set the values of a dataset, of the definition in `definition_path` or, if that is empty, of the
+ * tuning's. `chosen` becomes the dataset that was shown last, empty if the user cancelled. */
 BRINDLE_API int GBrn_DisplayRTDataDlg(const wchar_t* definition_path, const wchar_t* dataset,
                                       const wchar_t* tuning_pick, wchar_t** chosen);
 
@@ -163,8 +166,8 @@ BRINDLE_API int GBrn_GetNumOfBuffers(short* count);
 BRINDLE_API int GBrn_SetCurBuffer(short number);
 /* 1 if the current buffer holds a further piece, otherwise 0. */
 BRINDLE_API int GBrn_CurBufferHasMoreData(int* more);
-/* Takes the next piece of the current buffer, which then is gone from it; empty if there is none. Written one behind the
- * other, with nothing between them, the pieces of a buffer are the NC file. */
+/* Takes the next piece of the current buffer, which then is gone from it; empty if there is none. Written one behind
+ * the other, with nothing between them, the pieces of a buffer are the NC file. */
 BRINDLE_API int GBrn_GetOutputBuffer(wchar_t** text);
 /* Gives "IODWELL". A piece that begins with it is no NC text but asks the host for a dwell; its parameter follows. */
 BRINDLE_API int GBrn_GetIODwellStr(wchar_t** text);

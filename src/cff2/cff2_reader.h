@@ -8,9 +8,9 @@
 
 namespace brindle {
 
-// Reads the drawing at `path` in the place of all programs. Its unit records set `job.auto_inches`. Records that are short,
-// not finite, or before the `UR` record that starts the main program are dropped. False, with everything left alone, if
-// the file can't be read.
+// Reads the drawing at `path` in the place of all programs. Its unit records set `job.auto_inches`. Records that are
+// short, not finite, or before the `UR` record that starts the main program are dropped. False, with everything left
+// alone, if the file can't be read.
 bool ReadCF2(const std::string& path, CNCGeomMgr& geometry, JobData& job);
 
 }  // namespace brindle

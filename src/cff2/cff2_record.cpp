@@ -33,8 +33,7 @@ CutAttributes CutOf(const Words& words, size_t bridge_count, size_t bridge_width
 Record LineOf(const Words& words) { return Line{CutOf(words, 8, 9), PointOf(words, 4), PointOf(words, 6)}; }
 
 Record ArcOf(const Words& words) {
-    return Arc{CutOf(words, 12, 11), PointOf(words, 4), PointOf(words, 6), PointOf(words, 8),
-               LeadingDouble(words[10])};
+    return Arc{CutOf(words, 12, 11), PointOf(words, 4), PointOf(words, 6), PointOf(words, 8), LeadingDouble(words[10])};
 }
 
 Record TextOf(const Words& words) {
@@ -48,8 +47,8 @@ struct RecordType {
 };
 
 constexpr RecordType kTypes[] = {
-    {"MAIN", 2, MainOf}, {"UR", 3, CornerOf},      {"SUB", 2, SubOf}, {"C", 7, CallOf}, {"UI", 2, InchesOf},
-    {"UM", 2, MillimetresOf}, {"T", 9, TextOf}, {"A", 13, ArcOf},  {"L", 10, LineOf},
+    {"MAIN", 2, MainOf},      {"UR", 3, CornerOf}, {"SUB", 2, SubOf}, {"C", 7, CallOf},  {"UI", 2, InchesOf},
+    {"UM", 2, MillimetresOf}, {"T", 9, TextOf},    {"A", 13, ArcOf},  {"L", 10, LineOf},
 };
 
 }  // namespace

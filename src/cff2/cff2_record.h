@@ -47,7 +47,8 @@ struct Text {
     double rotation;
     double height;
 };
-// A record of a type that a job can hold, but with too few words; a text of this kind uses up the next line all the same.
+// A record of a type that a job can hold, but with too few words; a text of this kind uses up the next line all the
+// same.
 struct Short {
     std::string_view type;
     size_t words_needed;

@@ -21,8 +21,7 @@ double Coordinate(Point p, int axis) { return axis == 0 ? p.x : p.y; }
 void AxisWord(CTextResolver& resolver, int axis, double coordinate, OptionText& address, const PointStyle& style,
               std::string& out) {
     RunContext& run = resolver.run();
-    const double value =
-        style.absolute ? coordinate : coordinate - Coordinate(run.controller.last_position, axis);
+    const double value = style.absolute ? coordinate : coordinate - Coordinate(run.controller.last_position, axis);
     const CNumberText number = AxisNumber(run, axis, value);
     std::string& last = axis == 0 ? run.state.last_axis1 : run.state.last_axis2;
     if (style.modal && (style.absolute ? !IsNew(last, number.view()) : std::fabs(value) < kTolerance)) return;

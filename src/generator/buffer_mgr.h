@@ -17,16 +17,17 @@ inline constexpr std::string_view kDwellMarker = "IODWELL";
 inline constexpr std::string_view kLineEndCodes = "chr(13)chr(10)";
 inline constexpr std::string_view kLineEnd = "\r\n";
 
-// Buffers are numbered from 1. The current one is both where a run writes and where the host reads; a piece is read once.
+// Buffers are numbered from 1. The current one is both where a run writes and where the host reads; a piece is read
+// once.
 class CBufferMgr {
 public:
     // Drops all buffers.
     void Reset();
     // Starts an empty buffer behind the others and makes it current.
     void NewBuffer();
-    // Adds a finished block to the current buffer, which is made if there is none. Its character codes are expanded in place. A block
-    // with a dwell becomes the text before the marker, the marker with its parameter, and the rest; a dwell alone on its
-    // block leaves no line end.
+    // Adds a finished block to the current buffer, which is made if there is none. Its character codes are expanded in
+    // place. A block with a dwell becomes the text before the marker, the marker with its parameter, and the rest; a
+    // dwell alone on its block leaves no line end.
     void AddToBuffer(std::string& block);
     // The characters put into the current buffer since it was started, for the segment limit.
     uint32_t GetCurBufferSize() const { return bytes_; }

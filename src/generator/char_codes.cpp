@@ -13,9 +13,10 @@ constexpr std::string_view kOpening = "chr(";
 
 }  // namespace
 
-// Works in place with a finished part [0, done) and a rest [rest, end). A word is cut off the front of the rest, and its
-// character is put in front of what is left, together with the last characters of the finished part that may form a word
-// with it. The gap between the parts is never shorter than what moves back, because a word is longer than its character.
+// Works in place with a finished part [0, done) and a rest [rest, end). A word is cut off the front of the rest, and
+// its character is put in front of what is left, together with the last characters of the finished part that may form a
+// word with it. The gap between the parts is never shorter than what moves back, because a word is longer than its
+// character.
 void ExpandCharCodes(std::string& text) {
     size_t done = text.find(kOpening);
     if (done == std::string::npos) return;

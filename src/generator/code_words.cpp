@@ -35,8 +35,8 @@ void InterpCode(CTextResolver& resolver, const CAtDirKeywords& keywords, std::st
 void AbsIncCode(CTextResolver& resolver, const CAtDirKeywords& keywords, std::string& out) {
     RunContext& run = resolver.run();
     CodeOptions& codes = run.options.codes;
-    ModalCode(resolver, run.controller.absolute_mode ? codes.abs : codes.inc,
-              keywords.WantModal(codes.abs_inc_modal), run.state.last_abs_inc_code, out);
+    ModalCode(resolver, run.controller.absolute_mode ? codes.abs : codes.inc, keywords.WantModal(codes.abs_inc_modal),
+              run.state.last_abs_inc_code, out);
 }
 
 void UnitsCode(CTextResolver& resolver, const CAtDirKeywords& keywords, std::string& out) {

@@ -17,7 +17,9 @@ CompiledPiece CompileDirective(std::string text) {
     return piece;
 }
 
-bool IsNumbering(const CompiledPiece& piece) { return piece.directive != nullptr && piece.directive->numbering != Numbering::kNone; }
+bool IsNumbering(const CompiledPiece& piece) {
+    return piece.directive != nullptr && piece.directive->numbering != Numbering::kNone;
+}
 
 }  // namespace
 

@@ -55,9 +55,9 @@ struct OptionText {
 // A line of a template.
 struct CompiledLine {
     CCompiledText text;
-    bool is_comment = false;   // begins with `!`: gives nothing at all
-    bool is_empty = false;     // gives an empty block
-    bool is_single = false;    // one character: gives a block even if that comes to nothing
+    bool is_comment = false;     // begins with `!`: gives nothing at all
+    bool is_empty = false;       // gives an empty block
+    bool is_single = false;      // one character: gives a block even if that comes to nothing
     bool has_numbering = false;  // holds @NBlockOn or @NBlockOff
 };
 

@@ -37,9 +37,9 @@ private:
     uint32_t HeaderNumber(std::string_view header);
 
     CTextLog log_;
-    std::deque<std::string> headers_;  // by number
+    std::deque<std::string> headers_;                                // by number
     std::unordered_map<std::string_view, uint32_t> header_numbers_;  // keys point into headers_
-    uint32_t last_header_ = 0;         // mostly asked for again
+    uint32_t last_header_ = 0;                                       // mostly asked for again
 };
 
 }  // namespace brindle

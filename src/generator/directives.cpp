@@ -33,6 +33,8 @@ constexpr KeywordSet kRotation = kAddress | kMode | kModal | KeywordSet(K::kRadi
 constexpr std::string_view kAxisDefaults = "output mode, WORD, both axes, bAxisDataModal";
 constexpr std::string_view kModeDefaults = "output mode, WORD, both axes";
 
+// One row a line, however long.
+// clang-format off
 constexpr DirectiveInfo kTable[] = {
     {20201, "@InterpCode", "Geometry", kModal, "bICodesModal", N::kAny, "interpolation code: rapid, linear, clockwise or counter-clockwise", InterpCode},
     {20202, "@StartPtWords", "Geometry", kPoint, kAxisDefaults, N::kAny, "axis words of the record's start point", StartPtWords},
@@ -102,6 +104,7 @@ constexpr DirectiveInfo kTable[] = {
     {20302, "@NBlockOn", "Block numbers", KeywordSet(K::kNormal, K::kSpecial, K::kIncBy, K::kSetTo), "the increment in force", N::kAny, "nothing; blocks from this one on get numbers", NothingToWrite, Numbering::kOn},
     {20304, "@IODwell", "Dwell", kNoKeywords, "", N::kAny, "a dwell for the host, with all that stands between the brackets", IODwell},
 };
+// clang-format on
 
 static_assert(std::is_sorted(std::begin(kTable), std::end(kTable),
                              [](const DirectiveInfo& a, const DirectiveInfo& b) { return a.number < b.number; }));

@@ -23,10 +23,10 @@ struct DirectiveInfo {
     int number;  // place in the chooser of the template editor; a gap of numbers starts a new group
     std::string_view name;
     std::string_view group;
-    KeywordSet keywords;            // those it looks at; all others are ignored
-    std::string_view defaults;      // what holds without keywords, where that is an option's choice
+    KeywordSet keywords;        // those it looks at; all others are ignored
+    std::string_view defaults;  // what holds without keywords, where that is an option's choice
     RecordNeed need;
-    std::string_view gives;         // one sentence
+    std::string_view gives;  // one sentence
     // Adds the directive's characters to `out`, or changes the run's state.
     void (*evaluate)(CTextResolver& resolver, const CAtDirKeywords& keywords, std::string& out);
     Numbering numbering = Numbering::kNone;

@@ -90,8 +90,8 @@ void CEmission::UpdateToolDirection(const CNCData& record) {
 
 bool CEmission::ReportsNoTool(const CNCData& record, const char* what) {
     if (run_.tools.Get(record.GetToolId()).physical->exists()) return false;
-    executor_.resolver().ReportError("WARNING: type " + std::to_string(record.GetLineType()) +
-                                     " maps to tool 0.  " + what + " ignored.");
+    executor_.resolver().ReportError("WARNING: type " + std::to_string(record.GetLineType()) + " maps to tool 0.  " +
+                                     what + " ignored.");
     return true;
 }
 

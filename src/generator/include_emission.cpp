@@ -89,8 +89,12 @@ Point CEmission::EndReference(const CNCIncludeData& record, int32_t program) con
 }
 
 void CEmission::MakeCallPointCurrent(const CNCIncludeData& record, Point place, const CTrans& trans) {
-    const CNCIncludeData call({record.GetIncludeName(), place, {}, record.GetIncludeRotation(),
-                               record.GetIncludeMirrorX(), record.GetIncludeMirrorY()});
+    const CNCIncludeData call({record.GetIncludeName(),
+                               place,
+                               {},
+                               record.GetIncludeRotation(),
+                               record.GetIncludeMirrorX(),
+                               record.GetIncludeMirrorY()});
     run_.SetCurrentRecords(&call, nullptr, trans);
 }
 

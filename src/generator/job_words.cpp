@@ -20,9 +20,7 @@ void BlankSize(CTextResolver& resolver, const CAtDirKeywords& keywords, double s
 void Date(CTextResolver& resolver, const CAtDirKeywords&, std::string& out) { out += Job(resolver).date; }
 void Time(CTextResolver& resolver, const CAtDirKeywords&, std::string& out) { out += Job(resolver).time; }
 void CADFile(CTextResolver& resolver, const CAtDirKeywords&, std::string& out) { out += Job(resolver).file_name; }
-void OutputFile(CTextResolver& resolver, const CAtDirKeywords&, std::string& out) {
-    out += Job(resolver).output_name;
-}
+void OutputFile(CTextResolver& resolver, const CAtDirKeywords&, std::string& out) { out += Job(resolver).output_name; }
 void MaterialFile(CTextResolver& resolver, const CAtDirKeywords&, std::string& out) {
     out += Job(resolver).material_file;
 }

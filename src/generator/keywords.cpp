@@ -41,7 +41,8 @@ CAtDirKeywords::CAtDirKeywords(std::string& directive) {
     const size_t bracket = directive.find('[');
     if (bracket == std::string::npos) return;
     value_text_ = ' ' + UpperCase(std::string_view(directive).substr(bracket + 1));
-    std::replace_if(value_text_.begin(), value_text_.end(), [](char c) { return c == ',' || c == ']'; }, ' ');
+    std::replace_if(
+        value_text_.begin(), value_text_.end(), [](char c) { return c == ',' || c == ']'; }, ' ');
     directive.resize(bracket);
 
     const std::string word_text = this->word_text();
@@ -57,7 +58,8 @@ CAtDirKeywords::CAtDirKeywords(std::string& directive) {
 
 std::string CAtDirKeywords::word_text() const {
     std::string text = value_text_;
-    std::replace_if(text.begin(), text.end(), [](char c) { return c == '(' || c == ')'; }, ' ');
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return c == '(' || c == ')'; }, ' ');
     return text;
 }
 

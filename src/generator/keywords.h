@@ -9,10 +9,12 @@
 
 namespace brindle {
 
+// clang-format off
 enum class Keyword : uint8_t {
     kA1, kA2, kWord, kData, kAbs, kInc, kModal, kNonModal, kIncBy, kSetTo,
     kNormal, kSpecial, kMoveTo, kNDec, kFactor, kCos, kSin, kRadial, kSilent,
 };
+// clang-format on
 inline constexpr size_t kKeywordCount = 19;
 
 // A set of keywords.
@@ -47,8 +49,8 @@ std::span<const KeywordInfo> KeywordTable();
 // The argument list of one directive, parsed once when its template is compiled.
 //
 // Arguments stand between `[` and `]`, separated by commas, blanks or both, in any case; what follows a `]` counts as
-// further arguments. A keyword is found where it stands as a word of its own. A value in parentheses is found wherever its
-// keyword's letters first stand: the character behind them is skipped and the number goes on to the next `)`.
+// further arguments. A keyword is found where it stands as a word of its own. A value in parentheses is found wherever
+// its keyword's letters first stand: the character behind them is skipped and the number goes on to the next `)`.
 class CAtDirKeywords {
 public:
     CAtDirKeywords() = default;

@@ -32,12 +32,12 @@ void CNumberText::WriteFixed(double value, int places) {
     end_ = std::to_chars(begin_, begin_ + characters_.size(), value, std::chars_format::fixed, places).ptr;
 }
 
-// Writes by way of a whole number of the last places. False where that might not be the correctly rounded text: then the
-// value is too large, or too near the middle between two texts.
+// Writes by way of a whole number of the last places. False where that might not be the correctly rounded text: then
+// the value is too large, or too near the middle between two texts.
 //
-// The scaled value has an error of at most half a unit in its last place, which is below 1/8 for values up to 2^50. So one
-// that lies within 1/4 of a whole number rounds to that number, whatever its exact value is. Values on the grid of their
-// decimals, and so nearly all of a run, do.
+// The scaled value has an error of at most half a unit in its last place, which is below 1/8 for values up to 2^50. So
+// one that lies within 1/4 of a whole number rounds to that number, whatever its exact value is. Values on the grid of
+// their decimals, and so nearly all of a run, do.
 bool CNumberText::WriteScaled(double value, int places) {
     constexpr double kPowers[] = {1.0, 10.0, 100.0, 1000.0, 10000.0, 100000.0, 1000000.0};
     const double scaled = std::fabs(value) * kPowers[places];

@@ -15,8 +15,8 @@ struct TrimFlags {
 };
 
 // A number as text. Decimals: kWholeNumber a whole number without a point, 0 a whole number with one, 1 to 5 that many
-// places, any other value six. The whole-number forms drop the fraction and saturate at 32 bits, so callers round first.
-// Never a minus sign in front of zero that comes from a negative zero; not-finite values print as 0.
+// places, any other value six. The whole-number forms drop the fraction and saturate at 32 bits, so callers round
+// first. Never a minus sign in front of zero that comes from a negative zero; not-finite values print as 0.
 class CNumberText {
 public:
     CNumberText(double value, int32_t decimals, TrimFlags trim);

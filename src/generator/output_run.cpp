@@ -55,8 +55,8 @@ void COutputRun::TakeSettings() {
     run_.controller.absolute_mode = programs.absolute;
 }
 
-// Comes before the end of a segment is measured, so that it is measured from the same state in each run, and again behind
-// it.
+// Comes before the end of a segment is measured, so that it is measured from the same state in each run, and again
+// behind it.
 void COutputRun::ResetController() {
     CNCControllerState& controller = run_.controller;
     controller.fly_mode_on = false;
@@ -98,8 +98,8 @@ void COutputRun::OutputMain() {
 
 void COutputRun::FinishMain(const CTrans& trans) {
     const ProgramOptions& programs = run_.options.programs;
-    const int32_t tool = programs.use_primary_tool ? programs.primary_tool
-                                                   : run_.controller.current_item().Get().GetToolId();
+    const int32_t tool =
+        programs.use_primary_tool ? programs.primary_tool : run_.controller.current_item().Get().GetToolId();
     MakeFinalRecordCurrent(tool, trans);
     if (tool != 0 && programs.use_primary_tool) {
         tools_.ToolChange();

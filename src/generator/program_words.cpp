@@ -79,8 +79,9 @@ void CurProgNum(CTextResolver& resolver, const CAtDirKeywords& keywords, std::st
     const int32_t variant = run.controller.current_program;
     const bool in_main = variant < 0;
     if (subs.by_sequence) {
-        const int32_t sequence =
-            in_main ? MainSequence(run) : run.options.programs.subs_first ? variant : WrapAdd(variant, 1);
+        const int32_t sequence = in_main                           ? MainSequence(run)
+                                 : run.options.programs.subs_first ? variant
+                                                                   : WrapAdd(variant, 1);
         return AppendInt(out, SequenceNumber(subs, MainNumber(resolver), WrapAdd(sequence, further)));
     }
     if (in_main && !counts_on) return resolver.AppendText(subs.main_number, out);

@@ -49,8 +49,8 @@ std::string IncrementalNumber(const RunContext& run, double degrees) {
     return std::string(CNumberText(value, rotation.decimals, run.settings.trim).view());
 }
 
-// The direction that the turn reaches, which for a symmetric tool need not be the record's own. A minus sign tells that the
-// tool travels there the negative way round.
+// The direction that the turn reaches, which for a symmetric tool need not be the record's own. A minus sign tells that
+// the tool travels there the negative way round.
 std::string AbsoluteNumber(const RunContext& run, const Turn& turn) {
     const RotationOptions& rotation = run.options.rotation;
     const double degrees = turn.Degrees();

@@ -1,4 +1,5 @@
-// The direction of a tangential tool: rotation words, auxiliary codes, and the directive that tells where the tool points.
+// The direction of a tangential tool: rotation words, auxiliary codes, and the directive that tells where the tool
+// points.
 #pragma once
 
 #include <string>

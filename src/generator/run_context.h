@@ -24,8 +24,8 @@ struct RunSettings {
     std::string open_comment, close_comment;
     bool default_tool_allowed = false;
     int32_t number_of_tools = 0;
-    int32_t segment_limit = -1;    // bytes, negative for none
-    uint32_t segment_reserve = 0;  // bytes held back for the end of a segment
+    int32_t segment_limit = -1;       // bytes, negative for none
+    uint32_t segment_reserve = 0;     // bytes held back for the end of a segment
     bool keep_physical_tool = false;  // a change within one physical tool is under way
 };
 

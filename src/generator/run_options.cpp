@@ -174,8 +174,12 @@ SpeedOptions ReadSpeed(const CTextCompiler& compiler) {
         .threshold25 = tuning.ReadReal(Key("SRF_rThreshold25MM")),
         .threshold50 = tuning.ReadReal(Key("SRF_rThreshold50MM")),
         .threshold100 = tuning.ReadReal(Key("SRF_rThreshold100MM")),
-        .open_bracket = curly ? '{' : round ? '(' : '[',
-        .close_bracket = curly ? '}' : round ? ')' : ']',
+        .open_bracket = curly   ? '{'
+                        : round ? '('
+                                : '[',
+        .close_bracket = curly   ? '}'
+                         : round ? ')'
+                                 : ']',
     };
 }
 

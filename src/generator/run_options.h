@@ -7,8 +7,8 @@
 
 namespace brindle {
 
-// What an axis prints and where. Decimals per axis and output unit are of two kinds, because an absent key counts as 2 for
-// the grid of a metric axis but as 3 where its number is printed.
+// What an axis prints and where. Decimals per axis and output unit are of two kinds, because an absent key counts as 2
+// for the grid of a metric axis but as 3 where its number is printed.
 struct AxisOptions {
     struct Unit {
         int32_t grid_decimals[2];
@@ -39,9 +39,9 @@ struct ArcOptions {
     bool subtended_positive_cw;
     double subtended_factor;
     int32_t subtended_decimals;
-    double facet_tolerance;       // millimetres
-    double largest_word_inches;   // `rMaxOrdMM`, which is consulted for output in inches
-    double largest_word_metric;   // `rMaxOrdIN`, for output in millimetres
+    double facet_tolerance;      // millimetres
+    double largest_word_inches;  // `rMaxOrdMM`, which is consulted for output in inches
+    double largest_word_metric;  // `rMaxOrdIN`, for output in millimetres
 };
 
 struct CodeOptions {
@@ -63,9 +63,9 @@ struct BlockOptions {
 
 struct ProgramOptions {
     bool inches_auto, inches;
-    bool absolute;                    // of the main program
+    bool absolute;  // of the main program
     bool use_subs, subs_first, sub_numbers_by_block;
-    bool subs_absolute;               // holds only where the main program is absolute
+    bool subs_absolute;  // holds only where the main program is absolute
     bool start_subs_at_center, end_subs_at_center;
     bool rotations_in_use, mirror_in_use;
     bool use_text;

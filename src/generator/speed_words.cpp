@@ -18,7 +18,8 @@ struct Speed {
     double weight_b = 1.0;
 };
 
-// The two values between which a direction lies, by number from 0: axis 1 plus, axis 2 plus, axis 1 minus, axis 2 minus.
+// The two values between which a direction lies, by number from 0: axis 1 plus, axis 2 plus, axis 1 minus, axis 2
+// minus.
 struct Quadrant {
     int a, b;
 };
@@ -179,7 +180,8 @@ private:
     std::string word_;
 };
 
-// Adds the word of one parameter of the selected tool. False if it repeats the last one, which silences the whole directive.
+// Adds the word of one parameter of the selected tool. False if it repeats the last one, which silences the whole
+// directive.
 bool AddSpeedWord(CTextResolver& resolver, int parameter, std::string_view address, bool modal, std::string& last,
                   std::string& words) {
     RunContext& run = resolver.run();

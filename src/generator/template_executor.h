@@ -11,8 +11,8 @@ class CTemplateExecutor {
 public:
     CTemplateExecutor(RunContext& run, CTextResolver& resolver) : run_(run), resolver_(resolver) {}
 
-    // Runs the lines of a template, then forgets the last words that its flags name. A template without lines gives no text,
-    // but shows in the trace, and its flags act.
+    // Runs the lines of a template, then forgets the last words that its flags name. A template without lines gives no
+    // text, but shows in the trace, and its flags act.
     void ExecuteTemplate(const CompiledTemplate& compiled);
     CTextResolver& resolver() { return resolver_; }
 

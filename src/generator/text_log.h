@@ -9,8 +9,8 @@
 
 namespace brindle {
 
-// Texts with a small tag each, in order of arrival. Adding costs the copy of the text; the overhead is a few bytes per text.
-// Views stay valid until Clear or the log's end.
+// Texts with a small tag each, in order of arrival. Adding costs the copy of the text; the overhead is a few bytes per
+// text. Views stay valid until Clear or the log's end.
 class CTextLog {
 public:
     struct Entry {

@@ -14,16 +14,10 @@ void CTextResolver::ResolveText(const CCompiledText& text, std::string& out) {
     for (const CompiledPiece& piece : text.pieces()) {
         switch (piece.kind) {
             case CompiledPiece::Kind::kFixed:
-            case CompiledPiece::Kind::kRunValue:
-                out += piece.text;
-                break;
-            case CompiledPiece::Kind::kDirective:
-                piece.directive->evaluate(*this, piece.keywords, out);
-                break;
+            case CompiledPiece::Kind::kRunValue: out += piece.text; break;
+            case CompiledPiece::Kind::kDirective: piece.directive->evaluate(*this, piece.keywords, out); break;
             case CompiledPiece::Kind::kUnknownDirective:
-            case CompiledPiece::Kind::kMissingRunValue:
-                ReportUnresolved(piece.text);
-                break;
+            case CompiledPiece::Kind::kMissingRunValue: ReportUnresolved(piece.text); break;
         }
     }
 }
@@ -60,7 +54,8 @@ bool CTextResolver::MayRead(const OptionText& option) {
 
 void CTextResolver::AddBlockDelimiter(std::string& block) {
     if (!run_.options.blocks.standard_delimiter) return AppendText(run_.options.blocks.delimiter, block);
-    // Ready characters where they come to the same: a block with character codes of its own is expanded as a whole later.
+    // Ready characters where they come to the same: a block with character codes of its own is expanded as a whole
+    // later.
     block += block.find("chr(") == std::string::npos ? kLineEnd : kLineEndCodes;
 }
 

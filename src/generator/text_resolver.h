@@ -8,12 +8,12 @@
 
 namespace brindle {
 
-// Resolves template lines and option texts piece by piece, from left to right; each word sees the state as the words to its
-// left have left it. What can't be evaluated is reported and gives nothing.
+// Resolves template lines and option texts piece by piece, from left to right; each word sees the state as the words to
+// its left have left it. What can't be evaluated is reported and gives nothing.
 //
-// An option text may hold words whose options hold words in turn. So that none can hang a run, a text that is read while it
-// is being resolved, one that would be the 33rd in a chain, and one behind the 10,000th read of an outermost one give
-// nothing and are reported.
+// An option text may hold words whose options hold words in turn. So that none can hang a run, a text that is read
+// while it is being resolved, one that would be the 33rd in a chain, and one behind the 10,000th read of an outermost
+// one give nothing and are reported.
 class CTextResolver {
 public:
     explicit CTextResolver(RunContext& run) : run_(run) {}
@@ -41,8 +41,8 @@ private:
     bool MayRead(const OptionText& option);
 
     RunContext& run_;
-    int depth_ = 0;       // of option texts that are being resolved
-    int reads_ = 0;       // within the outermost one
+    int depth_ = 0;  // of option texts that are being resolved
+    int reads_ = 0;  // within the outermost one
     bool writing_comment_ = false;
 };
 

@@ -5,12 +5,12 @@
 
 namespace brindle {
 
-// Tool on tells whether a template is needed, tool down decides the interpolation code of a block. A tool that is on in an
-// unknown state (as behind a sub-program call) gets both templates out at the next occasion.
+// Tool on tells whether a template is needed, tool down decides the interpolation code of a block. A tool that is on in
+// an unknown state (as behind a sub-program call) gets both templates out at the next occasion.
 //
-// Order at a change: own deselection, physical deselection, physical selection, own selection. Switching on goes physical
-// first and own second, switching off the other way round. Between tools that follow one physical tool, its templates stay
-// out.
+// Order at a change: own deselection, physical deselection, physical selection, own selection. Switching on goes
+// physical first and own second, switching off the other way round. Between tools that follow one physical tool, its
+// templates stay out.
 class CToolControl {
 public:
     CToolControl(RunContext& run, CTemplateExecutor& executor) : run_(run), executor_(executor) {}

@@ -13,8 +13,8 @@
 
 namespace brindle {
 
-// What the tuning holds behind one tool prefix. The empty prefix, of a tool without data, holds the keys that stand without
-// a prefix.
+// What the tuning holds behind one tool prefix. The empty prefix, of a tool without data, holds the keys that stand
+// without a prefix.
 struct ToolData {
     std::string prefix;
     CompiledTemplate select, deselect, on, off;
@@ -26,15 +26,15 @@ struct ToolData {
     bool off_before_deselect = false;
     bool on_after_select = false;
     bool tangential = false;
-    bool symmetric = false;     // tangential, and the same after half a turn
+    bool symmetric = false;  // tangential, and the same after half a turn
     bool fly = false;
     bool facets_small_arcs = false;
-    double fly_deviation = 0.0;      // degrees
-    double shortest_lift = 0.0;      // millimetres: a shorter gap is crossed with the tool down
-    double lift_angle = 0.0;         // degrees
-    double small_arc_radius = 0.0;   // millimetres
+    double fly_deviation = 0.0;             // degrees
+    double shortest_lift = 0.0;             // millimetres: a shorter gap is crossed with the tool down
+    double lift_angle = 0.0;                // degrees
+    double small_arc_radius = 0.0;          // millimetres
     std::optional<double> small_arc_angle;  // degrees; without it small arcs stay arcs
-    Point offset;                    // millimetres, applied by software
+    Point offset;                           // millimetres, applied by software
 
     bool exists() const { return !prefix.empty(); }
 };

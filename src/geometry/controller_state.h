@@ -48,10 +48,10 @@ enum class MoveKind : int32_t { kNone = -1, kRapid = 0, kLinear = 1 };
 // The simulated controller. Lives as long as the session; a run sets most fields anew.
 class CNCControllerState {
 public:
-    // Puts copies of `current` and `next`, either of which may be null, into the items and carries them through `trans`,
-    // each with its own tool's offset (millimetres) taken off if it is a line or an arc. `transform` ends as the one that
-    // the current record went through. A record that was the next one is not copied and transformed again: as long as a
-    // record is in an item, neither it nor another one in its place may change.
+    // Puts copies of `current` and `next`, either of which may be null, into the items and carries them through
+    // `trans`, each with its own tool's offset (millimetres) taken off if it is a line or an arc. `transform` ends as
+    // the one that the current record went through. A record that was the next one is not copied and transformed again:
+    // as long as a record is in an item, neither it nor another one in its place may change.
     void SetCurrentRecords(const CNCData* current, const CNCData* next, const CTrans& trans, Point current_tool_offset,
                            Point next_tool_offset);
     // Records that were in an item may change from here on.
@@ -85,7 +85,7 @@ public:
 
 private:
     CNCGeomItem items_[2];
-    size_t current_ = 0;  // the other one is the next item
+    size_t current_ = 0;                    // the other one is the next item
     const CNCData* next_record_ = nullptr;  // what the next item was made from, and how
     CTrans next_trans_;
 };

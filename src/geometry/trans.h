@@ -31,7 +31,7 @@ public:
     double scale = 1.0;
     double axis1_factor = 1.0;
     double axis2_factor = 1.0;
-    Rotation rotation;  // radians, counter-clockwise
+    Rotation rotation;      // radians, counter-clockwise
     bool mirror_x = false;  // negate x
     bool mirror_y = false;  // negate y
     int32_t axis1_decimals = 6;

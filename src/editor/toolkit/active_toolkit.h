@@ -1,0 +1,14 @@
+// The toolkit in which dialogs open: one for the process, because a process has one display and one user.
+#pragma once
+
+#include "editor/toolkit/windows.h"
+
+namespace brindle {
+
+// Null if there is none; every dialog then ends as cancelled.
+CToolkit* ActiveToolkit();
+
+// Puts `toolkit` in its place, null for none. It must stay alive as long as it is active.
+void SetActiveToolkit(CToolkit* toolkit);
+
+}  // namespace brindle

@@ -24,8 +24,10 @@ void RunContext::SetCurrentRecords(const CNCData* current, const CNCData* next, 
 
 bool RunContext::IsAtLastPosition(Point p) const {
     if (state.PositionUnknown()) return false;
+    const Point last = controller.last_position;
+    if (p.x == last.x && p.y == last.y) return true;  // mostly: records that meet
     const AxisOptions::Unit& unit = AxisUnit();
-    return PointsCoincide(controller.last_position, p, unit.step[0], unit.step[1]);
+    return PointsCoincide(last, p, unit.step[0], unit.step[1]);
 }
 
 CTrans RunContext::PlaneTransform() const {

@@ -5,6 +5,7 @@ set -euo pipefail
 packages=(
     make cmake ninja-build g++ python3
     libcli11-dev     # command line of the host
+    libmuparser-dev  # arithmetic of run-time data expressions
     libgtest-dev     # tests
     libbenchmark-dev # benchmarks
     clang-format clang-tidy

@@ -1,0 +1,38 @@
+#include "host/check_findings.h"
+
+#include <algorithm>
+#include <tuple>
+
+namespace brindle::host {
+namespace {
+
+constexpr size_t kMostKept = 100000;
+constexpr size_t kMostPrinted = 1000;  // nobody reads more
+
+}  // namespace
+
+void CFindings::Add(Severity severity, size_t line, size_t column, size_t length, std::string text) {
+    ++counts_[static_cast<size_t>(severity)];
+    if (findings_.size() < kMostKept) findings_.push_back({severity, line, column, length, std::move(text)});
+}
+
+void CFindings::Print(const TuningFile& file) {
+    std::stable_sort(findings_.begin(), findings_.end(), [](const Finding& a, const Finding& b) {
+        return std::tie(a.line, a.column) < std::tie(b.line, b.column);
+    });
+    const std::string name = file.path == "-" ? "standard input" : file.path;
+    for (size_t i = 0; i < std::min(findings_.size(), kMostPrinted); ++i) {
+        const Finding& finding = findings_[i];
+        const std::string_view line = finding.line == 0 ? std::string_view() : file.lines[finding.line - 1];
+        PrintDiagnostic(finding.severity, {name, finding.line, finding.column, finding.length}, finding.text, line);
+    }
+    const size_t count = counts_[0] + counts_[1] + counts_[2];
+    if (count > kMostPrinted)
+        PrintNote({name}, std::to_string(count - kMostPrinted) + " further messages are left out");
+}
+
+std::string Suggestion(std::string_view name) {
+    return name.empty() ? std::string() : std::string(" (did you mean ").append(name).append("?)");
+}
+
+}  // namespace brindle::host

@@ -1,0 +1,55 @@
+#include <iostream>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "host/check_findings.h"
+#include "host/commands.h"
+#include "host/directive_reference.h"
+#include "host/messages.h"
+#include "host/nearest_name.h"
+
+namespace brindle::host {
+namespace {
+
+struct DirectivesOptions {
+    std::string name;
+    bool markdown = false;
+};
+
+std::string NearestDirective(const std::string& name) {
+    std::vector<std::string_view> names;
+    for (const DirectiveInfo& directive : DirectiveTable()) names.push_back(directive.name);
+    return std::string(NearestName(name, names));
+}
+
+// The entry of a directive; its name may lack the `@`.
+int PrintEntry(const std::string& name) {
+    const std::string full = name.starts_with('@') ? name : "@" + name;
+    if (const DirectiveInfo* const directive = FindDirective(full)) {
+        std::cout << DirectiveEntry(*directive);
+        return kGood;
+    }
+    PrintError({}, "no directive " + Quoted(full) + Suggestion(NearestDirective(full)));
+    return kBadInput;
+}
+
+int PrintDirectives(const DirectivesOptions& options) {
+    if (!options.name.empty()) return PrintEntry(options.name);
+    std::cout << (options.markdown ? DirectivePage() : DirectiveList());
+    return kGood;
+}
+
+}  // namespace
+
+void AddDirectivesCommand(CLI::App& app, int& status) {
+    const auto options = std::make_shared<DirectivesOptions>();
+    CLI::App* const command = app.add_subcommand("directives", "Explains the words of templates");
+    CLI::Option* const name = command->add_option("NAME", options->name, "One directive, with or without its @");
+    command->add_flag("--markdown", options->markdown, "The whole reference as a page in Markdown")->excludes(name);
+    command->footer(
+        "Without NAME all directives and keywords are listed, with NAME its entry is printed, with examples.");
+    command->callback([options, &status] { status = PrintDirectives(*options); });
+}
+
+}  // namespace brindle::host

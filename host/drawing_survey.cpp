@@ -1,0 +1,273 @@
+#include "host/drawing_survey.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <initializer_list>
+#include <unordered_map>
+
+#include "cff2/cff2_record.h"
+#include "host/drawing_numbers.h"
+#include "host/messages.h"
+#include "platform/text_file.h"
+#include "text/ascii.h"
+
+namespace brindle::host {
+namespace {
+
+enum class Kind {
+    kShort,
+    kNotFinite,
+    kBadNumber,
+    kNoProgram,
+    kDiscarded,
+    kTextDropped,
+    kOddText,
+    kUnits,
+    kCase,
+    kName
+};
+constexpr size_t kKinds = 10;
+constexpr size_t kMostOfAKind = 20;
+
+// Findings as they come, with a limit per kind.
+class CFindingList {
+public:
+    void Add(Kind kind, size_t line, std::string text) {
+        LineUse& use = uses_[static_cast<size_t>(kind)];
+        use.Add(line);
+        if (use.count <= kMostOfAKind) findings_.push_back({line, std::move(text)});
+        if (use.count == kMostOfAKind) last_line_[static_cast<size_t>(kind)] = line;
+    }
+
+    std::vector<DrawingFinding> Take() {
+        for (size_t kind = 0; kind < kKinds; ++kind) {
+            if (uses_[kind].count <= kMostOfAKind) continue;
+            const size_t more = uses_[kind].count - kMostOfAKind;
+            findings_.push_back(
+                {last_line_[kind], "and " + std::to_string(more) + " more of this kind behind this line"});
+        }
+        std::stable_sort(findings_.begin(), findings_.end(),
+                         [](const DrawingFinding& a, const DrawingFinding& b) { return a.line < b.line; });
+        return std::move(findings_);
+    }
+
+private:
+    std::array<LineUse, kKinds> uses_ = {};
+    std::array<size_t, kKinds> last_line_ = {};
+    std::vector<DrawingFinding> findings_;
+};
+
+// Follows the reader through a drawing, record by record, with what it keeps and what it drops.
+class CSurveyor {
+public:
+    DrawingSurvey Survey(std::string_view text) {
+        const std::vector<std::string_view> lines = SplitLines(text);
+        for (size_t i = 0; i < lines.size(); ++i) {
+            line_ = i + 1;
+            next_ = i + 1 < lines.size() ? &lines[i + 1] : nullptr;
+            const cff2::Record record = cff2::ParseLine(lines[i], words_);
+            if (std::holds_alternative<cff2::Other>(record)) {
+                LookAtOther();
+                continue;
+            }
+            if (!std::holds_alternative<cff2::Short>(record)) {
+                survey_.has_records = true;
+                ReportNumbers();
+            }
+            std::visit([this](const auto& r) { Take(r); }, record);
+            if (TakesNextLine(record)) ++i;
+        }
+        if (survey_.has_records) LookAtWhole();
+        survey_.findings = findings_.Take();
+        return std::move(survey_);
+    }
+
+private:
+    static bool TakesNextLine(const cff2::Record& record) {
+        const auto* const cut_short = std::get_if<cff2::Short>(&record);
+        return std::holds_alternative<cff2::Text>(record) || (cut_short != nullptr && cut_short->takes_next_line);
+    }
+
+    void Report(Kind kind, std::string text) { findings_.Add(kind, line_, std::move(text)); }
+
+    void ReportNumbers() {
+        for (std::string& fault : FindBadNumbers(words_)) Report(Kind::kBadNumber, std::move(fault));
+    }
+
+    // Whether lengths are finite in millimetres; reported if not.
+    bool IsFinite(std::initializer_list<double> lengths) {
+        const auto finite = [this](double length) { return std::isfinite(length * scale_); };
+        if (std::all_of(lengths.begin(), lengths.end(), finite)) return true;
+        Report(Kind::kNotFinite, "a number is not finite in millimetres: record dropped");
+        return false;
+    }
+
+    // Whether a record reaches a program; reported if not.
+    bool HasProgram() {
+        if (programs_ > 0) return true;
+        Report(Kind::kNoProgram, "record before the UR record: dropped");
+        return false;
+    }
+
+    void Take(const cff2::Other&) {}
+    void Take(const cff2::MainName& r) {
+        if (has_main_) Report(Kind::kName, "MAIN record behind the UR record: the main program keeps its name");
+        main_name_ = r.name;
+        last_start_ = line_;
+    }
+    void Take(const cff2::Units& r) {
+        survey_.inches = r.inches;
+        scale_ = r.inches ? kMillimetresPerInch : 1.0;
+    }
+
+    void Take(const cff2::Short& r) {
+        Report(Kind::kShort, std::string(r.type) + " record with " + std::to_string(words_.size()) + " of " +
+                                 std::to_string(r.words_needed) + " words: dropped");
+    }
+
+    void Take(const cff2::UpperRight& r) {
+        if (!IsFinite({r.corner.x, r.corner.y})) return;
+        if (programs_ > 0) Report(Kind::kDiscarded, "UR record: it discards the programs before it");
+        has_main_ = true;
+        programs_ = 1;
+        survey_.corner = {r.corner.x * scale_, r.corner.y * scale_};
+        survey_.lines = survey_.arcs = survey_.texts = survey_.calls = survey_.subs = 0;
+        survey_.tools.clear();
+        names_ = {{main_name_, line_}};
+        calls_.clear();
+    }
+
+    void Take(const cff2::SubStart& r) {
+        last_start_ = line_;
+        if (programs_++ > 0) ++survey_.subs;
+        const auto [known, is_new] = names_.emplace(r.name, line_);
+        if (is_new) return;
+        Report(Kind::kName, "program " + Quoted(r.name) + " is there already, from line " +
+                                std::to_string(known->second) + ": calls go to that one");
+    }
+
+    void Take(const cff2::Call& r) {
+        if (!HasProgram() || !IsFinite({r.place.x, r.place.y})) return;
+        ++survey_.calls;
+        calls_[r.name].Add(line_);
+    }
+
+    void Take(const cff2::Line& r) {
+        if (!HasProgram()) return;
+        if (!IsFinite({r.cut.cut_width, r.cut.bridge_width, r.start.x, r.start.y, r.end.x, r.end.y})) return;
+        ++survey_.lines;
+        survey_.tools[r.cut.tool_id].Add(line_);
+    }
+
+    void Take(const cff2::Arc& r) {
+        if (!HasProgram()) return;
+        if (!IsFinite({r.cut.cut_width, r.cut.bridge_width, r.start.x, r.start.y, r.end.x, r.end.y, r.center.x,
+                       r.center.y})) {
+            return;
+        }
+        ++survey_.arcs;
+        survey_.tools[r.cut.tool_id].Add(line_);
+    }
+
+    void Take(const cff2::Text& r) {
+        if (next_ == nullptr) return Report(Kind::kTextDropped, "T record at the end, without a line of text: dropped");
+        if (!HasProgram() || !IsFinite({r.place.x, r.place.y})) return;
+        if (programs_ > 1) return Report(Kind::kTextDropped, "text in a sub-program: dropped");
+        ++survey_.texts;
+        std::vector<std::string_view> words;
+        const cff2::Record next = cff2::ParseLine(*next_, words);
+        if (std::holds_alternative<cff2::Line>(next) || std::holds_alternative<cff2::Arc>(next)) {
+            Report(Kind::kOddText, "the next line, which looks like a record, is taken as the text of this one");
+        }
+    }
+
+    void LookAtOther() {
+        if (words_.empty()) return;
+        const std::string_view type = words_[0];
+        if (type == "END") last_end_ = line_;
+        if (type.starts_with('$')) {
+            has_marks_ = true;
+            has_end_mark_ |= type == "$EOF";
+        }
+        if (words_.size() == 1) return LookAtLoneType(type);
+        if (IsType(UpperCase(type))) {
+            Report(Kind::kCase, "record type " + Quoted(type) + " is not in upper case: line ignored");
+        }
+    }
+
+    void LookAtLoneType(std::string_view type) {
+        if (type == "UI") {
+            if (!survey_.inches)
+                Report(Kind::kUnits, "UI has no effect without a second word: lengths stay millimetres");
+        } else if (type == "UM") {
+            if (survey_.inches) Report(Kind::kUnits, "UM has no effect without a second word: lengths stay inches");
+        } else if (IsType(type)) {
+            Report(Kind::kShort, std::string(type) + " record without further words: dropped");
+        }
+    }
+
+    // The types that are known in upper case only.
+    static bool IsType(std::string_view type) {
+        constexpr std::string_view kTypes[] = {"UR", "SUB", "C", "UI", "UM", "T", "A", "L"};
+        return std::find(std::begin(kTypes), std::end(kTypes), type) != std::end(kTypes);
+    }
+
+    void LookAtWhole() {
+        if (!has_main_) {
+            findings_.Add(Kind::kNoProgram, 0,
+                          programs_ > 0 ? "no UR record: the first sub-program is taken as the main program"
+                                        : "no UR record: nothing of the drawing is used");
+        }
+        for (const auto& [name, use] : calls_) {
+            if (names_.contains(name)) continue;
+            findings_.Add(Kind::kName, use.first_line,
+                          "call of program " + Quoted(name) + ", which is not in the drawing: ignored" +
+                              (use.count > 1 ? ", like " + Counted(use.count - 1, "further call") : ""));
+        }
+        if (has_marks_ && !has_end_mark_) {
+            findings_.Add(Kind::kDiscarded, 0, "no $EOF at the end: the drawing seems cut off");
+        } else if (last_end_ != 0 && last_start_ > last_end_) {
+            findings_.Add(Kind::kDiscarded, 0, "no END behind its last program: the drawing seems cut off");
+        }
+    }
+
+    DrawingSurvey survey_;
+    CFindingList findings_;
+    std::vector<std::string_view> words_;
+    size_t line_ = 0;
+    const std::string_view* next_ = nullptr;
+    double scale_ = 1.0;
+    std::string main_name_;
+    size_t programs_ = 0;  // the main program included
+    bool has_main_ = false;
+    std::unordered_map<std::string, size_t> names_;  // of programs, with their first lines
+    std::map<std::string, LineUse> calls_;
+    bool has_marks_ = false, has_end_mark_ = false;
+    size_t last_start_ = 0, last_end_ = 0;  // lines of the last program's start and of the last END
+};
+
+}  // namespace
+
+DrawingSurvey SurveyDrawing(std::string_view text) {
+    const size_t nul = text.find('\0');
+    if (nul == std::string_view::npos) return CSurveyor().Survey(text);
+    DrawingSurvey binary;
+    binary.nul_line =
+        static_cast<size_t>(std::count(text.begin(), text.begin() + static_cast<ptrdiff_t>(nul), '\n')) + 1;
+    return binary;
+}
+
+std::vector<DrawingFinding> FindUnknownTools(const DrawingSurvey& survey, const CBrindleOpts& tuning) {
+    std::vector<DrawingFinding> findings;
+    for (const auto& [tool, use] : survey.tools) {
+        if (!tuning.ToolKeyPrefix(tool, true).empty()) continue;
+        findings.push_back({use.first_line, "tool " + std::to_string(tool) +
+                                                " is not in the tuning: " + Counted(use.count, "record") + " ignored"});
+    }
+    std::stable_sort(findings.begin(), findings.end(),
+                     [](const DrawingFinding& a, const DrawingFinding& b) { return a.line < b.line; });
+    return findings;
+}
+
+}  // namespace brindle::host

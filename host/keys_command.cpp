@@ -1,0 +1,130 @@
+#include <iostream>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "host/check_findings.h"
+#include "host/commands.h"
+#include "host/messages.h"
+#include "host/number_words.h"
+#include "host/text_table.h"
+#include "text/ascii.h"
+#include "tuning/key_catalogue.h"
+
+namespace brindle::host {
+namespace {
+
+const char* KindText(KeyKind kind) {
+    switch (kind) {
+        case KeyKind::kBool: return "BOOL";
+        case KeyKind::kInt: return "INT";
+        case KeyKind::kReal: return "REAL";
+        case KeyKind::kText: return "TEXT";
+        case KeyKind::kTemplate: return "MULTI";
+    }
+    return "";
+}
+
+const char* ScopeText(KeyScope scope) {
+    switch (scope) {
+        case KeyScope::kGlobal: return "alone";
+        case KeyScope::kTool: return "per tool";
+        case KeyScope::kEvent: return "per event";
+    }
+    return "";
+}
+
+std::string DefaultText(const KeyInfo& info, const KeyDefault& value) {
+    if (!value.HasValue()) return "-";
+    switch (info.kind) {
+        case KeyKind::kBool: return value.Bool() ? "true" : "false";
+        case KeyKind::kInt: return std::to_string(value.Int());
+        case KeyKind::kReal: return ShortNumber(value.Real());
+        case KeyKind::kText: return value.Text().empty() ? "(empty)" : std::string(value.Text());
+        case KeyKind::kTemplate: break;
+    }
+    return "-";
+}
+
+bool Holds(std::string_view text, std::string_view pattern) {
+    return UpperCase(text).find(UpperCase(pattern)) != std::string::npos;
+}
+
+// Which rows a pattern asks for: those whose names hold it, or the one that reads the key that it is.
+class RowFilter {
+public:
+    explicit RowFilter(std::string_view pattern) : pattern_(pattern), match_(MatchKey(pattern)) {}
+
+    bool Wants(const KeyInfo& info) const {
+        return match_.info != nullptr ? &info == match_.info : Holds(info.name, pattern_);
+    }
+    bool Wants(const EventInfo& event) const {
+        return match_.info != nullptr ? &event == match_.event : Holds(event.prefix, pattern_);
+    }
+
+private:
+    std::string_view pattern_;
+    KeyMatch match_;
+};
+
+// The rows of one group; empty if the filter wants none.
+std::string GroupText(std::string_view group, const RowFilter& filter) {
+    CTextTable table("  ");
+    table.AddRow({"key", "type", "default", "editor", "stands", "meaning"});
+    bool has_rows = false;
+    for (const KeyInfo& info : KeyCatalogue()) {
+        if (info.group != group || !filter.Wants(info)) continue;
+        has_rows = true;
+        table.AddRow({std::string(info.name), KindText(info.kind), DefaultText(info, info.read_default),
+                      DefaultText(info, info.editor_default), ScopeText(info.scope), std::string(info.meaning)});
+    }
+    return has_rows ? std::string(group).append("\n").append(table.Text()).append("\n") : std::string();
+}
+
+std::string EventsText(const RowFilter& filter) {
+    CTextTable table("  ");
+    table.AddRow({"event", "stands", "executed"});
+    bool has_rows = false;
+    for (const EventInfo& event : TemplateEvents()) {
+        if (!filter.Wants(event)) continue;
+        has_rows = true;
+        table.AddRow({std::string(event.prefix), event.per_tool ? "per tool" : "alone", std::string(event.when)});
+    }
+    return has_rows ? "Events of templates\n" + table.Text() + "\n" : std::string();
+}
+
+int PrintKeys(const std::string& pattern) {
+    const RowFilter filter(pattern);
+    std::string text;
+    std::string_view group;
+    for (const KeyInfo& info : KeyCatalogue()) {
+        if (info.group == group) continue;
+        group = info.group;
+        text += GroupText(group, filter);
+    }
+    text += EventsText(filter);
+    if (text.empty()) {
+        PrintError({}, "no key is or holds " + Quoted(pattern) + Suggestion(NearestKey(pattern)));
+        return kBadInput;
+    }
+    text.pop_back();
+    std::cout << text;
+    return kGood;
+}
+
+}  // namespace
+
+void AddKeysCommand(CLI::App& app, int& status) {
+    const auto pattern = std::make_shared<std::string>();
+    CLI::App* const command = app.add_subcommand("keys", "Lists the keys that a tuning can hold");
+    command->add_option("PATTERN", *pattern,
+                        "A part of the keys that are wanted, or a whole key such as T3_Speed_P1_sV1");
+    command->footer(
+        "default  what a run takes for a key that the tuning lacks, - if it then does without\n"
+        "editor   what the tuning editor stores for it\n"
+        "stands   alone; per tool: behind T1_, T2_ and so on, or T_ for the default tool; per event:\n"
+        "         behind the event, as in Line_tTmpl, or behind tool and event, as in T1_ToolOn_tTmpl");
+    command->callback([pattern, &status] { status = PrintKeys(*pattern); });
+}
+
+}  // namespace brindle::host

@@ -1,0 +1,21 @@
+// A line on the user's terminal that tells what is going on and vanishes when it is over.
+#pragma once
+
+#include <string_view>
+
+namespace brindle::host {
+
+// Shows `text` on standard error from construction to destruction, if that is a terminal. Nothing else may be printed
+// there meanwhile.
+class CProgressLine {
+public:
+    explicit CProgressLine(std::string_view text);
+    CProgressLine(const CProgressLine&) = delete;
+    CProgressLine& operator=(const CProgressLine&) = delete;
+    ~CProgressLine();
+
+private:
+    bool shown_;
+};
+
+}  // namespace brindle::host

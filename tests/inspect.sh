@@ -1,0 +1,62 @@
+#!/usr/bin/env bash
+# The commands that look into tunings and tables: dump, keys, directives, and check of several files.
+# usage: BRINDLE=COMMAND SOURCE_DIR=REPOSITORY inspect.sh
+set -u
+export LC_ALL=C
+
+failed=0
+fail() {
+    echo "FAIL: $1"
+    failed=1
+}
+
+# expect NAME STATUS OUTPUT ARGUMENT...: the command's exit status and all that it prints, errors included.
+expect() {
+    local name=$1 status=$2 wanted=$3 output
+    shift 3
+    output=$("$BRINDLE" "$@" 2>&1 </dev/null)
+    [ $? = "$status" ] || fail "$name: exit status is not $status"
+    [ "$output" = "$wanted" ] || fail "$name: $(diff <(echo "$wanted") <(echo "$output"))"
+}
+
+cd "$SOURCE_DIR/tests" || exit 1
+
+expect 'dump' 0 "$(cat data/dump.txt)" dump data/dump.tun
+expect 'dump of one template' 0 $'template T2_ToolOn_tTmpl\n  line 1\n    text       "M2"' \
+    dump data/dump.tun --template T2_ToolOn_tTmpl
+expect 'dump of one template, by its event' 0 "$("$BRINDLE" dump data/dump.tun --template Line_tTmpl)" \
+    dump data/dump.tun --template Line_
+expect 'dump of a template that is not there' 1 "brindle: data/dump.tun: no template 'Arc_tTmpl'" \
+    dump data/dump.tun --template Arc_tTmpl
+expect 'dump of no tuning' 1 'brindle: bad/bytes.tun:7: a NUL byte: this is no tuning' dump bad/bytes.tun
+expect 'dump of a missing file' 1 'brindle: data/missing.tun: no such file' dump data/missing.tun
+
+expect 'one key' 0 "Tools
+  key            type  default  editor  stands    meaning
+  nPhysicalTool  INT   -        -       per tool  Number of the master tool if bToolSubordinate is true; without this key or at 0 it is the tool itself." \
+    keys T3_nPhysicalTool
+expect 'keys by a part in any case' 0 "$("$BRINDLE" keys facettol)" keys FacetTol
+expect 'no key' 1 "brindle: no key is or holds 'bUseSubz' (did you mean bUseSubs?)" keys bUseSubz
+[ "$("$BRINDLE" keys | grep -c 'SmFacet_')" -ge 3 ] || fail 'the list of all keys lacks some'
+"$BRINDLE" keys Fly | grep -q '^  Fly_PreCheck_ ' || fail 'an event is not found by a part of its name'
+
+expect 'directive without @' 0 "$("$BRINDLE" directives @CutWidth)" directives CutWidth
+"$BRINDLE" directives CutWidth | grep -q '^  prints    D2.000$' || fail 'the entry of a directive lacks its example'
+expect 'no directive' 1 "brindle: no directive '@endptword' (did you mean @EndPtWords?)" directives endptword
+while read -r name; do
+    "$BRINDLE" directives "$name" >/dev/null || fail "$name has no entry"
+done < <("$BRINDLE" directives | grep -o '^    @[A-Za-z0-9]*')
+[ "$("$BRINDLE" directives | grep -c '^    @')" = 58 ] || fail 'not all directives are listed'
+"$BRINDLE" directives CutWidth --markdown >/dev/null 2>&1
+[ $? = 2 ] || fail 'one entry as a page is wrong usage'
+
+expect 'check of several files' 1 'brindle: bad/missing.tun: no such file
+brindle: bad/strict.tun:5: warning: unknown key '"'sNwordAddr'"' (did you mean sNWordAddr?)
+    TEXT sNwordAddr N
+         ^^^^^^^^^^
+1 warning' check bad/plain.tun bad/missing.tun bad/strict.tun
+[ "$("$BRINDLE" check - <bad/strict.tun 2>&1 | head -n 1)" = \
+    "brindle: standard input:5: warning: unknown key 'sNwordAddr' (did you mean sNWordAddr?)" ] ||
+    fail 'check does not read standard input'
+
+exit "$failed"

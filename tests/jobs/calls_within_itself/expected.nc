@@ -1,0 +1,8 @@
+L
+CALL S
+SUB S
+CALL S
+CALL M
+SUB M
+L
+CALL S

@@ -1,0 +1,124 @@
+#include <gtest/gtest.h>
+
+#include <numbers>
+#include <string>
+#include <string_view>
+
+#include "brindle/brindle.h"
+#include "host/directive_examples.h"
+#include "host/directive_reference.h"
+#include "platform/text_encoding.h"
+#include "platform/text_file.h"
+
+namespace brindle::host {
+namespace {
+
+constexpr double kRadiansPerDegree = std::numbers::pi / 180.0;
+
+void ReadTuneLines(std::string_view lines) {
+    for (const std::string_view line : SplitLines(lines)) GBrn_ReadTuneLine(NarrowToWide(line).c_str());
+}
+
+void Send(const ExampleRecord& record) {
+    const Point from = record.start, to = record.end, center = record.center;
+    const std::wstring name = NarrowToWide(record.name);
+    const double rotation = record.degrees * kRadiansPerDegree;
+    switch (record.kind) {
+        case ExampleRecord::Kind::kLine:
+            GBrn_AddLine(1, 1, kExampleCutWidth, from.x, from.y, to.x, to.y, kExampleBridgeWidth, kExampleBridgeCount);
+            break;
+        case ExampleRecord::Kind::kArc:
+            GBrn_AddArc(1, 1, kExampleCutWidth, from.x, from.y, to.x, to.y, center.x, center.y, record.radius,
+                        kExampleBridgeWidth, kExampleBridgeCount);
+            break;
+        case ExampleRecord::Kind::kText:
+            GBrn_AddText(1, 1, from.x, from.y, from.x, from.y, 0.0, rotation, 0.0, 0.0, record.height, name.c_str());
+            break;
+        case ExampleRecord::Kind::kCall:
+            GBrn_AddInclude(name.c_str(), from.x, from.y, 0.0, 0.0, rotation, record.mirror_x ? 1 : 0, 0);
+            break;
+    }
+}
+
+void SendDrawing(const ExampleDrawing& drawing, Point blank) {
+    GBrn_StartMain(L"BOX", blank.x / 2.0, blank.y / 2.0, 1, 1);
+    for (const ExampleRecord& record : drawing.main) Send(record);
+    if (drawing.sub.empty()) return;
+    GBrn_StartSub(L"PART", 10.0, 0.0, 1, 1);
+    for (const ExampleRecord& record : drawing.sub) Send(record);
+}
+
+void SetJob(const ExampleJob& job) {
+    GBrn_SetDate(job.date);
+    GBrn_SetTime(job.time);
+    GBrn_SetFileName(job.drawing_name);
+    GBrn_SetOutputName(job.output_name);
+    GBrn_SetMaterialFile(job.material);
+    GBrn_SetTuningFileName(job.tuning_name);
+    GBrn_SetTuneMenuPick(job.tuning_pick);
+    GBrn_SetDataSetName(job.dataset);
+    GBrn_SetBlankSize(job.blank.x, job.blank.y);
+    GBrn_SetRotaryRadius(job.rotary_radius);
+}
+
+// All pieces but empty ones, each without the end of its block.
+std::string TakeOutput() {
+    std::string output;
+    GBrn_SetCurBuffer(1);
+    for (int more = 0; GBrn_CurBufferHasMoreData(&more), more != 0;) {
+        wchar_t* piece = nullptr;
+        GBrn_GetOutputBuffer(&piece);
+        std::string text = WideToNarrow(piece);
+        SysFreeString(piece);
+        if (text.empty()) continue;
+        if (text.ends_with("\r\n")) text.resize(text.size() - 2);
+        output.append(output.empty() ? "" : "\n").append(text);
+    }
+    return output;
+}
+
+std::string PrintedBy(const DirectiveExample& example) {
+    GBrn_Clear();
+    ReadTuneLines(ExampleTuning());
+    ReadTuneLines(example.options);
+    ReadTuneLines(TemplateLineOf(example));
+    SetJob(TheExampleJob());
+    SendDrawing(FindExampleDrawing(example.drawing), TheExampleJob().blank);
+    GBrn_End();
+    std::string output = TakeOutput();
+    GBrn_Clear();
+    return output;
+}
+
+TEST(DirectiveExamples, PrintWhatTheReferenceSays) {
+    for (const DirectiveExample& example : DirectiveExamples()) {
+        EXPECT_EQ(PrintedBy(example), example.prints) << example.lines;
+    }
+}
+
+TEST(DirectiveExamples, EveryDirectiveHasOneThatUsesIt) {
+    for (const DirectiveInfo& directive : DirectiveTable()) {
+        bool is_used = false;
+        for (const DirectiveExample& example : DirectiveExamples()) {
+            const std::string word = std::string("<").append(directive.name);
+            is_used |= example.directive == directive.name && example.lines.find(word) != std::string_view::npos;
+        }
+        EXPECT_TRUE(is_used) << directive.name;
+    }
+}
+
+TEST(DirectiveExamples, NamesOfTheTableExist) {
+    for (const DirectiveExample& example : DirectiveExamples()) {
+        EXPECT_EQ(FindExampleDrawing(example.drawing).name, example.drawing) << example.lines;
+        EXPECT_TRUE(example.directive.empty() || FindDirective(example.directive) != nullptr) << example.directive;
+    }
+}
+
+TEST(DirectiveReference, ThePageIsWhatTheTablesGive) {
+    const std::optional<std::string> page = ReadWholeFile("docs/directives.md");
+    ASSERT_TRUE(page.has_value());
+    EXPECT_EQ(*page, DirectivePage()) << "docs/directives.md is not what `brindle directives --markdown` prints";
+}
+
+}  // namespace
+}  // namespace brindle::host

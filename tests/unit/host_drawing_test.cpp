@@ -1,0 +1,149 @@
+// What the command tells of a drawing, and what it counts, before the library reads it; and that the counts are those
+// of the library's own store.
+#include <gtest/gtest.h>
+#include <stdlib.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <vector>
+
+#include "api/brindle_mgr.h"
+#include "brindle/brindle.h"
+#include "host/drawing_survey.h"
+#include "host/loaded_tuning.h"
+
+namespace brindle::host {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+Texts TextsOf(const std::vector<DrawingFinding>& findings) {
+    Texts texts;
+    for (const DrawingFinding& finding : findings) texts.push_back(std::to_string(finding.line) + ": " + finding.text);
+    return texts;
+}
+
+TEST(HostDrawing, Findings) {
+    struct Case {
+        const char* drawing;
+        Texts findings;
+    };
+    const Case cases[] = {
+        {"MAIN,A\nUM\nUR,9,9\nL,1,1,0,0,0,1,1,0,0\nT,0,0,0,1,2,0,3,0\nUR of text\nEND\n", {}},
+        {"$BOF\nUR,9,9\nL,1,1,0,0,0,1,1,0,0\n$EOF\n", {}},
+        {"$BOF\nUR,9,9\n", {"0: no $EOF at the end: the drawing seems cut off"}},
+        {"MAIN,A\nUR,9,9\nEND\nSUB,B\nL,1,1,0,0,0,1,1,0,0\n",
+         {"0: no END behind its last program: the drawing seems cut off"}},
+        {"L,1,1,0,0,0,1,1,0,0\nUR,9,9\n", {"1: record before the UR record: dropped"}},
+        {"L,1,1,0,0,0,1,1,0,0\n",
+         {"0: no UR record: nothing of the drawing is used", "1: record before the UR record: dropped"}},
+        {"SUB,B\nL,1,1,0,0,0,1,1,0,0\n", {"0: no UR record: the first sub-program is taken as the main program"}},
+        {"SUB,B\nUR,9,9\n", {"2: UR record: it discards the programs before it"}},
+        {"UR,9,9\nMAIN,A\n", {"2: MAIN record behind the UR record: the main program keeps its name"}},
+        {"UR,9,9\nL,1,1,0,0,0,1,1\nA,1\nL\n",
+         {"2: L record with 8 of 10 words: dropped", "3: A record with 2 of 13 words: dropped",
+          "4: L record without further words: dropped"}},
+        {"UR,9,9\nL,1,1,0,0,0,10mm,1,0,0\nL,1,1.5,0,nan,0,1,1,0,0\nL,1,70000,0,0,1e999,1,1,0,0\n",
+         {"2: '10mm' is no number that can be read: it counts as 10",
+          "3: '1.5' stands where a whole number belongs: it counts as 1",
+          "3: 'nan' is no number that can be read: it counts as 0",
+          "4: '70000' is beyond the range of this word: it counts as 4464",
+          "4: '1e999' is no number that can be read: it counts as 0"}},
+        {"UI,1\nUR,9,9\nL,1,1,0,1e308,0,1,1,0,0\nA,1,1,0,0,0,1,1,1e308,0,1,0,0\n",
+         {"3: a number is not finite in millimetres: record dropped",
+          "4: a number is not finite in millimetres: record dropped"}},
+        {"UR,9,9\nC,B,0,0,0,0,0\nC,A,0,0,0,0,0\nC,B,1,0,0,0,0\nSUB,A\nSUB,A\n",
+         {"2: call of program 'B', which is not in the drawing: ignored, like 1 further call",
+          "6: program 'A' is there already, from line 5: calls go to that one"}},
+        {"UR,9,9\nSUB,A\nT,0,0,0,1,2,0,3,0\ntext\n", {"3: text in a sub-program: dropped"}},
+        {"UR,9,9\nT,0,0,0,1,2,0,3,0\nL,1,1,0,0,0,1,1,0,0\n",
+         {"2: the next line, which looks like a record, is taken as the text of this one"}},
+        {"UR,9,9\nT,0,0,0,1,2,0,3,0\n", {"2: T record at the end, without a line of text: dropped"}},
+        {"UI\nUR,9,9\nur,1,2\n",
+         {"1: UI has no effect without a second word: lengths stay millimetres",
+          "3: record type 'ur' is not in upper case: line ignored"}},
+        {"UI,x\nUM\nUR,9,9\n", {"2: UM has no effect without a second word: lengths stay inches"}},
+    };
+    for (const Case& c : cases) EXPECT_EQ(TextsOf(SurveyDrawing(c.drawing).findings), c.findings) << c.drawing;
+}
+
+TEST(HostDrawing, FindingsOfAKindAreLimited) {
+    std::string drawing = "UR,9,9\n";
+    for (int i = 0; i < 1000; ++i) drawing += "L,1\n";
+    drawing += "C,NOWHERE,0,0,0,0,0\n";
+    const Texts findings = TextsOf(SurveyDrawing(drawing).findings);
+    ASSERT_EQ(findings.size(), 22U);
+    EXPECT_EQ(findings[19], "21: L record with 2 of 10 words: dropped");
+    EXPECT_EQ(findings[20], "21: and 980 more of this kind behind this line");
+    EXPECT_EQ(findings[21].substr(0, 6), "1002: ");
+}
+
+TEST(HostDrawing, WhatIsNoDrawing) {
+    for (const char* const text : {"", "\n\n", "Dear Sir\n", "V2\nORDER\nEND\n", "L,1\n"}) {
+        EXPECT_FALSE(SurveyDrawing(text).has_records) << text;
+    }
+    EXPECT_EQ(SurveyDrawing(std::string_view("UR,1,1\nL\0", 9)).nul_line, 2U);
+}
+
+TEST(HostDrawing, UnknownToolsAreToldOnceEach) {
+    CBrindleOpts tuning;
+    tuning.SetInt("nNumOfTools", 3);
+    tuning.SetBool("T2_bToolUnused", 1);
+    const DrawingSurvey survey = SurveyDrawing(
+        "UR,9,9\nL,1,9,0,0,0,1,1,0,0\nL,1,1,0,0,0,1,1,0,0\nA,1,2,0,0,0,1,1,0,0,1,0,0\nL,1,9,0,0,0,1,1,0,0\n"
+        "L,1,0,0,0,0,1,1,0,0\n");
+    EXPECT_EQ(TextsOf(FindUnknownTools(survey, tuning)), (Texts{"2: tool 9 is not in the tuning: 2 records ignored",
+                                                                "4: tool 2 is not in the tuning: 1 record ignored",
+                                                                "6: tool 0 is not in the tuning: 1 record ignored"}));
+    tuning.SetBool("bDefaultTool", 1);
+    EXPECT_TRUE(FindUnknownTools(survey, tuning).empty());
+}
+
+// The survey follows the reader without being it: whatever it counts must have reached the store.
+TEST(HostDrawing, CountsAreThoseOfTheStore) {
+    const char* const drawings[] = {
+        "MAIN,A\nUI,x\nUR,10,5\nL,1,1,0,0,0,1,1,0,0\nL,1,7,0,0,0,1e308,1,0,0\nA,1,2,0,0,0,1,1,0,0,1,0,0\nC,B,0,0,0,0,"
+        "0\n"
+        "T,0,0,0,1,2,0,3,0\nL,1,1,0,0,0,1,1,0,0\nSUB,B\nL,1,3,0,0,0,1,1,0,0\nT,0,0,0,1,2,0,3,0\ntext\nT,0\nSUB,C\n"
+        "C,B,1e308,0,0,0,0\nL,1,4,0,0,0,1,1,0,0\n",
+        "L,1,1,0,0,0,1,1,0,0\nSUB,B\nT,0,0,0,1,2,0,3,0\ntext\nL,1,1,0,0,0,1,1,0,0\nSUB,C\nT,0,0,0,1,2,0,3,0\ntext\n",
+        "SUB,B\nL,1,1,0,0,0,1,1,0,0\nUR,1,1\nL,1,2,0,0,0,1,1,0,0\nUR,2,2\nSUB,B\nSUB,B\nA,1,2,0,0,0,1,1,0,0,1,0,0\n",
+        "UI,x\nUR,1e308,5\nL,1,1,0,0,0,1,1,0,0\nUM,x\nUR,1,5\nC,B,0,0,0,0,0\nT,0,0,0,1,2,0,3,0\n",
+    };
+    std::string path = std::filesystem::temp_directory_path() / "host_drawing_XXXXXX";
+    ::close(mkstemp(path.data()));
+    for (const char* const drawing : drawings) {
+        std::ofstream(path) << drawing;
+        const DrawingSurvey survey = SurveyDrawing(drawing);
+        GBrn_Clear();
+        GBrn_OpenCF2File(Wide(path).c_str());
+        const CBrindleMgr& session = CBrindleMgr::Current();
+        const CNCGeomMgr& store = session.geometry;
+        DrawingSurvey counted;
+        for (int32_t program = 0; program < store.program_count(); ++program) {
+            if (program > 0) ++counted.subs;
+            for (int32_t i = 0; i < store.GetRecordCount(program); ++i) {
+                const CNCData& record = *store.GetRecord(program, i);
+                counted.lines += record.IsLine();
+                counted.arcs += record.IsArc();
+                counted.texts += record.IsText();
+                counted.calls += record.IsInclude();
+                if (record.IsLine() || record.IsArc()) counted.tools[record.GetToolId()].Add(1);
+            }
+        }
+        EXPECT_EQ(survey.lines, counted.lines) << drawing;
+        EXPECT_EQ(survey.arcs, counted.arcs) << drawing;
+        EXPECT_EQ(survey.texts, counted.texts) << drawing;
+        EXPECT_EQ(survey.calls, counted.calls) << drawing;
+        EXPECT_EQ(survey.subs, counted.subs) << drawing;
+        EXPECT_EQ(survey.inches, session.controller.job.auto_inches) << drawing;
+        ASSERT_EQ(survey.tools.size(), counted.tools.size()) << drawing;
+        for (const auto& [tool, use] : counted.tools) EXPECT_EQ(survey.tools.at(tool).count, use.count) << drawing;
+    }
+    std::remove(path.c_str());
+    GBrn_Clear();
+}
+
+}  // namespace
+}  // namespace brindle::host

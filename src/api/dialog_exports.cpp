@@ -1,12 +1,21 @@
-// Exports of the dialogs. Without windows each ends as one that the user has cancelled.
+// Exports of the dialogs. Without a toolkit each ends as one that the user has cancelled.
 #include "api/exports.h"
 #include "brindle/brindle.h"
+#include "editor/load_segment_dlg.h"
+#include "editor/params_sheet.h"
+#include "editor/toolkit/active_toolkit.h"
 
 using namespace brindle;
 
-int GBrn_DisplayTuningDialog(int, const wchar_t*, int* result) {
-    Session();
-    Out(result, 0);
+int GBrn_DisplayTuningDialog(int inches, const wchar_t* title, int* result) {
+    const SessionParts session = Session().Parts();
+    bool with_ok = false;
+    if (CToolkit* const toolkit = ActiveToolkit()) {
+        CNCParamsSheet sheet(*toolkit, &session, inches != 0, In(title));
+        sheet.AddPages();
+        with_ok = sheet.RunModal();
+    }
+    Out(result, with_ok ? 1 : 0);
     return 0;
 }
 
@@ -17,6 +26,7 @@ int GBrn_DisplayRTDataDlg(const wchar_t*, const wchar_t*, const wchar_t*, wchar_
 }
 
 int GBrn_DisplayLoadSegmentDialog(void) {
-    Session();
+    CBufferMgr& buffers = Session().buffers;
+    if (CToolkit* const toolkit = ActiveToolkit()) ChooseSegment(*toolkit, buffers);
     return 0;
 }

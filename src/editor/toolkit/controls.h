@@ -1,5 +1,5 @@
-// The controls of a window, as the editor's logic sees them. A toolkit derives a class from each; forms create them and own
-// them (toolkit/windows.h).
+// The controls of a window, as the editor's logic sees them. A toolkit derives a class from each; forms create them and
+// own them (toolkit/windows.h).
 //
 // Operations act without a report: events tell of the user alone. All text is UTF-8. Indexes count from 0, and -1 is no
 // index; an index that names nothing changes nothing and gives 0 or empty text.
@@ -62,8 +62,8 @@ class CButtonControl : public CControl {
 public:
     virtual void SetCheck(bool checked) = 0;  // of this button alone, whatever its group
     virtual bool GetCheck() const = 0;
-    // A click. The check state has changed by then: a check box has turned, and a radio button is marked and the others of
-    // its group are not.
+    // A click. The check state has changed by then: a check box has turned, and a radio button is marked and the others
+    // of its group are not.
     CEvent clicked;
 };
 

@@ -1,5 +1,5 @@
-// The windows of the editor, and the toolkit that makes them. The logic of the editor knows no more of a windowing system
-// than this and toolkit/controls.h; a toolkit implements both.
+// The windows of the editor, and the toolkit that makes them. The logic of the editor knows no more of a windowing
+// system than this and toolkit/controls.h; a toolkit implements both.
 #pragma once
 
 #include <memory>
@@ -65,6 +65,7 @@ public:
 // A window that stays open beside a modal sheet, with a button Close.
 class CModelessWindow : public CForm {
 public:
+    virtual void Open() = 0;
     // Takes it off the screen. It may be destroyed only behind the report that led here.
     virtual void Close() = 0;
 
@@ -93,7 +94,7 @@ public:
 
     virtual std::unique_ptr<CSheetWindow> MakeSheet(std::string_view title) = 0;
     virtual std::unique_ptr<CDialogWindow> MakeDialog(std::string_view caption) = 0;
-    // An open window with its left edge at the right edge of `beside` and its top at the top of it.
+    // A window that opens with its left edge at the right edge of `beside` and its top at the top of it.
     virtual std::unique_ptr<CModelessWindow> MakeModeless(std::string_view caption, CSheetWindow& beside) = 0;
 
     // Message boxes. They return when the user has answered.

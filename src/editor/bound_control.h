@@ -1,0 +1,41 @@
+// What all controls that are bound to keys of the tuning have in common.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "editor/control_place.h"
+#include "tuning/kv_container.h"
+
+namespace brindle {
+
+// A control writes its key as soon as the user has changed it; there is no working copy. Binding reads the key, and
+// writes the default if the key is missing or of another kind. The container must outlive the control or its next
+// binding; until the first binding the control commits nothing. On a page each change marks the page as modified.
+class CBoundControl {
+public:
+    CBoundControl(const CBoundControl&) = delete;
+    CBoundControl& operator=(const CBoundControl&) = delete;
+
+protected:
+    explicit CBoundControl(const ControlPlace& place) : place_(place) {}
+    ~CBoundControl() = default;
+
+    // `container` may be null: the control is unbound then.
+    void BindTo(CKVItemContainer* container, std::string_view key);
+    CKVItemContainer* container() const { return container_; }
+    const std::string& key() const { return key_; }
+    CToolkit& toolkit() const { return place_.toolkit; }
+    CNCParamsPage* page() const { return place_.page; }
+
+    void MarkPage() const;
+    // Marks the page and runs its rule set.
+    void TellPage() const;
+
+private:
+    ControlPlace place_;
+    CKVItemContainer* container_ = nullptr;
+    std::string key_;
+};
+
+}  // namespace brindle

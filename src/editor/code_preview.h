@@ -1,0 +1,42 @@
+// The window that shows the NC code of the tuning as it stands.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "editor/preview_owner.h"
+#include "editor/toolkit/windows.h"
+#include "generator/run_context.h"
+
+namespace brindle {
+
+// Lists the trace of the last run that was asked for. Opens with its construction beside the sheet, stays open while
+// the user goes on editing, and ends when he closes it or when it is destroyed.
+class CNCCodePreview {
+public:
+    // `owner` is told when the user closes the window.
+    CNCCodePreview(CToolkit& toolkit, CNCPreviewOwner& owner, CSheetWindow& sheet);
+
+    // Runs the tuning of `session`, which must outlive the window, over its geometry and shows the trace.
+    void ShowRun(const SessionParts& session);
+    // Lists the trace of the last run anew, as the check boxes say.
+    void RebuildList();
+    // Lets the user choose a drawing, which takes the place of the session's geometry, and shows its run.
+    void OpenDrawing();
+    // Writes what is left in the current output buffer to a file that the user chooses, and so takes it from there.
+    void SaveToFile();
+
+private:
+    void AddControls();
+    void Close();
+
+    CToolkit& toolkit_;
+    CNCPreviewOwner& owner_;
+    const SessionParts* session_ = nullptr;  // null until the first run
+    std::unique_ptr<CModelessWindow> window_;
+    CListControl* list_ = nullptr;
+    CButtonControl* show_errors_ = nullptr;
+    CButtonControl* show_headers_ = nullptr;
+};
+
+}  // namespace brindle

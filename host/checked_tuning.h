@@ -19,8 +19,8 @@
 
 namespace brindle::host {
 
-// A line of the file; its words are what stands between blanks and tabs. One that holds a NUL byte can't be handed to the
-// library and has no words.
+// A line of the file; its words are what stands between blanks and tabs. One that holds a NUL byte can't be handed to
+// the library and has no words.
 struct CheckedLine {
     size_t number = 0;  // from 1
     std::string_view text;

@@ -27,6 +27,7 @@ constexpr JobValueInfo kJobValues[] = {
 
 double Compute(const std::string& expression, const JobValues& job, const NamedNumbers& given) {
     mu::Parser parser;
+    parser.DefineFun("round", static_cast<mu::value_type (*)(mu::value_type)>(std::round));  // younger parsers have it
     for (const JobValueInfo& info : kJobValues) {
         if (!given.contains(std::string(info.name))) parser.DefineConst(std::string(info.name), job.*info.value);
     }

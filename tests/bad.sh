@@ -5,6 +5,7 @@
 # usage: BRINDLE=COMMAND SOURCE_DIR=REPOSITORY bad.sh
 set -u
 export LC_ALL=C
+BRINDLE=$(realpath "$BRINDLE")
 
 # Prints what is wrong with the case of an .expect file; its input stands in the present folder.
 run_case() {

@@ -3,6 +3,7 @@
 # usage: BRINDLE=COMMAND SOURCE_DIR=REPOSITORY inspect.sh
 set -u
 export LC_ALL=C
+BRINDLE=$(realpath "$BRINDLE")
 
 failed=0
 fail() {

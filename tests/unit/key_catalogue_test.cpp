@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <map>
 #include <set>
 #include <string>
 #include <string_view>
@@ -93,122 +92,6 @@ TEST(KeyCatalogue, MeaningsNameKnownKeys) {
             EXPECT_TRUE(MatchKey(word).info || MatchKey("T_" + std::string(word)).info) << row.name << ": " << word;
         }
     }
-}
-
-using Defaults = std::pair<KeyDefault, KeyDefault>;  // at reading, in the editor
-
-// Where the defaults are not simply false, 0 or empty.
-const std::map<std::string_view, Defaults>& NotableDefaults() {
-    static const KeyDefault none = KeyDefault::None();
-    static const std::map<std::string_view, Defaults> defaults = {
-        // clang-format off
-        {"bOutUnitsAuto", {false, true}},
-        {"bOutUnitsMetric", {none, false}},
-        {"bOutModeAbs", {true, true}},
-        {"bOutModeInc", {none, false}},
-        {"bParenSquare", {none, true}},
-        {"nMaxBytes", {-1, 100000}},
-        {"sMainProgNum", {"", "1"}},
-        {"bBlockDelimStd", {true, true}},
-        {"bBlockDelimCus", {none, false}},
-        {"sBlockDelim", {"", "chr(13)chr(10)"}},
-        {"nNWordBigInc", {10, 10}},
-        {"nNWordSmInc", {1, 1}},
-        {"nPrimaryTool", {0, 1}},
-        {"bMCodeModal", {true, false}},
-        {"bUCodeModal", {true, false}},
-        {"bICodesModal", {true, false}},
-        {"rMinRapidMoveMM", {0.0005, 0.0}},
-        {"bAxisDataModal", {true, false}},
-        {"MM_AX1_nNDec", {2, 2}},
-        {"MM_AX2_nNDec", {2, 2}},
-        {"IN_AX1_nNDec", {3, 3}},
-        {"IN_AX2_nNDec", {3, 3}},
-        {"MM_AX1_rFactor", {1.0, 1.0}},
-        {"MM_AX2_rFactor", {1.0, 1.0}},
-        {"IN_AX1_rFactor", {1.0, 1.0}},
-        {"IN_AX2_rFactor", {1.0, 1.0}},
-        {"bRotAxisInDegrees", {true, false}},
-        {"bRotAxisPLinear", {none, true}},
-        {"bArcByCen", {none, true}},
-        {"bArcDataModal", {true, false}},
-        {"bInAbsCenFromStart", {true, true}},
-        {"bInIncCenFromStart", {true, true}},
-        {"bRadCWArcPosIsShort", {true, true}},
-        {"bRadCCWArcPosIsShort", {true, true}},
-        {"bRadCWArcPosIsLong", {none, false}},
-        {"bRadCCWArcPosIsLong", {none, false}},
-        {"bSubArcPosCW", {true, true}},
-        {"bSubArcPosCCW", {none, false}},
-        {"rSubArcFactor", {1.0, 1.0}},
-        {"nSubArcNDec", {2, 2}},
-        {"rFacetTolMM", {0.01, 0.01}},
-        {"rMaxOrdMM", {1e8, 1e6}},
-        {"rMaxOrdIN", {1e8, 1e5}},
-        {"SmFacet_rLiftAngleDEG", {none, 0.0}},
-        {"bUseSubs", {true, false}},
-        {"bSubsInInc", {none, true}},
-        {"bOutputSubsAfter", {none, true}},
-        {"bStartSubsAtCen", {false, true}},
-        {"bStartSubsAtLine", {none, false}},
-        {"bEndSubsAtCen", {false, true}},
-        {"bEndSubsAtLine", {none, false}},
-        {"SubRot_nNDec", {2, 3}},
-        {"SubRot_rFactor", {1.0, 1.0}},
-        {"SubNum_bUseFormula", {none, true}},
-        {"SubNum_nMainFactor", {1, 1}},
-        {"SubNum_nSubFactor", {1, 1}},
-        {"Speed_b1", {false, true}},
-        {"Speed_b2", {none, false}},
-        {"Speed_bNearest1", {none, true}},
-        {"Speed_b1Param", {none, true}},
-        {"Speed_bModal", {true, true}},
-        {"Speed_bAsExpress", {none, true}},
-        {"Speed_nNDec", {3, 3}},
-        {"nNumOfTools", {0, none}},
-        {"bToolTool", {none, true}},
-        {"nPhysicalTool", {none, none}},
-        {"bOffReqBeforeDesel", {false, true}},
-        {"rMinMoveMM", {0.0005, 0.0}},
-        {"Fly_bForFollowing", {true, true}},
-        {"Fly_bForPreceeding", {none, false}},
-        {"Fly_rMM_Threshold", {1.0, 1.0}},
-        {"Fly_rDEG_MaxAngDeviation", {1.0, 10.0}},
-        {"ToolRot_rFactor", {1.0, 1.0}},
-        {"ToolRot_nNDec", {3, 2}},
-        {"ToolRot_bModal", {true, false}},
-        {"ToolRot_bPosIsCCW", {none, true}},
-        {"ToolRot_bUseSign", {true, false}},
-        {"TextRot_rFactor", {1.0, 1.0}},
-        {"TextRot_nNDec", {2, 2}},
-        {"TextRot_bModal", {true, true}},
-        {"TextHgt_rFactor_in", {1.0, 1.0}},
-        {"TextHgt_rFactor_mm", {1.0, 1.0}},
-        {"TextHgt_nNDec_in", {3, 3}},
-        {"TextHgt_nNDec_mm", {3, 2}},
-        {"TextHgt_bModal", {true, true}},
-        {"bTerminiate", {true, true}},
-        {"bClearSpeed", {false, true}},
-        {"bClearAbsInc", {false, true}},
-        {"bClearInterp", {false, true}},
-        // clang-format on
-    };
-    return defaults;
-}
-
-TEST(KeyCatalogue, Defaults) {
-    const std::map<KeyKind, KeyDefault> neutral = {
-        {kBool, false}, {kInt, 0}, {kReal, 0.0}, {kText, ""}, {kTemplate, KeyDefault::None()}};
-    size_t notable_rows = 0;
-    for (const KeyInfo& row : KeyCatalogue()) {
-        const auto notable = NotableDefaults().find(row.name);
-        const bool is_notable = notable != NotableDefaults().end();
-        if (is_notable) ++notable_rows;
-        const KeyDefault& usual = neutral.at(row.kind);
-        EXPECT_TRUE(row.read_default == (is_notable ? notable->second.first : usual)) << row.name;
-        EXPECT_TRUE(row.editor_default == (is_notable ? notable->second.second : usual)) << row.name;
-    }
-    EXPECT_EQ(notable_rows, NotableDefaults().size());
 }
 
 TEST(KeyCatalogue, EventsAreThoseOfARun) {

@@ -14,7 +14,7 @@ constexpr FileQuestion kOpenDrawing{false, ".CF2", "CFF2 Files (*.CF2)|*.cf2|All
 constexpr FileQuestion kSaveCode{true, ".txt", "Text Files (*.txt)|*.txt|All Files (*.*)|*.*||"};
 
 std::string ShownLine(const CNCDebugInfo& record) {
-    const std::string text(record.text);
+    std::string text(record.text);
     switch (record.kind) {
         case TraceKind::kTemplate: return "---------------" + text;
         case TraceKind::kMessage: return " -> " + text + " <-";

@@ -14,6 +14,7 @@ void RunEditMenu(CToolkit& toolkit, CEditControl& edit, std::vector<EditCommand>
     commands.push_back({"Select All", true, [&edit] { edit.SelectAll(); }});
 
     std::vector<MenuEntry> entries;
+    entries.reserve(commands.size());
     for (const EditCommand& command : commands) entries.push_back({command.text, command.enabled});
     const int chosen = toolkit.ChooseFromMenu(entries);
     if (chosen >= 0 && static_cast<size_t>(chosen) < commands.size()) commands[static_cast<size_t>(chosen)].run();

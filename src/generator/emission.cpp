@@ -75,13 +75,13 @@ void CEmission::EmitFacets(const std::vector<CNCLineData>& facets, const CNCData
             run_.SetCurrentRecords(&facets[i], following, trans);
             CutLine(force_lift);
         }
-        run_.controller.SetToolDirection(facets[i].GetEndAngle(false));
+        run_.controller.PointToolAlong(facets[i]);
     }
 }
 
 void CEmission::UpdateToolDirection(const CNCData& record) {
     if (record.IsLine() || record.IsArc()) {
-        run_.controller.SetToolDirection(run_.controller.current_item().Get().GetEndAngle(false));
+        run_.controller.PointToolAlong(run_.controller.current_item().Get());
         return;
     }
     run_.controller.ForgetToolDirection();

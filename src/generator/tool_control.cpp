@@ -137,9 +137,9 @@ bool CToolControl::NeedsLift(bool force) {
     if (force) return true;
     const ToolData& tool = *SelectedTool().physical;
     if (!tool.exists() || !tool.tangential) return false;
-    if (!run_.controller.tool_direction_known) return true;
+    if (!run_.controller.ToolDirectionKnown()) return true;
     const double turn = SmallestTurn(run_.controller.current_item().Get().GetStartAngle(false),
-                                     run_.controller.tool_direction, tool.symmetric);
+                                     run_.controller.GetToolDirection(false), tool.symmetric);
     return std::fabs(turn / kRadiansPerDegree) > tool.lift_angle;
 }
 

@@ -61,18 +61,22 @@ void CNCControllerState::AdvanceBlockNumber(int32_t increment) {
 }
 
 double CNCControllerState::GetToolDirection(bool in_degrees) const {
-    if (!tool_direction_known) return 0.0;
-    return in_degrees ? tool_direction / kRadiansPerDegree : tool_direction;
+    if (!ToolDirectionKnown()) return 0.0;
+    const bool along_line = tool_heading_ == ToolHeading::kAlongLine;
+    const double radians = along_line ? DirectionOf(tool_line_[0], tool_line_[1]) : tool_angle_;
+    return in_degrees ? radians / kRadiansPerDegree : radians;
 }
 
 void CNCControllerState::SetToolDirection(double radians) {
-    tool_direction = radians;
-    tool_direction_known = true;
+    tool_heading_ = ToolHeading::kAngle;
+    tool_angle_ = radians;
 }
 
-void CNCControllerState::ForgetToolDirection() {
-    tool_direction = 0.0;
-    tool_direction_known = false;
+void CNCControllerState::PointToolAlong(const CNCData& record) {
+    if (!record.IsLine()) return SetToolDirection(record.GetEndAngle(false));
+    tool_heading_ = ToolHeading::kAlongLine;
+    tool_line_[0] = record.Start();
+    tool_line_[1] = record.End();
 }
 
 }  // namespace brindle

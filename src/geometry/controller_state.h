@@ -62,10 +62,12 @@ public:
     // 0 while the direction is not known.
     double GetToolDirection(bool in_degrees) const;
     void SetToolDirection(double radians);
-    void ForgetToolDirection();
+    // The tool points where `record`, a line or an arc, ends. Of a line that is worked out when it is asked for, which
+    // only tangential tools do.
+    void PointToolAlong(const CNCData& record);
+    void ForgetToolDirection() { tool_heading_ = ToolHeading::kUnknown; }
+    bool ToolDirectionKnown() const { return tool_heading_ != ToolHeading::kUnknown; }
 
-    double tool_direction = 0.0;  // radians
-    bool tool_direction_known = false;
     MoveKind move_kind = MoveKind::kNone;
     bool fly_mode_on = false;
     bool absolute_mode = false;
@@ -84,6 +86,11 @@ public:
     const CNCGeomItem& next_item() const { return items_[1 - current_]; }
 
 private:
+    enum class ToolHeading { kUnknown, kAngle, kAlongLine };
+
+    ToolHeading tool_heading_ = ToolHeading::kUnknown;
+    double tool_angle_ = 0.0;  // radians
+    Point tool_line_[2];       // start and end of the line along which the tool points
     CNCGeomItem items_[2];
     size_t current_ = 0;                    // the other one is the next item
     const CNCData* next_record_ = nullptr;  // what the next item was made from, and how

@@ -29,9 +29,7 @@ void CNCLineData::Transform(const CTrans& trans) {
     cut_.Transform(trans);
 }
 
-double CNCLineData::GetStartAngle(bool in_degrees) const {
-    return InUnits(NormalizeSigned(AngleOf(start_, end_), false), in_degrees);
-}
+double CNCLineData::GetStartAngle(bool in_degrees) const { return InUnits(DirectionOf(start_, end_), in_degrees); }
 
 CNCArcData::CNCArcData(const CutAttributes& cut, Point start, Point end, Point center, double radius)
     : cut_(cut), start_(start), end_(end), center_(center), true_end_(end), radius_(radius) {}

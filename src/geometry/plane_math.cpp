@@ -90,6 +90,8 @@ double NormalizeSigned(double angle, bool in_degrees) {
     return rest;
 }
 
+double DirectionOf(const Point& from, const Point& to) { return NormalizeSigned(AngleOf(from, to), false); }
+
 double SmallestTurn(double a, double b, bool symmetric) {
     const double turn = SmallerTurn(a - b);
     if (symmetric && std::abs(turn) > kQuarterTurn) return SmallerTurn(a - b - kHalfTurn);
@@ -97,7 +99,7 @@ double SmallestTurn(double a, double b, bool symmetric) {
 }
 
 double RoundToStep(double value, double step) {
-    if (step == 0.0) return value;
+    if (step == 0.0 || value == 0.0) return value;
     const double steps = value / step;
     const double whole = WholePart(steps);
     const double fraction = steps - whole;

@@ -35,6 +35,8 @@ double AngleOf(const Point& from, const Point& to);
 double NormalizePositive(double angle, bool in_degrees);
 // `angle` brought into above minus a half turn up to and including a half turn.
 double NormalizeSigned(double angle, bool in_degrees);
+// Direction from `from` to `to`, above minus a half turn up to and including a half turn: the direction of a line.
+double DirectionOf(const Point& from, const Point& to);
 // The shortest turn from direction `b` to direction `a`. With `symmetric`, a tool that looks the same after half a
 // turn: never more than a quarter turn.
 double SmallestTurn(double a, double b, bool symmetric);

@@ -25,7 +25,7 @@ TEST(ControllerState, ToolDirection) {
     state.SetToolDirection(kQuarterTurn);
     EXPECT_EQ(state.GetToolDirection(false), kQuarterTurn);
     EXPECT_EQ(state.GetToolDirection(true), 90);
-    state.tool_direction_known = false;
+    state.ForgetToolDirection();
     EXPECT_EQ(state.GetToolDirection(false), 0);
 }
 

@@ -366,6 +366,10 @@ TEST_F(EditorControls, DropDownListsWriteTheirKeys) {
         EXPECT_EQ(Line("nSubArcNDec"), "INT  nSubArcNDec 3");
 
         EXPECT_EQ(Value("measured &by:"), "2 In absolute");  // the last true key wins
+        toolkit_.Pick("measured &by:", 1);
+        EXPECT_EQ(Line("bInAbsCenFromStart"), "BOOL bInAbsCenFromStart false");
+        EXPECT_EQ(Line("bInAbsCenFromEnd"), "BOOL bInAbsCenFromEnd true");
+        EXPECT_EQ(Line("bInAbsCenIsAbs"), "BOOL bInAbsCenIsAbs false");
         toolkit_.Pick("measured &by:", 0);
         EXPECT_EQ(Line("bInAbsCenFromStart"), "BOOL bInAbsCenFromStart true");
         EXPECT_EQ(Line("bInAbsCenFromEnd"), "BOOL bInAbsCenFromEnd false");
@@ -394,17 +398,39 @@ TEST_F(EditorControls, APendingValueGoesToTheToolThatItWasTypedFor) {
     EXPECT_EQ(Line("T5_rLiftAngDEG"), "");
 }
 
-TEST_F(EditorControls, AListOfToolsHasAnEnd) {
-    CListUser user;
-    CHeadlessToolkit toolkit(user);
-    const auto dialog = toolkit.MakeDialog("Tools");
-    CPerToolListBox list(ControlPlace{toolkit, *dialog});
+TEST_F(EditorControls, AListOfToolsHoldsThoseInUseAndHasAnEnd) {
+    const auto dialog = toolkit_.MakeDialog("Tools");
+    CPerToolListBox list(ControlPlace{toolkit_, *dialog});
+    const CListControl& control = list.control();
+    list.Fill(&session_.tuning);
+    EXPECT_EQ(control.GetCount(), 0);
+    EXPECT_EQ(list.GetToolPrefix(), "");
+
+    Tune("BOOL bDefaultTool true");
+    list.Fill(&session_.tuning);
+    EXPECT_EQ(control.GetCount(), 1);
+    EXPECT_EQ(list.GetToolPrefix(), "T_");
+
+    Tune("BOOL bDefaultTool false");
+    Tune("INT nNumOfTools 3");
+    Tune("BOOL T1_bToolUnused true");
+    Tune("BOOL T2_bToolSubordinate true");
+    list.Fill(&session_.tuning);
+    EXPECT_EQ(control.GetEntryText(0) + control.GetEntryText(1), "T2T3");
+    EXPECT_EQ(list.GetToolPrefix(), "T2_");
+    list.LeaveOutSubordinates();
+    list.Fill(&session_.tuning);
+    EXPECT_EQ(control.GetCount(), 1);
+    EXPECT_EQ(list.GetToolPrefix(), "T3_");
+
     Tune("INT nNumOfTools 2147483647");
     list.Fill(&session_.tuning);
-    EXPECT_EQ(list.control().GetCount(), 10000);
-    EXPECT_EQ(list.GetToolPrefix(), "T1_");
+    EXPECT_EQ(control.GetCount(), 10000 - 2);
+    Tune("INT nNumOfTools -1");
+    list.Fill(&session_.tuning);
+    EXPECT_EQ(control.GetCount(), 0);
     list.Fill(nullptr);
-    EXPECT_EQ(list.GetToolPrefix(), "");
+    EXPECT_EQ(control.GetCount(), 0);
 }
 
 // Controls in a dialog write the tuning and have no page to tell; unbound ones write nothing.

@@ -88,13 +88,13 @@ CHeadlessControl* CHeadlessToolkit::Find(std::string_view name) const {
     return FindNth(controls, name.substr(0, mark), LeadingInt(name.substr(mark + 1)));
 }
 
-std::string CHeadlessToolkit::Do(std::string_view name, const char* what, const Act& act) {
-    CHeadlessControl* const control = Find(name);
-    if (control == nullptr) return "there is no control " + Quoted(name) + " in the window";
-    if (const char* const why = WhyNotUsable(*control)) return Quoted(name) + why;
-    desk_.MoveFocus(control);
-    if (const char* const why = WhyNotUsable(*control)) return Quoted(name) + why;  // now that another lost the focus
-    return act(*control) ? std::string() : Quoted(name) + what;
+std::string CHeadlessToolkit::Do(std::string_view control, const char* what, const Act& act) {
+    CHeadlessControl* const found = Find(control);
+    if (found == nullptr) return "there is no control " + Quoted(control) + " in the window";
+    if (const char* const why = WhyNotUsable(*found)) return Quoted(control) + why;
+    desk_.MoveFocus(found);
+    if (const char* const why = WhyNotUsable(*found)) return Quoted(control) + why;  // now that another lost the focus
+    return act(*found) ? std::string() : Quoted(control) + what;
 }
 
 std::string CHeadlessToolkit::Click(std::string_view control) {

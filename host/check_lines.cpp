@@ -14,17 +14,6 @@ namespace {
 // Looking for a near key takes a walk through the catalogue; rubbish in the place of a tuning would take millions.
 constexpr int kMostSuggestions = 200;
 
-std::string_view KindName(KeyKind kind) {
-    switch (kind) {
-        case KeyKind::kBool: return "BOOL";
-        case KeyKind::kInt: return "INT";
-        case KeyKind::kReal: return "REAL";
-        case KeyKind::kText: return "TEXT";
-        case KeyKind::kTemplate: return "MULTI";
-    }
-    return {};
-}
-
 std::string NearestType(std::string_view word) {
     constexpr std::string_view kTypes[] = {"BOOL", "INT", "REAL", "TEXT", "R_EXPR", "T_EXPR",    "MULTI",
                                            "UPD",  "ROW", "COL",  "MSG",  "DSD",    "DATASETDEF"};
@@ -112,7 +101,7 @@ private:
         }
         if (info->kind == kind) return true;
         Error(line, line.words[0],
-              std::string(key) + " is read as " + std::string(KindName(info->kind)) + ", not as " +
+              std::string(key) + " is read as " + std::string(TypeWord(info->kind)) + ", not as " +
                   std::string(line.words[0]) + ": the key counts as absent");
         return false;
     }

@@ -38,18 +38,6 @@ const KeywordInfo* FindKeyword(std::string_view name) {
     return nullptr;
 }
 
-std::string_view NearestDirective(std::string_view name) {
-    std::vector<std::string_view> names;
-    for (const DirectiveInfo& info : DirectiveTable()) names.push_back(info.name);
-    return NearestName(name, names);
-}
-
-std::string_view NearestKeyword(std::string_view name) {
-    std::vector<std::string_view> names;
-    for (const KeywordInfo& info : KeywordTable()) names.push_back(info.name);
-    return NearestName(name, names);
-}
-
 // One keyword of an argument list, with the value in parentheses behind it.
 struct Argument {
     std::string_view name;

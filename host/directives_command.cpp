@@ -17,12 +17,6 @@ struct DirectivesOptions {
     bool markdown = false;
 };
 
-std::string NearestDirective(const std::string& name) {
-    std::vector<std::string_view> names;
-    for (const DirectiveInfo& directive : DirectiveTable()) names.push_back(directive.name);
-    return std::string(NearestName(name, names));
-}
-
 // The entry of a directive; its name may lack the `@`.
 int PrintEntry(const std::string& name) {
     const std::string full = name.starts_with('@') ? name : "@" + name;

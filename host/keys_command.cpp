@@ -14,17 +14,6 @@
 namespace brindle::host {
 namespace {
 
-const char* KindText(KeyKind kind) {
-    switch (kind) {
-        case KeyKind::kBool: return "BOOL";
-        case KeyKind::kInt: return "INT";
-        case KeyKind::kReal: return "REAL";
-        case KeyKind::kText: return "TEXT";
-        case KeyKind::kTemplate: return "MULTI";
-    }
-    return "";
-}
-
 const char* ScopeText(KeyScope scope) {
     switch (scope) {
         case KeyScope::kGlobal: return "alone";
@@ -75,7 +64,7 @@ std::string GroupText(std::string_view group, const RowFilter& filter) {
     for (const KeyInfo& info : KeyCatalogue()) {
         if (info.group != group || !filter.Wants(info)) continue;
         has_rows = true;
-        table.AddRow({std::string(info.name), KindText(info.kind), DefaultText(info, info.read_default),
+        table.AddRow({std::string(info.name), std::string(TypeWord(info.kind)), DefaultText(info, info.read_default),
                       DefaultText(info, info.editor_default), ScopeText(info.scope), std::string(info.meaning)});
     }
     return has_rows ? std::string(group).append("\n").append(table.Text()).append("\n") : std::string();

@@ -1,13 +1,14 @@
-// What a misspelt word was probably meant to be.
+// What a misspelt word of a tuning was probably meant to be. Each gives an empty text if nothing is near.
 #pragma once
 
 #include <span>
+#include <string>
 #include <string_view>
 
 namespace brindle::host {
 
-// The name among `names` that is nearest to `word`, empty if none is near: one to three letters, the more the longer
-// the word, are missing, too many, wrong or swapped with their neighbour. Letters count without case.
-std::string_view NearestName(std::string_view word, std::span<const std::string_view> names);
+std::string NearestName(std::string_view word, std::span<const std::string_view> names);
+std::string NearestDirective(std::string_view word);
+std::string NearestKeyword(std::string_view word);
 
 }  // namespace brindle::host

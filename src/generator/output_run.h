@@ -9,8 +9,8 @@ namespace brindle {
 
 // Runs the tuning of a session over its geometry: drops the output of an earlier run, settles the run-time values, and
 // writes the NC text into the buffers. Buffers and trace are rebuilt; the geometry is not changed, so a run can be
-// repeated and gives the same text, unless it leaves a block pending or a mirror or rotation code in force, or is
-// incremental and starts where it ended.
+// repeated and gives the same text, unless it leaves a block pending or a mirror or rotation code in force, is
+// incremental and starts where it ended, or writes words of a record before its first record.
 void RunOutput(const SessionParts& session);
 
 // One such run, behind the settling of its values.

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "text/ascii.h"
+#include "text/nearest_name.h"
 
 namespace brindle {
 namespace {
@@ -57,66 +58,7 @@ struct MisspeltKey {
     }
 };
 
-// Looks for the candidate that takes the fewest edits to reach from one name.
-class NearestName {
-public:
-    explicit NearestName(std::string_view name)
-        : name_(name), most_edits_(std::clamp<size_t>(name.size() / 4, 1, 3)), best_cost_((most_edits_ + 1) * kEdit) {}
-
-    // Takes `candidate` if it is nearer than all before it.
-    void Offer(std::string_view candidate) {
-        if (candidate.size() > name_.size() + most_edits_ || name_.size() > candidate.size() + most_edits_) return;
-        const size_t cost = Cost(candidate);
-        if (cost >= best_cost_) return;
-        best_cost_ = cost;
-        best_ = candidate;
-    }
-
-    // Empty if no candidate was near.
-    const std::string& best() const { return best_; }
-
-private:
-    // A letter in the wrong case costs 1, every other edit this much.
-    static constexpr size_t kEdit = 100;
-
-    static size_t ReplaceCost(char a, char b) { return a == b ? 0 : LowerAscii(a) == LowerAscii(b) ? 1 : kEdit; }
-
-    // Cost of the cheapest way from the name to `candidate`; stops with best_cost_ or more once it cannot be less.
-    size_t Cost(std::string_view candidate) {
-        const size_t width = candidate.size() + 1;
-        row_.resize(width);
-        for (size_t j = 0; j < width; ++j) row_[j] = j * kEdit;
-        for (size_t i = 1; i <= name_.size(); ++i) {
-            before_last_.swap(last_);
-            last_.swap(row_);
-            FillRow(i, candidate);
-            const size_t least = *std::ranges::min_element(row_);
-            if (least >= best_cost_) return least;
-        }
-        return row_.back();
-    }
-
-    // row_[j]: cost of the way from the first `i` letters of the name to the first j of `candidate`.
-    void FillRow(size_t i, std::string_view candidate) {
-        row_.resize(candidate.size() + 1);
-        row_[0] = i * kEdit;
-        for (size_t j = 1; j < row_.size(); ++j) {
-            const char a = name_[i - 1];
-            const char b = candidate[j - 1];
-            row_[j] = std::min({last_[j] + kEdit, row_[j - 1] + kEdit, last_[j - 1] + ReplaceCost(a, b)});
-            const bool swapped = i > 1 && j > 1 && a == candidate[j - 2] && b == name_[i - 2];
-            if (swapped) row_[j] = std::min(row_[j], before_last_[j - 2] + kEdit);
-        }
-    }
-
-    std::string_view name_;
-    size_t most_edits_;
-    size_t best_cost_;
-    std::string best_;
-    std::vector<size_t> row_, last_, before_last_;
-};
-
-void OfferTemplateKeys(bool per_tool, NearestName& nearest) {
+void OfferTemplateKeys(bool per_tool, CNearestName& nearest) {
     std::string candidate;
     for (const EventInfo& event : TemplateEvents()) {
         if (event.per_tool != per_tool) continue;
@@ -127,6 +69,17 @@ void OfferTemplateKeys(bool per_tool, NearestName& nearest) {
 }
 
 }  // namespace
+
+std::string_view TypeWord(KeyKind kind) {
+    switch (kind) {
+        case KeyKind::kBool: return "BOOL";
+        case KeyKind::kInt: return "INT";
+        case KeyKind::kReal: return "REAL";
+        case KeyKind::kText: return "TEXT";
+        case KeyKind::kTemplate: return "MULTI";
+    }
+    return {};
+}
 
 KeyMatch MatchKey(std::string_view key) {
     const std::string_view tool_prefix = key.substr(0, ToolPrefixLength(key));
@@ -144,7 +97,7 @@ KeyMatch MatchKey(std::string_view key) {
 std::string NearestKey(std::string_view key) {
     const MisspeltKey misspelt(key);
     const bool per_tool = !misspelt.tool_prefix.empty();
-    NearestName nearest(misspelt.name);
+    CNearestName nearest(misspelt.name);
     for (const KeyInfo& row : KeyCatalogue()) {
         if (row.scope == (per_tool ? KeyScope::kTool : KeyScope::kGlobal)) nearest.Offer(row.name);
     }

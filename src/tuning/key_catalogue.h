@@ -51,6 +51,9 @@ struct KeyMatch {
     const EventInfo* event = nullptr;  // the event of a key of a template, otherwise null
 };
 
+// The first word of a tuning line that holds a key of this kind; a text can also be an expression.
+std::string_view TypeWord(KeyKind kind);
+
 // Takes a complete key apart. A tool number is any run of decimal digits, 0, leading zeros and numbers beyond 32 bits
 // included. Letters count with their case. Costs a few comparisons of text, whatever the size of the catalogue.
 KeyMatch MatchKey(std::string_view key);

@@ -160,7 +160,7 @@ BRINDLE_API int GBrn_DisplayRTDataDlg(const wchar_t* definition_path, const wcha
  * called again. */
 BRINDLE_API int GBrn_End(void);
 /* The number of output buffers. More than one means that the tuning limits the size of a file; each is a complete NC
- * file. */
+ * file. The count has 16 bits: a tuning that makes more than 32,767 files can't be fetched whole. */
 BRINDLE_API int GBrn_GetNumOfBuffers(short* count);
 /* Makes buffer `number`, from 1, the current one. Behind GBrn_End the last one is. Any other number changes nothing. */
 BRINDLE_API int GBrn_SetCurBuffer(short number);

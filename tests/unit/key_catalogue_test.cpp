@@ -6,7 +6,6 @@
 #include <set>
 #include <string>
 #include <string_view>
-#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -94,81 +93,24 @@ TEST(KeyCatalogue, MeaningsNameKnownKeys) {
     }
 }
 
-TEST(KeyCatalogue, EventsAreThoseOfARun) {
-    const char* const global[] = {
-        "FileStart_",    "FileEnd_",      "MainInit_",    "MainTerm_",      "SubInit_",
-        "SubTerm_",      "Move_",         "Line_",        "Arc_",           "Text_",
-        "SubCall_",      "SubReset_",     "OriTransSet_", "OriTransReset_", "MoveToIncludePt_",
-        "Fly_PreCheck_", "Fly_PostCheck_"};
-    const char* const per_tool[] = {"ToolSel_", "ToolDesel_", "ToolOn_", "ToolOff_"};
-    std::vector<std::pair<std::string_view, bool>> expected, found;
-    for (const char* prefix : global) expected.emplace_back(prefix, false);
-    for (const char* prefix : per_tool) expected.emplace_back(prefix, true);
-    for (const EventInfo& event : TemplateEvents()) found.emplace_back(event.prefix, event.per_tool);
-    EXPECT_EQ(found, expected);
-}
-
-struct FixedName {
-    template <size_t n>
-    consteval FixedName(const char (&name)[n]) {
-        for (size_t i = 0; i < n; ++i) text[i] = name[i];
-    }
-    char text[40] = {};
-};
-
-template <FixedName name>
-concept KeyCompiles = requires {
-    typename std::bool_constant<(Key(name.text), true)>;
-};
-
-TEST(KeyCatalogue, KeysAreCheckedByTheCompiler) {
-    static_assert(KeyCompiles<"bTerminiate">);
-    static_assert(!KeyCompiles<"bTerminate">);
-    static_assert(!KeyCompiles<"T1_bTangential">);
-    static_assert(!KeyCompiles<"">);
-    EXPECT_EQ(Key("rFacetTolMM")->read_default.Real(), 0.01);
-    EXPECT_EQ(Key("sRTCode")->scope, kGlobal);
-    EXPECT_EQ(&Key("tTmpl").Info(), MatchKey("Arc_tTmpl").info);
-}
-
 TEST(MatchKey, TakesKeysApart) {
-    const struct {
-        const char *key, *name;
-        KeyScope scope;
-        const char *tool_prefix, *event_prefix;
-    } cases[] = {
-        {"bUseSubs", "bUseSubs", kGlobal, "", ""},
-        {"Speed_nNDec", "Speed_nNDec", kGlobal, "", ""},
-        {"MM_AX1_nNDec", "MM_AX1_nNDec", kGlobal, "", ""},
-        {"ToolRot_sAddr", "ToolRot_sAddr", kGlobal, "", ""},
-        {"TextHgt_rFactor_mm", "TextHgt_rFactor_mm", kGlobal, "", ""},
-        {"TextData_sTO_1", "TextData_sTO_1", kGlobal, "", ""},
-        {"Fly_bForPreceeding", "Fly_bForPreceeding", kGlobal, "", ""},
-        // With and without the prefix of a tool these are two keys.
-        {"sCCWCode", "sCCWCode", kGlobal, "", ""},
-        {"T12_sCCWCode", "sCCWCode", kTool, "T12_", ""},
-        {"T3_Speed_P1_sV1", "Speed_P1_sV1", kTool, "T3_", ""},
-        {"T_Speed_P2_sV4", "Speed_P2_sV4", kTool, "T_", ""},
-        {"T0_bTangential", "bTangential", kTool, "T0_", ""},
-        {"T007_bTangential", "bTangential", kTool, "T007_", ""},
-        {"T99999999999999999999_Fly_bUse", "Fly_bUse", kTool, "T99999999999999999999_", ""},
-        // The offset of a tool and the template of switching it off begin alike.
-        {"T1_ToolOff_bUse", "ToolOff_bUse", kTool, "T1_", ""},
-        {"T1_ToolOff_rAxis1MM", "ToolOff_rAxis1MM", kTool, "T1_", ""},
-        {"T1_ToolOff_tTmpl", "tTmpl", kEvent, "T1_", "ToolOff_"},
-        {"T1_ToolOff_bTerminiate", "bTerminiate", kEvent, "T1_", "ToolOff_"},
-        {"T_ToolSel_bClearInterp", "bClearInterp", kEvent, "T_", "ToolSel_"},
-        {"FileStart_tTmpl", "tTmpl", kEvent, "", "FileStart_"},
-        {"Text_bClearAbsInc", "bClearAbsInc", kEvent, "", "Text_"},
-        {"Fly_PreCheck_tTmpl", "tTmpl", kEvent, "", "Fly_PreCheck_"},
-    };
-    for (const auto& expected : cases) {
-        const KeyMatch match = MatchKey(expected.key);
-        ASSERT_NE(match.info, nullptr) << expected.key;
-        EXPECT_EQ(match.info->name, expected.name) << expected.key;
-        EXPECT_EQ(match.info->scope, expected.scope) << expected.key;
-        EXPECT_EQ(match.tool_prefix, expected.tool_prefix) << expected.key;
-        EXPECT_EQ(match.event != nullptr ? match.event->prefix : "", expected.event_prefix) << expected.key;
+    // The prefix of the tool, that of the event and the name.
+    const std::string_view rows[] = {"||bUseSubs",
+                                     // With and without the prefix of a tool these are two keys.
+                                     "||sCCWCode", "T12_||sCCWCode", "T3_||Speed_P1_sV1", "T_||Speed_P2_sV4",
+                                     "T0_||bTangential", "T007_||bTangential", "T99999999999999999999_||Fly_bUse",
+                                     // The offset of a tool and the template of switching it off begin alike.
+                                     "T1_||ToolOff_bUse", "T1_||ToolOff_rAxis1MM", "T1_|ToolOff_|tTmpl",
+                                     "T1_|ToolOff_|bTerminiate", "T_|ToolSel_|bClearInterp", "|FileStart_|tTmpl",
+                                     "|Text_|bClearAbsInc", "|Fly_PreCheck_|tTmpl"};
+    for (const std::string_view row : rows) {
+        std::string key(row);
+        std::erase(key, '|');
+        const KeyMatch match = MatchKey(key);
+        ASSERT_NE(match.info, nullptr) << key;
+        const std::string_view event = match.event ? match.event->prefix : "";
+        EXPECT_EQ(std::string(match.tool_prefix).append("|").append(event).append("|").append(match.info->name), row);
+        EXPECT_EQ(match.info->scope, match.event ? kEvent : match.tool_prefix.empty() ? kGlobal : kTool) << key;
     }
 }
 
@@ -199,58 +141,34 @@ TEST(MatchKey, KnowsEveryKeyOfTheCatalogue) {
             std::string joined(match.tool_prefix);
             if (match.event != nullptr) joined += match.event->prefix;
             EXPECT_EQ(joined.append(match.info->name), key);
+            EXPECT_EQ(NearestKey(key), key);
         }
     }
 }
 
 TEST(NearestKey, FindsWhatWasMeant) {
-    const struct {
-        const char *key, *nearest;
-    } cases[] = {
+    // What was written and the key that was meant.
+    const std::string_view rows[] = {
         // One letter missing, too many, wrong, swapped.
-        {"T3_bTangental", "T3_bTangential"},
-        {"Fly_bForPreceding", "Fly_bForPreceeding"},
-        {"FileStart_bTerminate", "FileStart_bTerminiate"},
-        {"rFacettTolMM", "rFacetTolMM"},
-        {"sNWordAdds", "sNWordAddr"},
-        {"bUseSbus", "bUseSubs"},
-        {"T_ToolOn_tTempl", "T_ToolOn_tTmpl"},
-        {"Flie_tTmpl", "Line_tTmpl"},
+        "T3_bTangental T3_bTangential", "Fly_bForPreceding Fly_bForPreceeding",
+        "FileStart_bTerminate FileStart_bTerminiate", "rFacettTolMM rFacetTolMM", "sNWordAdds sNWordAddr",
+        "bUseSbus bUseSubs", "T_ToolOn_tTempl T_ToolOn_tTmpl", "Flie_tTmpl Line_tTmpl",
         // Several, as far as the length of the name allows.
-        {"SubNum_bUseSeqence1", "SubNum_bUseSequence"},
-        {"bUseSubRotations", "bUseRotations"},
-        {"MoveToInclPt_tTmpl", "MoveToIncludePt_tTmpl"},
+        "SubNum_bUseSeqence1 SubNum_bUseSequence", "bUseSubRotations bUseRotations",
+        "MoveToInclPt_tTmpl MoveToIncludePt_tTmpl",
         // Wrong case only; a key of a tool is not near without its prefix.
-        {"busesubs", "bUseSubs"},
-        {"BUSESUBS", "bUseSubs"},
-        {"SPEED_BUSESMALLRADIIFORMULA", ""},
-        {"T4_SPEED_BUSESMALLRADIIFORMULA", "T4_Speed_bUseSmallRadiiFormula"},
-        {"MOVETOINCLUDEPT_BCLEARABSINC", "MoveToIncludePt_bClearAbsInc"},
-        {"srTCode", "sRTCode"},
-        {"scWCode", "sCWCode"},
+        "busesubs bUseSubs", "BUSESUBS bUseSubs", "T4_SPEED_BUSESMALLRADIIFORMULA T4_Speed_bUseSmallRadiiFormula",
+        "MOVETOINCLUDEPT_BCLEARABSINC MoveToIncludePt_bClearAbsInc", "srTCode sRTCode", "scWCode sCWCode",
         // The prefix of a tool stays, and a slip in it is put right.
-        {"T12_Speed_P1_sv3", "T12_Speed_P1_sV3"},
-        {"t3_bTangential", "T3_bTangential"},
-        {"T3bTangential", "T3_bTangential"},
-        {"t_ToolOff_tTmp", "T_ToolOff_tTmpl"},
-        {"T3__bTangential", "T3_bTangential"},
-        // Nothing near, or near only under the other kind of prefix.
-        {"", ""},
-        {"T", ""},
-        {"T_", ""},
-        {"T3_", ""},
-        {"tTmpl", ""},
-        {"bFooBar", ""},
-        {"Foo_tTmpl", ""},
-        {"T3_bUseRotations", ""},
-        {"Speed_bSepForArcs", ""},
-    };
-    for (const auto& expected : cases) EXPECT_EQ(NearestKey(expected.key), expected.nearest) << expected.key;
-}
-
-TEST(NearestKey, OfAKnownKeyIsTheKey) {
-    for (const char* tool_prefix : {"T_", "T7_"}) {
-        for (const std::string& key : AllKeys(tool_prefix)) EXPECT_EQ(NearestKey(key), key);
+        "T12_Speed_P1_sv3 T12_Speed_P1_sV3", "t3_bTangential T3_bTangential", "T3bTangential T3_bTangential",
+        "t_ToolOff_tTmp T_ToolOff_tTmpl", "T3__bTangential T3_bTangential"};
+    for (const std::string_view row : rows) {
+        EXPECT_EQ(NearestKey(row.substr(0, row.find(' '))), row.substr(row.find(' ') + 1));
+    }
+    // Nothing near, or near only under the other kind of prefix.
+    for (const char* key : {"SPEED_BUSESMALLRADIIFORMULA", "", "T", "T_", "T3_", "tTmpl", "bFooBar", "Foo_tTmpl",
+                            "T3_bUseRotations", "Speed_bSepForArcs"}) {
+        EXPECT_EQ(NearestKey(key), "");
     }
 }
 

@@ -11,12 +11,6 @@ Point OnCircle(double degrees) {
     return {10 * std::cos(degrees * kRadiansPerDegree), 10 * std::sin(degrees * kRadiansPerDegree)};
 }
 
-TEST(NCData, NoRecordAnswersNothing) {
-    const CNCNullData none;
-    EXPECT_FALSE(none.IsLine() || none.IsArc() || none.IsText() || none.IsInclude() || none.IsMinorArc());
-    EXPECT_EQ(none.GetTextString() + none.GetIncludeName(), "");
-}
-
 TEST(NCData, LinesPointWhereTheyGo) {
     const double rows[][3] = {{1, 0, 0},      {1, 1, 45},   {0, 1, 90}, {-1, 0, 180},
                               {-1, -1, -135}, {0, -1, -90}, {0, 0, 90}};

@@ -4,6 +4,8 @@
 
 #include <cmath>
 #include <limits>
+#include <tuple>
+#include <utility>
 
 #include "text/numbers.h"
 
@@ -11,21 +13,13 @@ namespace brindle {
 namespace {
 
 TEST(PlaneMath, AngleOf) {
-    const struct {
-        Point to;
-        double angle;
-    } rows[] = {{{1, 0}, kFullTurn},
-                {{0, 1}, kQuarterTurn},
-                {{0, 0}, kQuarterTurn},
-                {{0, -1}, kThreeQuarterTurn},
-                {{-1, 0}, kHalfTurn},
-                {{-1, 1}, 0.75 * kHalfTurn},
-                {{-1, -1}, 1.25 * kHalfTurn},
-                {{1, -1}, 1.75 * kHalfTurn},
-                // Just above the x axis it is still a full turn and more.
-                {{1, 0.00009}, kFullTurn + std::atan(0.00009)},
-                {{1, 0.00011}, std::atan(0.00011)}};
-    for (const auto& row : rows) EXPECT_DOUBLE_EQ(AngleOf({0, 0}, row.to), row.angle) << row.to.x << ' ' << row.to.y;
+    const std::pair<Point, double> rows[] = {
+        {{1, 0}, kFullTurn},  {{0, 1}, kQuarterTurn},      {{0, 0}, kQuarterTurn},       {{0, -1}, kThreeQuarterTurn},
+        {{-1, 0}, kHalfTurn}, {{-1, 1}, 0.75 * kHalfTurn}, {{-1, -1}, 1.25 * kHalfTurn}, {{1, -1}, 1.75 * kHalfTurn}};
+    for (const auto& [to, angle] : rows) EXPECT_DOUBLE_EQ(AngleOf({0, 0}, to), angle) << to.x << ' ' << to.y;
+    // Just above the x axis it is still a full turn and more.
+    EXPECT_DOUBLE_EQ(AngleOf({0, 0}, {1, 0.00009}), kFullTurn + std::atan(0.00009));
+    EXPECT_DOUBLE_EQ(AngleOf({0, 0}, {1, 0.00011}), std::atan(0.00011));
 }
 
 TEST(PlaneMath, Normalize) {
@@ -91,20 +85,11 @@ TEST(PlaneMath, StepOfDecimals) {
 }
 
 TEST(PlaneMath, PointsCoincide) {
-    const struct {
-        Point to;
-        double tolerance_x;
-        bool coincide;
-    } rows[] = {
+    const std::tuple<Point, double, bool> rows[] = {
         {{0.00024, -0.00024}, 0, true}, {{0.00026, 0}, 0, false}, {{0, -0.00026}, 0, false}, {{0.4, 0}, 1, true},
         {{0.00024, 0}, 0.0001, true},   {{0.5, 0}, 1, false},     {{0, 0.4}, 1, false}};
-    for (const auto& row : rows)
-        EXPECT_EQ(PointsCoincide({0, 0}, row.to, row.tolerance_x, 0), row.coincide) << row.to.x;
-}
-
-TEST(PlaneMath, DistanceAndCross) {
-    EXPECT_EQ(Distance({1, 2}, {4, -2}), 5);
-    EXPECT_EQ(Cross(1, 2, 3, 5), -1);
+    for (const auto& [to, tolerance_x, coincide] : rows)
+        EXPECT_EQ(PointsCoincide({0, 0}, to, tolerance_x, 0), coincide) << to.x;
 }
 
 }  // namespace

@@ -6,8 +6,9 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
-#include <optional>
 #include <random>
+#include <tuple>
+#include <utility>
 
 #include "brindle/brindle.h"
 #include "platform/local_time.h"
@@ -19,10 +20,7 @@ namespace brindle {
 namespace {
 
 TEST(TextEncoding, WideToNarrow) {
-    const struct {
-        std::wstring wide;
-        const char* narrow;
-    } rows[] = {
+    const std::pair<std::wstring, const char*> rows[] = {
         {L"", ""},
         {L"G1 X", "G1 X"},
         {{0x7F, 0x80, 0x7FF}, "\x7F\xC2\x80\xDF\xBF"},
@@ -31,17 +29,13 @@ TEST(TextEncoding, WideToNarrow) {
         {{0xD7FF, 0xE000}, "\xED\x9F\xBF\xEE\x80\x80"},
         {{0xD800, 'x', 0xDFFF}, "\xEF\xBF\xBDx\xEF\xBF\xBD"},
         {{0x110000}, "\xEF\xBF\xBD"},
-        {{static_cast<wchar_t>(-1), static_cast<wchar_t>(0x80000041)}, "\xEF\xBF\xBD\xEF\xBF\xBD"},
-    };
-    for (const auto& row : rows) EXPECT_EQ(WideToNarrow(row.wide.c_str()), row.narrow);
+        {{static_cast<wchar_t>(-1), static_cast<wchar_t>(0x80000041)}, "\xEF\xBF\xBD\xEF\xBF\xBD"}};
+    for (const auto& [wide, narrow] : rows) EXPECT_EQ(WideToNarrow(wide.c_str()), narrow);
     EXPECT_EQ(WideToNarrow(nullptr), "");
 }
 
 TEST(TextEncoding, NarrowToWide) {
-    const struct {
-        std::string narrow;
-        std::wstring wide;
-    } rows[] = {
+    const std::pair<std::string, std::wstring> rows[] = {
         {"", L""},
         {std::string("a\0b", 3), std::wstring(L"a\0b", 3)},
         {"\xC3\xA9", {0xE9}},
@@ -62,9 +56,8 @@ TEST(TextEncoding, NarrowToWide) {
         {"\xE2\x82x", {0xE2, 0x82, 'x'}},
         {"\xF0\x9F\x98\xC3\xA9", {0xF0, 0x9F, 0x98, 0xE9}},
         {"\xE2\xE2\x82\xAC", {0xE2, 0x20AC}},
-        {"\x80\xBF", {0x80, 0xBF}},
-    };
-    for (const auto& row : rows) EXPECT_EQ(NarrowToWide(row.narrow), row.wide) << testing::PrintToString(row.narrow);
+        {"\x80\xBF", {0x80, 0xBF}}};
+    for (const auto& [narrow, wide] : rows) EXPECT_EQ(NarrowToWide(narrow), wide) << testing::PrintToString(narrow);
 }
 
 TEST(TextEncoding, EveryCharacterComesBack) {
@@ -83,43 +76,20 @@ TEST(SystemString, CarriesLengthAndNul) {
     SysFreeString(string);
 
     wchar_t* const empty = MakeSystemString("");
-    EXPECT_EQ(SysStringLen(empty), 0U);
-    EXPECT_EQ(*empty, L'\0');
+    EXPECT_TRUE(SysStringLen(empty) == 0 && *empty == L'\0');
     SysFreeString(empty);
 
     SysFreeString(nullptr);
     EXPECT_EQ(SysStringLen(nullptr), 0U);
 }
 
-// Sets the time zone for as long as it lives.
-class TimeZone {
-public:
-    explicit TimeZone(const char* zone) {
-        if (const char* const old = getenv("TZ")) old_ = old;
-        Set(zone);
-    }
-    TimeZone(const TimeZone&) = delete;
-    TimeZone& operator=(const TimeZone&) = delete;
-    ~TimeZone() { Set(old_ ? old_->c_str() : nullptr); }
-
-private:
-    static void Set(const char* zone) {
-        if (zone) {
-            setenv("TZ", zone, 1);
-        } else {
-            unsetenv("TZ");
-        }
-        tzset();
-    }
-    std::optional<std::string> old_;
-};
+void SetZone(const char* zone) {
+    setenv("TZ", zone, 1);
+    tzset();
+}
 
 TEST(LocalTime, KnownTimes) {
-    const struct {
-        const char* zone;
-        int64_t seconds;
-        const char* text;
-    } rows[] = {
+    const std::tuple<const char*, int64_t, const char*> rows[] = {
         {"UTC0", 0, "1970_01_01_00_00_00"},
         {"UTC0", -1, "1969_12_31_23_59_59"},
         {"UTC0", 1709287200, "2024_03_01_10_00_00"},
@@ -129,17 +99,16 @@ TEST(LocalTime, KnownTimes) {
         {"UTC0", 253402300800, "10000_01_01_00_00_00"},
         {"<-03>3", 0, "1969_12_31_21_00_00"},
         {"CET-1CEST,M3.5.0,M10.5.0/3", 1709287200, "2024_03_01_11_00_00"},
-        {"CET-1CEST,M3.5.0,M10.5.0/3", 1719828000, "2024_07_01_12_00_00"},
-    };
-    for (const auto& row : rows) {
-        const TimeZone zone(row.zone);
-        EXPECT_EQ(FormatTimeStamp(row.seconds), row.text);
-        EXPECT_EQ(ParseTimeStamp(row.text), row.seconds) << row.text;
+        {"CET-1CEST,M3.5.0,M10.5.0/3", 1719828000, "2024_07_01_12_00_00"}};
+    for (const auto& [zone, seconds, text] : rows) {
+        SetZone(zone);
+        EXPECT_EQ(FormatTimeStamp(seconds), text);
+        EXPECT_EQ(ParseTimeStamp(text), seconds) << text;
     }
 }
 
 TEST(LocalTime, TextsThatAreNoTime) {
-    const TimeZone zone("<-03>3");
+    SetZone("<-03>3");
     for (const char* text :
          {"", "_____", "2024_03_01_10_00", "1899_12_31_10_00_00", "2024_00_01_10_00_00", "2024_13_01_10_00_00",
           "2024_03_00_10_00_00", "2024_03_32_10_00_00", "2024_03_01_24_00_00", "2024_03_01_-1_00_00",
@@ -158,21 +127,17 @@ TEST(LocalTime, TextsThatAreNoTime) {
 }
 
 TEST(LocalTime, DaysThatTheMonthLacksCountOn) {
-    const TimeZone zone("UTC0");
-    const struct {
-        const char* text;
-        const char* time;
-    } rows[] = {
+    SetZone("UTC0");
+    const std::pair<const char*, const char*> rows[] = {
         {"2024_02_29_10_00_00", "2024_02_29_10_00_00"}, {"2024_02_30_10_00_00", "2024_03_01_10_00_00"},
         {"2023_02_29_10_00_00", "2023_03_01_10_00_00"}, {"1900_02_29_10_00_00", "1900_03_01_10_00_00"},
-        {"2000_02_29_10_00_00", "2000_02_29_10_00_00"}, {"2024_04_31_10_00_00", "2024_05_01_10_00_00"},
-    };
-    for (const auto& row : rows) EXPECT_EQ(FormatTimeStamp(ParseTimeStamp(row.text)), row.time) << row.text;
+        {"2000_02_29_10_00_00", "2000_02_29_10_00_00"}, {"2024_04_31_10_00_00", "2024_05_01_10_00_00"}};
+    for (const auto& [text, time] : rows) EXPECT_EQ(FormatTimeStamp(ParseTimeStamp(text)), time) << text;
 }
 
 TEST(LocalTime, RoundTrip) {
     for (const char* name : {"UTC0", "CET-1CEST,M3.5.0,M10.5.0/3", "<+0545>-5:45"}) {
-        const TimeZone zone(name);
+        SetZone(name);
         std::mt19937_64 random(3);
         for (int i = 0; i < 2000; ++i) {
             const auto seconds = static_cast<int64_t>(random() % 6000000000) - 2000000000;
@@ -183,17 +148,14 @@ TEST(LocalTime, RoundTrip) {
         }
     }
     // The hour that a spring leaves out is some time near.
-    const TimeZone zone("CET-1CEST,M3.5.0,M10.5.0/3");
+    SetZone("CET-1CEST,M3.5.0,M10.5.0/3");
     EXPECT_NEAR(static_cast<double>(ParseTimeStamp("2024_03_31_02_30_00")), 1711848600.0, 3600.0);
     EXPECT_GT(Now(), 1700000000);
 }
 
 TEST(TextFile, Lines) {
     using Views = std::vector<std::string_view>;
-    const struct {
-        std::string text;
-        Views lines;
-    } rows[] = {
+    const std::pair<std::string, Views> rows[] = {
         {"", {}},
         {"\n", {""}},
         {"a", {"a"}},
@@ -201,9 +163,8 @@ TEST(TextFile, Lines) {
         {"a\r\nb\n\nc", {"a", "b", "", "c"}},
         {"a\r\r\nb\rc\r", {"a\r", "b\rc\r"}},
         {"\r\n\r", {"", "\r"}},
-        {std::string("a\0b\nc\x1A", 6), {std::string_view("a\0b", 3), "c\x1A"}},
-    };
-    for (const auto& row : rows) EXPECT_EQ(SplitLines(row.text), row.lines) << testing::PrintToString(row.text);
+        {std::string("a\0b\nc\x1A", 6), {std::string_view("a\0b", 3), "c\x1A"}}};
+    for (const auto& [text, lines] : rows) EXPECT_EQ(SplitLines(text), lines) << testing::PrintToString(text);
 }
 
 TEST(TextFile, WholeFiles) {

@@ -54,28 +54,26 @@ TEST(RunTimeDataDef, LinesOneByOne) {
         bool is_definition_line;
         Lines written;  // in all modes but kIgnore
         Lines ignoring;
-    } rows[] = {
-        {"", false, {}, {}},
-        {"ROW", false, {}, {}},
-        {"UPD ", false, {}, {}},
-        {"row TEXT Top", false, {}, {}},
-        {"TEXT ROW Top", false, {}, {}},
-        {"\"ROW\" TEXT Top", false, {}, {}},
-        {"ROW TEXT", true, {}, {}},
-        {"ROW TEXT Top", true, {"ROW TEXT Top "}, {}},
-        {" \tROW\tanything Top", true, {"ROW TEXT Top "}, {}},
-        {"COL TEXT a!#SP#!b", true, {"COL TEXT a!#SP#!b "}, {}},
-        {"COL TEXT !#EMPTY#!", true, {"COL TEXT !#EMPTY#! "}, {}},
-        {"MSG TEXT Top HIDE", true, {"MSG TEXT Top HIDE"}, {}},
-        {"MSG TEXT Top hide", true, {"MSG TEXT Top "}, {}},
-        {"MSG TEXT Top x HIDE", true, {"MSG TEXT Top "}, {}},
-        {"MSG TEXT \"Top left\" HIDE", true, {"MSG TEXT \"Top!#SP#!left\" HIDE"}, {}},
-        {"MSG TEXT 'open", true, {"MSG TEXT 'open!#SP#!' "}, {}},
-        {"DATASETDEF Steel", true, {"DATASETDEF Steel"}, {"DATASETDEF Steel"}},
-        {"DATASETDEF a!#SP#!b", true, {"DATASETDEF a b"}, {"DATASETDEF a b"}},
-        {"DSD Steel TEXT RTD(1,1) 5", true, {}, {}},
-        {"DSD x", true, {}, {}},
-    };
+    } rows[] = {{"", false, {}, {}},
+                {"ROW", false, {}, {}},
+                {"UPD ", false, {}, {}},
+                {"row TEXT Top", false, {}, {}},
+                {"TEXT ROW Top", false, {}, {}},
+                {"\"ROW\" TEXT Top", false, {}, {}},
+                {"ROW TEXT", true, {}, {}},
+                {"ROW TEXT Top", true, {"ROW TEXT Top "}, {}},
+                {" \tROW\tanything Top", true, {"ROW TEXT Top "}, {}},
+                {"COL TEXT a!#SP#!b", true, {"COL TEXT a!#SP#!b "}, {}},
+                {"COL TEXT !#EMPTY#!", true, {"COL TEXT !#EMPTY#! "}, {}},
+                {"MSG TEXT Top HIDE", true, {"MSG TEXT Top HIDE"}, {}},
+                {"MSG TEXT Top hide", true, {"MSG TEXT Top "}, {}},
+                {"MSG TEXT Top x HIDE", true, {"MSG TEXT Top "}, {}},
+                {"MSG TEXT \"Top left\" HIDE", true, {"MSG TEXT \"Top!#SP#!left\" HIDE"}, {}},
+                {"MSG TEXT 'open", true, {"MSG TEXT 'open!#SP#!' "}, {}},
+                {"DATASETDEF Steel", true, {"DATASETDEF Steel"}, {"DATASETDEF Steel"}},
+                {"DATASETDEF a!#SP#!b", true, {"DATASETDEF a b"}, {"DATASETDEF a b"}},
+                {"DSD Steel TEXT RTD(1,1) 5", true, {}, {}},
+                {"DSD x", true, {}, {}}};
     for (const auto& row : rows) {
         for (const Mode mode : {Mode::kCollect, Mode::kResolve, Mode::kTuning, Mode::kIgnore}) {
             SCOPED_TRACE(std::string(row.line) + " in mode " + std::to_string(static_cast<int>(mode)));
@@ -92,33 +90,31 @@ TEST(RunTimeDataDef, DatasetLines) {
         Mode mode;
         const char* value;    // the line of the dataset, empty if there is none
         const char* pending;  // the line of the pending expression, empty if there is none
-    } rows[] = {
-        {"DSD S TEXT RTD(1) 12.5", Mode::kTuning, "TEXT RTD(1) 12.5 ", ""},
-        {"DSD S text RTD(1) a!#SP#!b more", Mode::kCollect, "TEXT RTD(1) a!#SP#!b ", ""},
-        {"DSD S INT RTD(1) 5", Mode::kResolve, "TEXT RTD(1) 5 ", ""},
-        {"DSD S TEXT RTD(1) !#EMPTY#!", Mode::kTuning, "TEXT RTD(1) !#EMPTY#! ", ""},
-        {"DSD S TEXT RTD(1) \"a b\"", Mode::kTuning, "TEXT RTD(1) \"a!#SP#!b\" ", ""},
-        {"DSD S TEXT RTD(1)", Mode::kTuning, "", ""},
-        {"DSD S R_EXPR RTD(1)", Mode::kCollect, "", ""},
-        {"DSD S TEXT RTD(1) 5", Mode::kIgnore, "", ""},
-        {"DSD s TEXT RTD(1) 5", Mode::kTuning, "", ""},
-        // Not computed yet.
-        {"DSD S R_EXPR RTD(1) a!#SP#!b", Mode::kCollect, "T_EXPR RTD(1) !#EMPTY#! ", "REAL a b 0.000000000 "},
-        {"DSD S t_expr RTD(1) ab", Mode::kCollect, "T_EXPR RTD(1) !#EMPTY#! ", "TEXT ab !#EMPTY#! "},
-        {"DSD S R_EXPR RTD(1) !#EMPTY#!", Mode::kCollect, "T_EXPR RTD(1) !#EMPTY#! ", ""},
-        {"DSD S R_EXPR RTD(1) a!#SP#!b", Mode::kResolve, "T_EXPR RTD(1) !#EMPTY#! ", ""},
-        {"DSD S T_EXPR RTD(1) ab", Mode::kResolve, "T_EXPR RTD(1) !#EMPTY#! ", ""},
-        {"DSD S r_expr RTD(1) a!#SP#!b", Mode::kTuning, "R_EXPR RTD(1) a!#SP#!b ", ""},
-        {"DSD S T_EXPR RTD(1) ab", Mode::kTuning, "T_EXPR RTD(1) ab ", ""},
-        // Computed.
-        {"DSD S R_EXPR RTD(1) known!#SP#!one", Mode::kResolve, "T_EXPR RTD(1) 4!#SP#!2 ", ""},
-        {"DSD S T_EXPR RTD(1) known!#SP#!one", Mode::kResolve, "T_EXPR RTD(1) 4!#SP#!2 ", ""},
-        {"DSD S R_EXPR RTD(1) known!#SP#!one", Mode::kTuning, "T_EXPR RTD(1) 4!#SP#!2 ", ""},
-        {"DSD S R_EXPR RTD(1) void", Mode::kTuning, "T_EXPR RTD(1) !#EMPTY#! ", ""},
-        {"DSD S R_EXPR RTD(1) known!#SP#!one", Mode::kCollect, "T_EXPR RTD(1) !#EMPTY#! ",
-         "REAL known one 0.000000000 "},
-        {"DSD S TEXT RTD(1) void", Mode::kResolve, "TEXT RTD(1) void ", ""},
-    };
+    } rows[] = {{"DSD S TEXT RTD(1) 12.5", Mode::kTuning, "TEXT RTD(1) 12.5 ", ""},
+                {"DSD S text RTD(1) a!#SP#!b more", Mode::kCollect, "TEXT RTD(1) a!#SP#!b ", ""},
+                {"DSD S INT RTD(1) 5", Mode::kResolve, "TEXT RTD(1) 5 ", ""},
+                {"DSD S TEXT RTD(1) !#EMPTY#!", Mode::kTuning, "TEXT RTD(1) !#EMPTY#! ", ""},
+                {"DSD S TEXT RTD(1) \"a b\"", Mode::kTuning, "TEXT RTD(1) \"a!#SP#!b\" ", ""},
+                {"DSD S TEXT RTD(1)", Mode::kTuning, "", ""},
+                {"DSD S R_EXPR RTD(1)", Mode::kCollect, "", ""},
+                {"DSD S TEXT RTD(1) 5", Mode::kIgnore, "", ""},
+                {"DSD s TEXT RTD(1) 5", Mode::kTuning, "", ""},
+                // Not computed yet.
+                {"DSD S R_EXPR RTD(1) a!#SP#!b", Mode::kCollect, "T_EXPR RTD(1) !#EMPTY#! ", "REAL a b 0.000000000 "},
+                {"DSD S t_expr RTD(1) ab", Mode::kCollect, "T_EXPR RTD(1) !#EMPTY#! ", "TEXT ab !#EMPTY#! "},
+                {"DSD S R_EXPR RTD(1) !#EMPTY#!", Mode::kCollect, "T_EXPR RTD(1) !#EMPTY#! ", ""},
+                {"DSD S R_EXPR RTD(1) a!#SP#!b", Mode::kResolve, "T_EXPR RTD(1) !#EMPTY#! ", ""},
+                {"DSD S T_EXPR RTD(1) ab", Mode::kResolve, "T_EXPR RTD(1) !#EMPTY#! ", ""},
+                {"DSD S r_expr RTD(1) a!#SP#!b", Mode::kTuning, "R_EXPR RTD(1) a!#SP#!b ", ""},
+                {"DSD S T_EXPR RTD(1) ab", Mode::kTuning, "T_EXPR RTD(1) ab ", ""},
+                // Computed.
+                {"DSD S R_EXPR RTD(1) known!#SP#!one", Mode::kResolve, "T_EXPR RTD(1) 4!#SP#!2 ", ""},
+                {"DSD S T_EXPR RTD(1) known!#SP#!one", Mode::kResolve, "T_EXPR RTD(1) 4!#SP#!2 ", ""},
+                {"DSD S R_EXPR RTD(1) known!#SP#!one", Mode::kTuning, "T_EXPR RTD(1) 4!#SP#!2 ", ""},
+                {"DSD S R_EXPR RTD(1) void", Mode::kTuning, "T_EXPR RTD(1) !#EMPTY#! ", ""},
+                {"DSD S R_EXPR RTD(1) known!#SP#!one", Mode::kCollect, "T_EXPR RTD(1) !#EMPTY#! ",
+                 "REAL known one 0.000000000 "},
+                {"DSD S TEXT RTD(1) void", Mode::kResolve, "TEXT RTD(1) void ", ""}};
     for (const auto& row : rows) {
         SCOPED_TRACE(std::string(row.line) + " in mode " + std::to_string(static_cast<int>(row.mode)));
         Definition definition({"DATASETDEF S"});
@@ -161,41 +157,30 @@ TEST(RunTimeDataDef, TimeOfLastUpdate) {
 TEST(RunTimeDataDef, Hidden) {
     Definition definition({"MSG TEXT m1", "MSG TEXT m2 HIDE", "ROW TEXT r1", "ROW TEXT r2 HIDE", "COL TEXT c1",
                            "COL TEXT c2 HIDE", "COL TEXT c3"});
-    const struct {
-        const char* word;
-        bool hidden;
-    } rows[] = {
-        {"RTD(1)", false},
-        {"RTD(2)", true},
-        {"RTD(3)", false},
-        {"RTD(0)", false},
-        {"RTD(-2)", false},
-        {"RTD(1,1)", false},
-        {"RTD(1,2)", true},
-        {"RTD(2,1)", true},
-        {"RTD(2,2)", true},
-        {"RTD(1,3)", false},
-        {"RTD(2,4)", false},
-        {"RTD(3,2)", false},
-        {"RTD(0,2)", false},
-        {"RTD(2,0)", false},
-        {"RTD(2,-1)", false},
-        {"RTD2", true},
-        {"xyz_2", true},
-        {"RTD(1_2)", true},
-        {"RTD( 2 )", true},
-        {"RTD(2x)", true},
-        {"RTD", false},
-        {"", false},
-        {"RT2", false},
-        {"RTD()", false},
-        {"RTD(2,1,1)", false},
-        {"RTD(x)", false},
-        {"RTD(\"2\")", false},
-        {"RTD(99999999999)", false},
-        {"RTD(2147483648,2)", false},
-    };
-    for (const auto& row : rows) EXPECT_EQ(definition.def.IsHidden(row.word), row.hidden) << row.word;
+    for (const char* word :
+         {"RTD(2)", "RTD(1,2)", "RTD(2,1)", "RTD(2,2)", "RTD2", "xyz_2", "RTD(1_2)", "RTD( 2 )", "RTD(2x)"})
+        EXPECT_TRUE(definition.def.IsHidden(word)) << word;
+    for (const char* word : {"RTD(1)",
+                             "RTD(3)",
+                             "RTD(0)",
+                             "RTD(-2)",
+                             "RTD(1,1)",
+                             "RTD(1,3)",
+                             "RTD(2,4)",
+                             "RTD(3,2)",
+                             "RTD(0,2)",
+                             "RTD(2,0)",
+                             "RTD(2,-1)",
+                             "RTD",
+                             "",
+                             "RT2",
+                             "RTD()",
+                             "RTD(2,1,1)",
+                             "RTD(x)",
+                             "RTD(\"2\")",
+                             "RTD(99999999999)",
+                             "RTD(2147483648,2)"})
+        EXPECT_FALSE(definition.def.IsHidden(word)) << word;
 }
 
 TEST(RunTimeDataDef, ReadsFiles) {
@@ -242,14 +227,11 @@ TEST(RunTimeDataDef, AssignCopiesAll) {
 
 TEST(RunTimeDataDef, EmptyNamesAddNothing) {
     CRunTimeDataDef definition;
+    for (const char* name : {"", " "}) definition.AddMessage(name, true);
     definition.AddRow("", false);
     definition.AddColumn("", true);
-    definition.AddMessage("", false);
-    definition.AddMessage(" ", true);
-    EXPECT_TRUE(definition.rows().empty());
-    EXPECT_TRUE(definition.columns().empty());
-    ASSERT_EQ(definition.messages().size(), 1U);
-    EXPECT_TRUE(definition.messages()[0].hidden);
+    EXPECT_TRUE(definition.rows().empty() && definition.columns().empty());
+    EXPECT_EQ(definition.messages().size(), 1U);
 }
 
 TEST(DataSets, AreKeptInOrder) {
@@ -259,12 +241,8 @@ TEST(DataSets, AreKeptInOrder) {
     sets.ValuesOf("a")->SetText("RTD(1)", "x", TextKind::kPlain);
     EXPECT_TRUE(sets.Remove("b"));
     EXPECT_FALSE(sets.Remove("b"));
-    EXPECT_EQ(sets.NameAt(0), "a");
-    EXPECT_EQ(sets.NameAt(1), "B");
-    EXPECT_EQ(sets.NameAt(2), "");
-    EXPECT_EQ(sets.ValuesAt(2), nullptr);
-    EXPECT_EQ(sets.ValuesOf("b"), nullptr);
-    EXPECT_FALSE(sets.Exists("b"));
+    EXPECT_TRUE(sets.NameAt(0) == "a" && sets.NameAt(1) == "B" && sets.NameAt(2).empty());
+    EXPECT_TRUE(!sets.ValuesAt(2) && !sets.ValuesOf("b") && !sets.Exists("b"));
     EXPECT_TRUE(sets.Add("b"));
     EXPECT_EQ(sets.NameAt(2), "b");
 
@@ -282,9 +260,10 @@ TEST(DataSets, AreKeptInOrder) {
 TEST(RunTimeDataDef, ManyDatasets) {
     constexpr int kCount = 100000;
     CRunTimeDataDef definition;
-    for (int i = 0; i < kCount; ++i) definition.ReadLine("DATASETDEF S" + std::to_string(i), Mode::kTuning);
     for (int i = 0; i < kCount; ++i) {
-        definition.ReadLine("DSD S" + std::to_string(i) + " TEXT RTD(1) " + std::to_string(i), Mode::kTuning);
+        const std::string number = std::to_string(i);
+        definition.ReadLine("DATASETDEF S" + number, Mode::kTuning);
+        definition.ReadLine("DSD S" + number + " TEXT RTD(1) " + number, Mode::kTuning);
     }
     Lines lines;
     definition.WriteToList(lines);

@@ -8,58 +8,32 @@
 namespace brindle {
 namespace {
 
-// The pieces, one a line, each behind a letter for its kind.
+// The pieces, each between bars behind a letter for its kind.
 std::string Pieces(std::string_view text) {
-    std::string result;
+    const char* const kinds[] = {"F:", "D:", "R:"};
+    std::string result = "|";
     for (const TemplatePiece& piece : CutTemplateText(text)) {
-        const char* const kind = piece.kind == TemplatePiece::Kind::kFixed       ? "F:"
-                                 : piece.kind == TemplatePiece::Kind::kDirective ? "D:"
-                                                                                 : "R:";
-        result += kind + piece.text + "\n";
+        result += kinds[static_cast<size_t>(piece.kind)] + piece.text + "|";
     }
     return result;
 }
 
 TEST(TemplateText, Pieces) {
-    const struct {
-        const char* text;
-        const char* pieces;
-    } rows[] = {
-        {"", ""},
-        {" ", "F: \n"},
-        {"G90 G17", "F:G90 G17\n"},
-        {"A<@B>C", "F:A\nD:@B\nF:C\n"},
-        {"<@A><@B>", "D:@A\nD:@B\n"},
-        {"<@A> <@B[C,D(1)]>", "D:@A\nF: \nD:@B[C,D(1)]\n"},
-        {"(A)<@Foo", "F:(A)\nD:@Foo\n"},
-        {"A<>B", "F:A<>B\n"},
-        {"A<B>C", "F:A<B>C\n"},
-        {"a > b <@C> > d", "F:a > b \nD:@C\nF: > d\n"},
-        {"A<RTDX>B", "F:A\nF:RTDX\nF:B\n"},
-        {"<RTD(2,3)>", "R:RTD(2,3)\n"},
-        {"<RTD(4) ><RTD(>", "R:RTD(4) \nR:RTD(\n"},
-        {"<RTD><rtd(1)>", "F:RTD\nF:<rtd(1)>\n"},
-        {"RTD(1) x", "R:RTD(1) x\n"},
-        {"@X plain", "D:@X plain\n"},
-        {"<@>", "D:@\n"},
-        {"<@", "D:@\n"},
-        {"<<@A>", "F:<\nD:@A\n"},
-        {"<@A>>", "D:@A\nF:>\n"},
+    const std::string_view rows[] = {
+        "=|", " =|F: |", "G90 G17=|F:G90 G17|", "A<@B>C=|F:A|D:@B|F:C|", "<@A><@B>=|D:@A|D:@B|",
+        "<@A> <@B[C,D(1)]>=|D:@A|F: |D:@B[C,D(1)]|", "(A)<@Foo=|F:(A)|D:@Foo|", "A<>B=|F:A<>B|", "A<B>C=|F:A<B>C|",
+        "a > b <@C> > d=|F:a > b |D:@C|F: > d|", "A<RTDX>B=|F:A|F:RTDX|F:B|", "<RTD(2,3)>=|R:RTD(2,3)|",
+        "<RTD(4) ><RTD(>=|R:RTD(4) |R:RTD(|", "<RTD><rtd(1)>=|F:RTD|F:<rtd(1)>|", "RTD(1) x=|R:RTD(1) x|",
+        "@X plain=|D:@X plain|", "<@>=|D:@|", "<@=|D:@|", "<<@A>=|F:<|D:@A|", "<@A>>=|D:@A|F:>|",
         // An opening in a word doesn't end it, and is left in it as its private mark.
-        {"<@B<@C>", "D:@B!STARTWORDHERE!@C\n"},
-        {"<@B<RTD(1)>>", "D:@B!STARTWORDHERE!RTD(1)\nF:>\n"},
-        {"<@B<@C", "D:@B\nD:@C\n"},
-        {"<@A> <@B <RTD(1)", "D:@A\nF: \nD:@B \nR:RTD(1)\n"},
+        "<@B<@C>=|D:@B!STARTWORDHERE!@C|", "<@B<RTD(1)>>=|D:@B!STARTWORDHERE!RTD(1)|F:>|", "<@B<@C=|D:@B|D:@C|",
+        "<@A> <@B <RTD(1)=|D:@A|F: |D:@B |R:RTD(1)|",
         // Texts that hold the mark themselves.
-        {"x!STARTWORDHERE!y>z", "F:x\nF:y\nF:z\n"},
-        {"!STARTWORDHERE!@A>B", "D:@A\nF:B\n"},
-        {"!STARTWORDHERE!>A>", "F:>A>\n"},
-        {"!STARTWORDHERE!><@A>", "F:>\nD:@A\n"},
-        {"!STARTWORDHERE!!STARTWORDHERE!", ""},
-        {"!STARTWORDHERE<@A>", "F:STARTWORDHERE!@A\n"},
-        {"!STARTWORDHERE!STARTWORDHERE!x", "F:STARTWORDHERE!x\n"},
-    };
-    for (const auto& row : rows) EXPECT_EQ(Pieces(row.text), row.pieces) << row.text;
+        "x!STARTWORDHERE!y>z=|F:x|F:y|F:z|", "!STARTWORDHERE!@A>B=|D:@A|F:B|", "!STARTWORDHERE!>A>=|F:>A>|",
+        "!STARTWORDHERE!><@A>=|F:>|D:@A|", "!STARTWORDHERE!!STARTWORDHERE!=|",
+        "!STARTWORDHERE<@A>=|F:STARTWORDHERE!@A|", "!STARTWORDHERE!STARTWORDHERE!x=|F:STARTWORDHERE!x|"};
+    for (const std::string_view row : rows)
+        EXPECT_EQ(Pieces(row.substr(0, row.find('='))), row.substr(row.find('=') + 1));
 }
 
 // The rule of dividing as it stands, each step on a text of its own. Slow.
@@ -122,13 +96,11 @@ TEST(TemplateLines, NWords) {
         uint16_t kind;
         int32_t value;
         const char* written;
-    } rows[] = {
-        {"NNUL", 0, 0, "NNUL"},        {"NBIG", 1, 0, "NBIG"},
-        {"NSM", 2, 0, "NSM"},          {"NINIT10", 3, 10, "NINIT10"},
-        {"NINIT-5", 3, -5, "NINIT-5"}, {"NINIT", 3, 0, "NINIT0"},
-        {"NINITx", 3, 0, "NINIT0"},    {"NINIT7x", 3, 7, "NINIT7"},
-        {"NINIT+7", 3, 7, "NINIT7"},   {"NINIT99999999999", 3, 2147483647, "NINIT2147483647"},
-    };
+    } rows[] = {{"NNUL", 0, 0, "NNUL"},        {"NBIG", 1, 0, "NBIG"},
+                {"NSM", 2, 0, "NSM"},          {"NINIT10", 3, 10, "NINIT10"},
+                {"NINIT-5", 3, -5, "NINIT-5"}, {"NINIT", 3, 0, "NINIT0"},
+                {"NINITx", 3, 0, "NINIT0"},    {"NINIT7x", 3, 7, "NINIT7"},
+                {"NINIT+7", 3, 7, "NINIT7"},   {"NINIT99999999999", 3, 2147483647, "NINIT2147483647"}};
     for (const auto& row : rows) {
         CNWordInfo n_word{9, 9};
         ASSERT_TRUE(ParseNWord(row.word, n_word)) << row.word;

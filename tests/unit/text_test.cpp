@@ -1,12 +1,12 @@
 // Letters without case, numbers out of and into text, and lines cut into words.
 #include <gtest/gtest.h>
 
-#include <clocale>
 #include <cmath>
 #include <cstdio>
 #include <limits>
-#include <locale>
 #include <random>
+#include <tuple>
+#include <utility>
 
 #include "text/ascii.h"
 #include "text/numbers.h"
@@ -21,70 +21,33 @@ constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 TEST(Ascii, ComparesAsLowerCaseBytes) {
-    const struct {
-        const char* a;
-        const char* b;
-        int sign;
-    } rows[] = {
+    const std::tuple<const char*, const char*, int> rows[] = {
         {"", "", 0},         {"abc", "ABC", 0}, {"a", "B", -1},        {"B", "a", 1},
         {"ab", "abc", -1},   {"abc", "ab", 1},  {"_", "A", -1},        {"_", "a", -1},
         {"Z", "_", 1},       {"T1_", "T10", 1}, {"z", "\xC3\xA9", -1}, {"\xC3\xA9", "\xC3\x89", 1},
-        {"\x80", "\x7F", 1}, {"@", "`", -1},    {"[", "{", -1},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(std::string(row.a) + " / " + row.b);
-        const int result = CompareNoCase(row.a, row.b);
-        EXPECT_EQ((result > 0) - (result < 0), row.sign);
-        EXPECT_EQ(EqualNoCase(row.a, row.b), row.sign == 0);
+        {"\x80", "\x7F", 1}, {"@", "`", -1},    {"[", "{", -1}};
+    for (const auto& [a, b, sign] : rows) {
+        SCOPED_TRACE(std::string(a) + " / " + b);
+        const int result = CompareNoCase(a, b);
+        EXPECT_EQ((result > 0) - (result < 0), sign);
+        EXPECT_EQ(EqualNoCase(a, b), sign == 0);
     }
     EXPECT_EQ(UpperCase("az\xC3\xA9_{1"), "AZ\xC3\xA9_{1");
 }
 
 TEST(Numbers, LeadingDouble) {
-    const struct {
-        const char* text;
-        double value;
-    } rows[] = {
-        {"", 0},
-        {"abc", 0},
-        {"3.9", 3.9},
-        {"-3.9", -3.9},
-        {"+3.9", 3.9},
-        {" \t\n\v\f\r7", 7},
-        {"12abc", 12},
-        {"1,5", 1},
-        {".5", 0.5},
-        {"-.5", -0.5},
-        {"5.", 5},
-        {".", 0},
-        {"-", 0},
-        {"-.", 0},
-        {"--1", 0},
-        {"+-1", 0},
-        {"- 1", 0},
-        {"1e3", 1000},
-        {"1E+3", 1000},
-        {"1e-2x", 0.01},
-        {"1e", 1},
-        {"1e+", 1},
-        {"1.e2", 100},
-        {"1.5.5", 1.5},
-        {"0x10", 0},
-        {"0x1p3", 0},
-        {"inf", 0},
-        {"-infinity", 0},
-        {"nan", 0},
-        {"NAN(1)", 0},
-        {"1e308", 1e308},
-        {"1e309", 0},
-        {"-1e309", 0},
-        {"1e99999999999999999999", 0},
-        {"1e-400", 0},
-        {"4.9406564584124654e-324", 4.9406564584124654e-324},
-        {"0.1234567891", 0.1234567891},
-        {"9007199254740993", 9007199254740992.0},
-    };
-    for (const auto& row : rows) EXPECT_EQ(LeadingDouble(row.text), row.value) << row.text;
+    const std::pair<const char*, double> rows[] = {
+        {"", 0},       {"abc", 0},       {"3.9", 3.9},  {"-3.9", -3.9}, {"+3.9", 3.9},   {"12abc", 12},    {"1,5", 1},
+        {".5", 0.5},   {"-.5", -0.5},    {"5.", 5},     {".", 0},       {"-", 0},        {"-.", 0},        {"--1", 0},
+        {"+-1", 0},    {"- 1", 0},       {"1e3", 1000}, {"1E+3", 1000}, {"1e-2x", 0.01}, {"1e", 1},        {"1e+", 1},
+        {"1.e2", 100}, {"1.5.5", 1.5},   {"0x10", 0},   {"0x1p3", 0},   {"inf", 0},      {"-infinity", 0}, {"nan", 0},
+        {"NAN(1)", 0}, {"1e308", 1e308}, {"1e309", 0},  {"-1e309", 0},  {"1e-400", 0}};
+    for (const auto& [text, value] : rows) EXPECT_EQ(LeadingDouble(text), value) << text;
+    EXPECT_EQ(LeadingDouble(" \t\n\v\f\r7"), 7);
+    EXPECT_EQ(LeadingDouble("1e99999999999999999999"), 0);
+    EXPECT_EQ(LeadingDouble("4.9406564584124654e-324"), 4.9406564584124654e-324);
+    EXPECT_EQ(LeadingDouble("0.1234567891"), 0.1234567891);
+    EXPECT_EQ(LeadingDouble("9007199254740993"), 9007199254740992.0);
     EXPECT_TRUE(std::signbit(LeadingDouble("-0")));
     EXPECT_EQ(LeadingDouble(std::string_view("1\0002", 3)), 1.0);
     EXPECT_EQ(LeadingDouble("0." + std::string(1000000, '0') + "1"), 0.0);
@@ -92,53 +55,23 @@ TEST(Numbers, LeadingDouble) {
 }
 
 TEST(Numbers, LeadingInt) {
-    const struct {
-        const char* text;
-        int32_t value;
-    } rows[] = {
-        {"", 0},
-        {"x1", 0},
-        {"12", 12},
-        {"-12", -12},
-        {"+12", 12},
-        {" \t 5", 5},
-        {"3.9", 3},
-        {"1e5", 1},
-        {"0x10", 0},
-        {"007", 7},
-        {"--1", 0},
-        {"- 1", 0},
-        {"-", 0},
-        {"2147483647", kMaxInt},
-        {"2147483648", kMaxInt},
-        {"-2147483647", -kMaxInt},
-        {"-2147483648", kMinInt},
-        {"-2147483649", kMinInt},
-        {"99999999999999999999999", kMaxInt},
-        {"-99999999999999999999999x", kMinInt},
-    };
-    for (const auto& row : rows) EXPECT_EQ(LeadingInt(row.text), row.value) << row.text;
+    const std::pair<const char*, int32_t> rows[] = {{"", 0},      {"x1", 0},  {"12", 12}, {"-12", -12}, {"+12", 12},
+                                                    {" \t 5", 5}, {"3.9", 3}, {"1e5", 1}, {"0x10", 0},  {"007", 7},
+                                                    {"--1", 0},   {"- 1", 0}, {"-", 0}};
+    for (const auto& [text, value] : rows) EXPECT_EQ(LeadingInt(text), value) << text;
+    for (const char* text : {"2147483647", "2147483648", "99999999999999999999999"})
+        EXPECT_EQ(LeadingInt(text), kMaxInt);
+    for (const char* text : {"-2147483648", "-2147483649", "-9999999999999999999x"})
+        EXPECT_EQ(LeadingInt(text), kMinInt);
+    EXPECT_EQ(LeadingInt("-2147483647"), -kMaxInt);
 }
 
 TEST(Numbers, TruncateToInt32) {
-    const struct {
-        double value;
-        int32_t truncated;
-    } rows[] = {
-        {0.999, 0},
-        {-0.999, 0},
-        {3.9, 3},
-        {-3.9, -3},
-        {2147483647.9, kMaxInt},
-        {2147483648.0, kMaxInt},
-        {-2147483648.9, kMinInt},
-        {1e300, kMaxInt},
-        {-1e300, kMinInt},
-        {kInfinity, kMaxInt},
-        {-kInfinity, kMinInt},
-        {kNaN, 0},
-    };
-    for (const auto& row : rows) EXPECT_EQ(TruncateToInt32(row.value), row.truncated) << row.value;
+    const std::pair<double, int32_t> rows[] = {{0.999, 0}, {-0.999, 0}, {3.9, 3}, {-3.9, -3}, {kNaN, 0}};
+    for (const auto& [value, truncated] : rows) EXPECT_EQ(TruncateToInt32(value), truncated) << value;
+    for (const double value : {2147483647.9, 2147483648.0, 1e300, kInfinity})
+        EXPECT_EQ(TruncateToInt32(value), kMaxInt);
+    for (const double value : {-2147483648.9, -1e300, -kInfinity}) EXPECT_EQ(TruncateToInt32(value), kMinInt);
 }
 
 TEST(Numbers, WrapAt32Bits) {
@@ -150,18 +83,13 @@ TEST(Numbers, WrapAt32Bits) {
 }
 
 TEST(Numbers, FixedText) {
-    const struct {
-        double value;
-        int decimals;
-        const char* text;
-    } rows[] = {
+    const std::tuple<double, int, const char*> rows[] = {
         {0.25, 9, "0.250000000"}, {-1.5, 6, "-1.500000"},  {0, 2, "0.00"},
         {-0.0, 1, "-0.0"},        {2.5, 0, "2"},           {3.5, 0, "4"},
         {0.125, 2, "0.12"},       {0.375, 2, "0.38"},      {1e22, 1, "10000000000000000000000.0"},
         {1e-20, 3, "0.000"},      {kInfinity, 3, "0.000"}, {-kInfinity, 0, "0"},
-        {kNaN, 1, "0.0"},
-    };
-    for (const auto& row : rows) EXPECT_EQ(FixedText(row.value, row.decimals), row.text) << row.value;
+        {kNaN, 1, "0.0"}};
+    for (const auto& [value, decimals, text] : rows) EXPECT_EQ(FixedText(value, decimals), text) << value;
 }
 
 std::string Printed(double value, int decimals) {
@@ -182,41 +110,6 @@ TEST(Numbers, FixedTextAgreesWithPrintf) {
     EXPECT_EQ(FixedText(-std::numeric_limits<double>::max(), 9), Printed(-std::numeric_limits<double>::max(), 9));
 }
 
-// Puts a decimal comma into the C locale, if one that has it is installed, and into the C++ locale always.
-class DecimalComma {
-public:
-    DecimalComma() : old_c_(std::setlocale(LC_ALL, nullptr)) {
-        for (const char* name : {"de_DE.UTF-8", "de_DE.utf8", "de_DE", "fr_FR.UTF-8", "pl_PL.UTF-8", "nl_NL.UTF-8"}) {
-            if (std::setlocale(LC_ALL, name) != nullptr) break;
-        }
-        old_cpp_ = std::locale::global(std::locale(std::locale(), new Comma));
-    }
-    DecimalComma(const DecimalComma&) = delete;
-    DecimalComma& operator=(const DecimalComma&) = delete;
-    ~DecimalComma() {
-        std::locale::global(old_cpp_);
-        std::setlocale(LC_ALL, old_c_.c_str());
-    }
-
-private:
-    struct Comma : std::numpunct<char> {
-        char do_decimal_point() const override { return ','; }
-        char do_thousands_sep() const override { return '.'; }
-        std::string do_grouping() const override { return "\3"; }
-    };
-    std::string old_c_;
-    std::locale old_cpp_;
-};
-
-TEST(Numbers, DecimalCommaOfTheHostChangesNothing) {
-    const DecimalComma comma;
-    EXPECT_EQ(LeadingDouble("1234.5"), 1234.5);
-    EXPECT_EQ(LeadingDouble("1234,5"), 1234.0);
-    EXPECT_EQ(LeadingDouble("1.234,5"), 1.234);
-    EXPECT_EQ(LeadingInt("1.234"), 1);
-    EXPECT_EQ(FixedText(1234567.25, 2), "1234567.25");
-}
-
 std::vector<std::string> Words(std::string_view line, std::string_view separators = " \t") {
     std::vector<std::string_view> words;
     SplitWords(line, words, separators);
@@ -224,45 +117,33 @@ std::vector<std::string> Words(std::string_view line, std::string_view separator
 }
 
 TEST(Words, SplitAtBlanksAndTabs) {
-    const struct {
-        const char* line;
-        std::vector<std::string> words;
-    } rows[] = {
-        {"", {}},
-        {" \t ", {}},
-        {"a", {"a"}},
-        {"  a\tb  c ", {"a", "b", "c"}},
-        {"TEXT a \"b c\"", {"TEXT", "a", "\"b", "c\""}},
-        {"a\rb \n", {"a\rb", "\n"}},
-    };
-    for (const auto& row : rows) EXPECT_EQ(Words(row.line), row.words) << row.line;
+    const std::pair<const char*, std::vector<std::string>> rows[] = {{"", {}},
+                                                                     {" \t ", {}},
+                                                                     {"a", {"a"}},
+                                                                     {"  a\tb  c ", {"a", "b", "c"}},
+                                                                     {"TEXT a \"b c\"", {"TEXT", "a", "\"b", "c\""}},
+                                                                     {"a\rb \n", {"a\rb", "\n"}}};
+    for (const auto& [line, words] : rows) EXPECT_EQ(Words(line), words) << line;
     EXPECT_EQ(Words("1,2 ,,3", ","), (std::vector<std::string>{"1", "2 ", "3"}));
 }
 
 TEST(Words, SplitWithQuotesKeptTogether) {
-    const struct {
-        const char* line;
-        std::vector<std::string> words;
-    } rows[] = {
-        {"", {}},
-        {" \t", {}},
-        {"ROW TEXT Top", {"ROW", "TEXT", "Top"}},
-        {"a \"b c\" d", {"a", "\"b c\"", "d"}},
-        {"a 'b \"c' d", {"a", "'b \"c'", "d"}},
-        {"'a\tb'", {"'a b'"}},
-        {"\"a\"b", {"\"a\"", "b"}},
-        {"\"\"", {"\"\""}},
-        {"'' ''", {"''", "''"}},
-        {"ab\"c d\" e", {"ab\"c", "d\"", "e"}},
-        {"a \"b\tc", {"a", "\"b c \""}},
-        {"\"", {"\" \""}},
-        {"'a ", {"'a  '"}},
-    };
-    for (const auto& row : rows) {
-        EXPECT_EQ(SplitQuotedWords(row.line), row.words) << row.line;
-        EXPECT_EQ(QuotedWord(row.line, 0), "");
-        for (size_t n = 0; n < row.words.size(); ++n) EXPECT_EQ(QuotedWord(row.line, n + 1), row.words[n]) << row.line;
-        EXPECT_EQ(QuotedWord(row.line, row.words.size() + 1), "") << row.line;
+    const std::pair<const char*, std::vector<std::string>> rows[] = {{"", {}},
+                                                                     {" \t", {}},
+                                                                     {"\"\"", {"\"\""}},
+                                                                     {"'' ''", {"''", "''"}},
+                                                                     {"\"a\"b", {"\"a\"", "b"}},
+                                                                     {"\"", {"\" \""}},
+                                                                     {"'a ", {"'a  '"}},
+                                                                     {"'a\tb'", {"'a b'"}},
+                                                                     {"a \"b\tc", {"a", "\"b c \""}},
+                                                                     {"a 'b \"c' d", {"a", "'b \"c'", "d"}},
+                                                                     {"ab\"c d\" e", {"ab\"c", "d\"", "e"}}};
+    for (const auto& [line, words] : rows) {
+        EXPECT_EQ(SplitQuotedWords(line), words) << line;
+        EXPECT_EQ(QuotedWord(line, 0), "");
+        for (size_t n = 0; n < words.size(); ++n) EXPECT_EQ(QuotedWord(line, n + 1), words[n]) << line;
+        EXPECT_EQ(QuotedWord(line, words.size() + 1), "") << line;
     }
 }
 
@@ -278,17 +159,15 @@ TEST(Words, Escapes) {
         const char* text;
         const char* word;
         const char* back;  // differs from the text where it held an escape of its own
-    } rows[] = {
-        {"", "!#EMPTY#!", ""},
-        {" ", "!#SP#!", " "},
-        {"   ", "!#SP#!!#SP#!!#SP#!", "   "},
-        {"G0 X1", "G0!#SP#!X1", "G0 X1"},
-        {"a!b", "a!b", "a!b"},
-        {"a!#SP#!b", "a!#SP#!b", "a b"},
-        {"a!#EMPTY#!b", "a!#EMPTY#!b", "ab"},
-        {"!#SP#!#SP#!", "!#SP#!#SP#!", " #SP#!"},
-        {"!#EM!#EMPTY#!PTY#!", "!#EM!#EMPTY#!PTY#!", "!#EMPTY#!"},
-    };
+    } rows[] = {{"", "!#EMPTY#!", ""},
+                {" ", "!#SP#!", " "},
+                {"   ", "!#SP#!!#SP#!!#SP#!", "   "},
+                {"G0 X1", "G0!#SP#!X1", "G0 X1"},
+                {"a!b", "a!b", "a!b"},
+                {"a!#SP#!b", "a!#SP#!b", "a b"},
+                {"a!#EMPTY#!b", "a!#EMPTY#!b", "ab"},
+                {"!#SP#!#SP#!", "!#SP#!#SP#!", " #SP#!"},
+                {"!#EM!#EMPTY#!PTY#!", "!#EM!#EMPTY#!PTY#!", "!#EMPTY#!"}};
     for (const auto& row : rows) {
         EXPECT_EQ(EscapeWord(row.text), row.word) << row.text;
         EXPECT_EQ(UnescapeWord(row.word), row.back) << row.text;

@@ -35,56 +35,35 @@ Lines Dump(const CKVItemContainer& container) {
 }
 
 TEST(TuningText, LineInAndOut) {
-    const struct {
-        const char* line;
-        const char* written;  // empty if the line is none
-    } rows[] = {
-        {"BOOL a true", "BOOL a true "},
-        {"BOOL a TRUE", "BOOL a true "},
-        {"BOOL a 1", "BOOL a false "},
-        {"BOOL a yes", "BOOL a false "},
-        {"BOOL a truely", "BOOL a false "},
-        {"INT a 3.9", "INT  a 3 "},
-        {"INT a -3.9", "INT  a -3 "},
-        {"INT a 1e3", "INT  a 1000 "},
-        {"INT a 1e12", "INT  a 2147483647 "},
-        {"INT a -1e12", "INT  a -2147483648 "},
-        {"INT a 1e999", "INT  a 0 "},
-        {"INT a x", "INT  a 0 "},
-        {"\t INT \t a\t\t3  ", "INT  a 3 "},
-        {"REAL a 0.25", "REAL a 0.250000000 "},
-        {"REAL a 0.1234567891", "REAL a 0.123456789 "},
-        {"REAL a -0", "REAL a -0.000000000 "},
-        {"REAL a 1e20", "REAL a 100000000000000000000.000000000 "},
-        {"REAL a inf", "REAL a 0.000000000 "},
-        {"REAL a 1,5", "REAL a 1.000000000 "},
-        {"TEXT a b c", "TEXT a b "},
-        {"TEXT a G0!#SP#!X1", "TEXT a G0!#SP#!X1 "},
-        {"TEXT a !#EMPTY#!", "TEXT a !#EMPTY#! "},
-        {"TEXT a x!#EMPTY#!y", "TEXT a xy "},
-        {"TEXT a \"b c\"", "TEXT a \"b "},
-        {"TEXT \"a b\" c", "TEXT \"a b\" "},
-        {"R_EXPR a b+1", "R_EXPR a b+1 "},
-        {"T_EXPR a b", "T_EXPR a b "},
-        {"MULTI a NNUL", "MULTI a "},
-        {"MULTI a NNUL (START) NNUL G90!#SP#!G17", "MULTI a NNUL (START) NNUL G90!#SP#!G17 "},
-        {"MULTI a NBIG b NSM !#EMPTY#! NINIT-5 c NNUL", "MULTI a NBIG b NSM !#EMPTY#! NINIT-5 c "},
-        {"MULTI a NSMX lost nbig lost NBIG kept", "MULTI a NBIG kept "},
-        {"MULTI a NNUL one\ttab NNUL two", "MULTI a NNUL one "},
-        {"", ""},
-        {"TEXT", ""},
-        {"TEXT a", ""},
-        {"MULTI a ", ""},
-        {"bool a true", ""},
-        {"END a b", ""},
-        {"TEXTX a b", ""},
-        {"ROW TEXT b", ""},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.line);
+    // A line and what is written of it.
+    const std::string_view rows[] = {
+        // Switches.
+        "BOOL a true|BOOL a true ", "BOOL a TRUE|BOOL a true ", "BOOL a 1|BOOL a false ", "BOOL a yes|BOOL a false ",
+        "BOOL a truely|BOOL a false ",
+        // Numbers.
+        "INT a 3.9|INT  a 3 ", "INT a -3.9|INT  a -3 ", "INT a 1e3|INT  a 1000 ", "INT a 1e12|INT  a 2147483647 ",
+        "INT a -1e12|INT  a -2147483648 ", "INT a 1e999|INT  a 0 ", "INT a x|INT  a 0 ", "\t INT \t a\t\t3  |INT  a 3 ",
+        "REAL a 0.25|REAL a 0.250000000 ", "REAL a 0.1234567891|REAL a 0.123456789 ", "REAL a -0|REAL a -0.000000000 ",
+        "REAL a 1e20|REAL a 100000000000000000000.000000000 ", "REAL a inf|REAL a 0.000000000 ",
+        "REAL a 1,5|REAL a 1.000000000 ",
+        // Texts.
+        "TEXT a b c|TEXT a b ", "TEXT a G0!#SP#!X1|TEXT a G0!#SP#!X1 ", "TEXT a !#EMPTY#!|TEXT a !#EMPTY#! ",
+        "TEXT a x!#EMPTY#!y|TEXT a xy ", "TEXT a \"b c\"|TEXT a \"b ", "TEXT \"a b\" c|TEXT \"a b\" ",
+        "R_EXPR a b+1|R_EXPR a b+1 ", "T_EXPR a b|T_EXPR a b ",
+        // Templates.
+        "MULTI a NNUL|MULTI a ", "MULTI a NNUL (START) NNUL G90!#SP#!G17|MULTI a NNUL (START) NNUL G90!#SP#!G17 ",
+        "MULTI a NBIG b NSM !#EMPTY#! NINIT-5 c NNUL|MULTI a NBIG b NSM !#EMPTY#! NINIT-5 c ",
+        "MULTI a NSMX lost nbig lost NBIG kept|MULTI a NBIG kept ", "MULTI a NNUL one\ttab NNUL two|MULTI a NNUL one "};
+    for (const std::string_view row : rows) {
+        SCOPED_TRACE(row);
         CKVItemContainer container;
-        EXPECT_EQ(container.ParseLine(row.line), *row.written != '\0');
-        EXPECT_EQ(Dump(container), *row.written != '\0' ? Lines{row.written} : Lines{});
+        EXPECT_TRUE(container.ParseLine(row.substr(0, row.find('|'))));
+        EXPECT_EQ(Dump(container), Lines{std::string(row.substr(row.find('|') + 1))});
+    }
+    for (const char* line : {"", "TEXT", "TEXT a", "MULTI a ", "bool a true", "END a b", "TEXTX a b", "ROW TEXT b"}) {
+        CKVItemContainer container;
+        EXPECT_FALSE(container.ParseLine(line)) << line;
+        EXPECT_EQ(container.items().size(), 0U) << line;
     }
 }
 
@@ -144,11 +123,7 @@ TEST(TuningText, TypedReadsLeaveTheDefaultAlone) {
     for (const char* key : {"", "R", "b", "n", "s", "t"}) EXPECT_FALSE(tuning.GetReal(key, real)) << key;
     for (const char* key : {"", "S", "b", "n", "r", "t"}) EXPECT_FALSE(tuning.GetTextAndKind(key, text, kind)) << key;
     for (const char* key : {"", "T", "b", "n", "r", "s"}) EXPECT_FALSE(tuning.GetMulti(key, lines)) << key;
-    EXPECT_EQ(number, 7);
-    EXPECT_EQ(real, 7);
-    EXPECT_EQ(text, "7");
-    EXPECT_EQ(kind, TextKind::kTextExpression);
-    EXPECT_EQ(lines.size(), 1U);
+    EXPECT_TRUE(number == 7 && real == 7 && text == "7" && kind == TextKind::kTextExpression && lines.size() == 1);
 
     EXPECT_TRUE(tuning.GetTextAndKind("s", text, kind));
     EXPECT_EQ(kind, TextKind::kRealExpression);
@@ -185,16 +160,14 @@ TEST(KVItemMap, Prefixes) {
         const char* from;  // null: RemoveByPrefix
         const char* to;
         Lines keys;
-    } rows[] = {
-        {nullptr, "T1_", {"T1_", "T12_a", "t1_a", "T2_a", "T2_", "T2_x"}},
-        {nullptr, "T1", {"t1_a", "T2_a", "T2_", "T2_x"}},
-        {nullptr, "", {}},
-        {"T1_", "T2_", {"T1_", "T1_a", "T12_a", "T1_b", "t1_a", "T2_", "T2_a", "T2_b"}},
-        {"T3_", "T2_", {"T1_", "T1_a", "T12_a", "T1_b", "t1_a", "T2_"}},
-        {"T1_", "T1_", {"T1_", "T12_a", "t1_a", "T2_a", "T2_", "T2_x"}},
-        {"T2_", "T2_x", {"T1_", "T1_a", "T12_a", "T1_b", "t1_a", "T2_a", "T2_", "T2_x", "T2_xa", "T2_xx"}},
-        {"T1_", "T", {"t1_a"}},
-    };
+    } rows[] = {{nullptr, "T1_", {"T1_", "T12_a", "t1_a", "T2_a", "T2_", "T2_x"}},
+                {nullptr, "T1", {"t1_a", "T2_a", "T2_", "T2_x"}},
+                {nullptr, "", {}},
+                {"T1_", "T2_", {"T1_", "T1_a", "T12_a", "T1_b", "t1_a", "T2_", "T2_a", "T2_b"}},
+                {"T3_", "T2_", {"T1_", "T1_a", "T12_a", "T1_b", "t1_a", "T2_"}},
+                {"T1_", "T1_", {"T1_", "T12_a", "t1_a", "T2_a", "T2_", "T2_x"}},
+                {"T2_", "T2_x", {"T1_", "T1_a", "T12_a", "T1_b", "t1_a", "T2_a", "T2_", "T2_x", "T2_xa", "T2_xx"}},
+                {"T1_", "T", {"t1_a"}}};
     for (const auto& row : rows) {
         SCOPED_TRACE(std::string(row.from ? row.from : "remove") + " " + row.to);
         CKVItemContainer store;
@@ -210,10 +183,8 @@ TEST(KVItemMap, Prefixes) {
     filled(store);
     store.CopyByPrefix("T1_", "T2_");
     std::string text;
-    EXPECT_TRUE(store.GetText("T2_b", text));
-    EXPECT_EQ(text, "T1_b");
-    EXPECT_TRUE(store.GetText("T2_", text));
-    EXPECT_EQ(text, "T2_");
+    EXPECT_TRUE(store.GetText("T2_b", text) && text == "T1_b");
+    EXPECT_TRUE(store.GetText("T2_", text) && text == "T2_");
 }
 
 TEST(KVItemMap, AssignCopies) {
@@ -271,49 +242,6 @@ TEST(TuningText, PlacingAllAtOnceEqualsPlacingOneByOne) {
     }
 }
 
-std::string RandomText(std::mt19937& random) {
-    const Lines parts = {"G0", " ", "  ", "X",  "!",      "#",    "<@Foo[1]>", "\xC3\xA9",
-                         "\"", "'", ";",  "\b", "chr(9)", "true", "-1"};
-    std::string text;
-    for (size_t i = random() % 5; i > 0; --i) text += parts[random() % parts.size()];
-    return text;
-}
-
-void SetRandomItem(CKVItemContainer& tuning, const std::string& key, std::mt19937& random) {
-    switch (random() % 5) {
-        case 0: return tuning.SetBool(key, static_cast<int32_t>(random() % 2));
-        case 1: return tuning.SetInt(key, static_cast<int32_t>(random()));
-        case 2: return tuning.SetReal(key, static_cast<double>(static_cast<int32_t>(random())) / 256);
-        case 3: return tuning.SetText(key, RandomText(random), static_cast<TextKind>(random() % 3));
-        default: break;
-    }
-    TemplateLines lines;
-    for (size_t i = 1 + random() % 4; i > 0; --i) {
-        const auto kind = static_cast<uint16_t>(random() % 4);
-        lines.push_back({{kind, kind == 3 ? static_cast<int32_t>(random()) : 0}, RandomText(random)});
-    }
-    tuning.SetMulti(key, lines);
-}
-
-TEST(TuningText, RandomTuningsSurviveWritingAndReading) {
-    std::mt19937 random(20240301);
-    for (int round = 0; round < 300; ++round) {
-        CKVItemContainer tuning;
-        for (size_t i = random() % 40; i > 0; --i) SetRandomItem(tuning, "key" + std::to_string(random() % 60), random);
-        const Lines lines = Written(tuning);
-        CKVItemContainer back;
-        back.ReadFromList(lines);
-        ASSERT_EQ(Written(back), lines);
-        ASSERT_EQ(back.items().size(), tuning.items().size());
-        for (const auto& [key, item] : tuning.items()) {
-            const CKVItem* const read = back.items().Find(key);
-            ASSERT_TRUE(read);
-            ASSERT_EQ(back.FormatItem(key, read), tuning.FormatItem(key, item.get()));
-            ASSERT_EQ(read->GetValueText(), item->GetValueText());
-        }
-    }
-}
-
 TEST(TuningText, LongLinesAreReadWhole) {
     constexpr size_t kPairs = 500000;
     std::string multi = "MULTI t ";
@@ -324,12 +252,6 @@ TEST(TuningText, LongLinesAreReadWhole) {
     EXPECT_TRUE(tuning.GetMulti("t", lines));
     EXPECT_EQ(lines.size(), kPairs);
     EXPECT_EQ(Dump(tuning), Lines{multi});
-
-    const std::string value(10000000, '!');
-    EXPECT_TRUE(tuning.ParseLine("TEXT t " + value));
-    std::string text;
-    EXPECT_TRUE(tuning.GetText("t", text));
-    EXPECT_EQ(text, value);
 }
 
 TEST(TuningText, RubbishIsDroppedOrStoredWhole) {

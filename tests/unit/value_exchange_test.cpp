@@ -66,7 +66,8 @@ constexpr const char* kBefore = "2024_03_01_09_59_59";
 void FillDefinition(CRunTimeDataDef& definition, const std::string& update) {
     definition.expression_values().SetText("Computed", "new", TextKind::kPlain);
     definition.expression_values().SetText("Sum", "8", TextKind::kPlain);
-    Read(definition, {update,
+    Read(definition, {update,  // What is asked for in rows and columns, and in messages.
+
                       "ROW TEXT R1",
                       "ROW TEXT R2 HIDE",
                       "COL TEXT C1",
@@ -100,69 +101,43 @@ const Lines kAllStoredUsed = {"TEXT RTD(1) s1 ", "TEXT RTD(1,1) s11 ", "TEXT RTD
                               "TEXT RTD(2) d2 ", "TEXT RTD(2,1) d21 ", "TEXT RTD(3) new ",
                               "TEXT RTD(4) 8 ",  "TEXT RTD(5) s5 ",    "TEXT RTD(9) s9 "};
 
-Lines DefaultsAnd(const char* line) {
-    Lines lines = kDefaults;
-    lines.emplace_back(line);
-    return lines;
-}
-
 std::vector<Merge> Merges() {
     const auto dated = [](const char* date) { return UserRecord{date, kAllStored}; };
-    const Lines stale = DefaultsAnd("TEXT RTD(9) s9 ");
-    return {
-        {"nothing stored", kUpdate, "Steel", {}, Answer::kYes, 0, kDefaults},
-        {"same time", kUpdate, "Steel", dated(kSame), Answer::kNo, 0, kAllStoredUsed},
-        {"later", kUpdate, "Steel", dated("2024_03_01_10_00_01"), Answer::kNo, 0, kAllStoredUsed},
-        {"beyond 32 bits", kUpdate, "Steel", dated("2160_01_01_00_00_00"), Answer::kNo, 0, kAllStoredUsed},
-        {"earlier, nobody asked", kUpdate, "Steel", dated(kBefore), Answer::kNobodyAsked, 0, stale},
-        {"earlier, not wanted", kUpdate, "Steel", dated(kBefore), Answer::kNo, 1, stale},
-        {"earlier, wanted", kUpdate, "Steel", dated(kBefore), Answer::kYes, 1, kAllStoredUsed},
-        {"definition beyond 32 bits", "UPD 2160_01_01_00_00_00", "Steel", dated(kSame), Answer::kNo, 1, stale},
-        {"no date", kUpdate, "Steel", dated(""), Answer::kNobodyAsked, 0, stale},
-        {"unreadable date", kUpdate, "Steel", dated("yesterday"), Answer::kNo, 1, stale},
-        {"definition without time", "", "Steel", dated(kBefore), Answer::kNo, 0, kAllStoredUsed},
-        {"neither has a time", "", "Steel", dated(""), Answer::kNo, 0, kAllStoredUsed},
-        {"nothing in the record", kUpdate, "Steel", UserRecord{kSame, ""}, Answer::kNo, 0, kDefaults},
-        {"an old record of nothing", kUpdate, "Steel", UserRecord{kBefore, ""}, Answer::kNo, 1, kDefaults},
-        {"a line without end",
-         kUpdate,
-         "Empty",
-         UserRecord{kSame, "TEXT RTD(1) s1 \r\nTEXT RTD(2) s2"},
-         Answer::kNo,
-         0,
-         {"TEXT RTD(1) s1 ", "TEXT RTD(2) s2 "}},
-        {"lines of nothing",
-         kUpdate,
-         "Empty",
-         UserRecord{kSame, "\r\n\r\nrubbish\r\nTEXT\r\nTEXT RTD(1)\r\nTEXT RTD(2) s2 more\r\n\r\n"},
-         Answer::kNo,
-         0,
-         {"TEXT RTD(2) s2 "}},
-        {"other kinds of text",
-         kUpdate,
-         "Empty",
-         UserRecord{kSame, "T_EXPR RTD(1) s1 \r\nR_EXPR RTD(2) s2 \r\n"},
-         Answer::kNo,
-         0,
-         {"TEXT RTD(1) s1 ", "TEXT RTD(2) s2 "}},
-        {"other kinds of text, old",
-         kUpdate,
-         "Empty",
-         UserRecord{kBefore, "T_EXPR RTD(1) s1 \r\n"},
-         Answer::kNo,
-         1,
-         {"TEXT RTD(1) s1 "}},
-        {"no text where the dataset has one", kUpdate, "Steel",
-         UserRecord{kSame, "INT RTD(1) 5 \r\nT_EXPR RTD(9) s9 \r\n"}, Answer::kNo, 0, stale},
-        {"unknown dataset",
-         kUpdate,
-         "Brass",
-         UserRecord{kBefore, "T_EXPR RTD(1) s1 \r\n"},
-         Answer::kNo,
-         1,
-         {"TEXT RTD(1) s1 "}},
-        {"unknown dataset, nothing stored", kUpdate, "Brass", {}, Answer::kYes, 0, {}},
+    const auto rest = [](const char* what, const char* date, const char* data, int questions, const Lines& values) {
+        return Merge{what, kUpdate, "Empty", UserRecord{date, data}, Answer::kNo, questions, values};
     };
+    const Lines both = {"TEXT RTD(1) s1 ", "TEXT RTD(2) s2 "};
+    Lines stale = kDefaults;
+    stale.emplace_back("TEXT RTD(9) s9 ");
+    return {{"nothing stored", kUpdate, "Steel", {}, Answer::kYes, 0, kDefaults},
+            {"same time", kUpdate, "Steel", dated(kSame), Answer::kNo, 0, kAllStoredUsed},
+            {"later", kUpdate, "Steel", dated("2024_03_01_10_00_01"), Answer::kNo, 0, kAllStoredUsed},
+            {"beyond 32 bits", kUpdate, "Steel", dated("2160_01_01_00_00_00"), Answer::kNo, 0, kAllStoredUsed},
+            {"earlier, nobody asked", kUpdate, "Steel", dated(kBefore), Answer::kNobodyAsked, 0, stale},
+            {"earlier, not wanted", kUpdate, "Steel", dated(kBefore), Answer::kNo, 1, stale},
+            {"earlier, wanted", kUpdate, "Steel", dated(kBefore), Answer::kYes, 1, kAllStoredUsed},
+            {"definition beyond 32 bits", "UPD 2160_01_01_00_00_00", "Steel", dated(kSame), Answer::kNo, 1, stale},
+            {"no date", kUpdate, "Steel", dated(""), Answer::kNobodyAsked, 0, stale},
+            {"unreadable date", kUpdate, "Steel", dated("yesterday"), Answer::kNo, 1, stale},
+            {"definition without time", "", "Steel", dated(kBefore), Answer::kNo, 0, kAllStoredUsed},
+            {"neither has a time", "", "Steel", dated(""), Answer::kNo, 0, kAllStoredUsed},
+            {"nothing in the record", kUpdate, "Steel", UserRecord{kSame, ""}, Answer::kNo, 0, kDefaults},
+            {"an old record of nothing", kUpdate, "Steel", UserRecord{kBefore, ""}, Answer::kNo, 1, kDefaults},
+            rest("a line without end", kSame, "TEXT RTD(1) s1 \r\nTEXT RTD(2) s2", 0, both),
+            rest("lines of nothing", kSame,
+                 "\r\n\r\nrubbish\r\nTEXT\r\nTEXT RTD(1)\r\nTEXT RTD(1) s1 more\r\n\r\nTEXT RTD(2) s2 \r\n", 0, both),
+            rest("other kinds of text", kSame, "T_EXPR RTD(1) s1 \r\nR_EXPR RTD(2) s2 \r\n", 0, both),
+            rest("other kinds of text, old", kBefore, "T_EXPR RTD(1) s1 \r\nR_EXPR RTD(2) s2 \r\n", 1, both),
+            {"no text where the dataset has one", kUpdate, "Steel",
+             UserRecord{kSame, "INT RTD(1) 5 \r\nT_EXPR RTD(9) s9 \r\n"}, Answer::kNo, 0, stale},
+            {"unknown dataset",
+             kUpdate,
+             "Brass",
+             UserRecord{kBefore, "T_EXPR RTD(1) s1 \r\n"},
+             Answer::kNo,
+             1,
+             {"TEXT RTD(1) s1 "}},
+            {"unknown dataset, nothing stored", kUpdate, "Brass", {}, Answer::kYes, 0, {}}};
 }
 
 TEST_F(ValueExchange, StoredValuesMeetDefaults) {
@@ -207,17 +182,9 @@ TEST_F(ValueExchange, SavedRecord) {
 }
 
 TEST_F(ValueExchange, SavedValuesComeBack) {
-    const Lines texts = {"12.5",
-                         "",
-                         " ",
-                         "two words",
-                         "\"quoted\" 'text'",
-                         "\xC3\xA9\xFF",
-                         "a\nb\n",
-                         "a\rb",
-                         "100 %",
-                         std::string("a\0b", 3),
-                         std::string(100000, 'x')};
+    const Lines texts = {// Blanks, quotes, ends of lines and bytes of any kind.
+                         "",       " ",    "two words", "\"quoted\" 'text'",    "\xC3\xA9\xFF",
+                         "a\nb\n", "a\rb", "100 %",     std::string("a\0b", 3), std::string(100000, 'x')};
     CKVItemContainer values;
     for (size_t i = 0; i < texts.size(); ++i) {
         values.SetText("RTD(" + std::to_string(i) + ")", texts[i], TextKind::kPlain);
@@ -239,45 +206,22 @@ TEST_F(ValueExchange, SavedValuesComeBack) {
     EXPECT_EQ(date, "");
 }
 
-TEST_F(ValueExchange, TuningPicksAndDatasetsAreKeptApart) {
-    const struct {
-        const char* tuning_pick;
-        const char* dataset;
-    } records[] = {{"Laser", "Steel"}, {"Laser", "steel"}, {"Plasma", "Steel"}, {"", "Steel"}, {"Laser", ""}};
-    CKVItemContainer values;
-    for (const auto& record : records) {
-        values.SetText("RTD(1)", std::string(record.tuning_pick) + record.dataset, TextKind::kPlain);
-        SaveRunTimeValues(RecordName(record.tuning_pick, record.dataset), values);
-    }
-    for (const auto& record : records) {
-        std::string date;
-        std::string text;
-        EXPECT_TRUE(LoadStoredValues(RecordName(record.tuning_pick, record.dataset), values, date));
-        EXPECT_TRUE(values.GetText("RTD(1)", text));
-        EXPECT_EQ(text, std::string(record.tuning_pick) + record.dataset);
-    }
-}
-
 TEST_F(ValueExchange, DatasetOfARun) {
-    const struct {
-        const char* dataset;
-        const char* settled;
-        const char* value;
-    } rows[] = {{"Steel", "Steel", "TEXT RTD(1) steel "},
-                {"Brass", "Brass", "TEXT RTD(1) stored "},
-                {"", "Steel", "TEXT RTD(1) steel "},
-                {"brass", "Steel", "TEXT RTD(1) steel "}};
+    const char* const rows[][3] = {{"Steel", "Steel", "TEXT RTD(1) steel "},
+                                   {"Brass", "Brass", "TEXT RTD(1) stored "},
+                                   {"", "Steel", "TEXT RTD(1) steel "},
+                                   {"brass", "Steel", "TEXT RTD(1) steel "}};
     CRunTimeDataDef definition;
     Read(definition, {"UPD 2024_03_01_10_00_00", "MSG TEXT M1", "DATASETDEF Steel", "DATASETDEF Brass",
                       "DSD Steel TEXT RTD(1) steel", "DSD Brass TEXT RTD(1) brass"});
     ASSERT_TRUE(WriteUserRecord("Laser-Brass", {kSame, "TEXT RTD(1) stored \r\n"}));
     ASSERT_TRUE(WriteUserRecord("Laser-Steel", {kBefore, "TEXT RTD(1) old \r\n"}));
     CKVItemContainer values;
-    for (const auto& row : rows) {
-        std::string dataset = row.dataset;
+    for (const auto& [asked, settled, value] : rows) {
+        std::string dataset = asked;
         SettleRunValues(definition, "Laser", dataset, values);
-        EXPECT_EQ(dataset, row.settled);
-        EXPECT_EQ(Dump(values), Lines{row.value}) << row.dataset;
+        EXPECT_EQ(dataset, settled);
+        EXPECT_EQ(Dump(values), Lines{value}) << asked;
     }
     std::string dataset = "Steel";
     SettleRunValues(CRunTimeDataDef(), "Laser", dataset, values);

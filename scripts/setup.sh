@@ -8,6 +8,7 @@ packages=(
     libmuparser-dev  # arithmetic of run-time data expressions
     libgtest-dev     # tests
     libbenchmark-dev # benchmarks
+    locales          # a locale with a decimal comma, for the tests
     clang-format clang-tidy
 )
 

@@ -44,12 +44,18 @@ std::string ReplaceAll(std::string_view text, std::string_view from, std::string
 }
 
 void SplitWords(std::string_view line, std::vector<std::string_view>& words, std::string_view separators) {
+    const auto is_separator = [separators](char c) {
+        for (const char separator : separators) {
+            if (c == separator) return true;
+        }
+        return false;
+    };
     words.clear();
-    size_t start = line.find_first_not_of(separators);
-    while (start != std::string_view::npos) {
-        const size_t end = std::min(line.find_first_of(separators, start), line.size());
-        words.push_back(line.substr(start, end - start));
-        start = line.find_first_not_of(separators, end);
+    for (size_t at = 0; at < line.size(); ++at) {
+        if (is_separator(line[at])) continue;
+        const size_t start = at;
+        while (at < line.size() && !is_separator(line[at])) ++at;
+        words.push_back(line.substr(start, at - start));
     }
 }
 

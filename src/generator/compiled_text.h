@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "generator/debug_mgr.h"
 #include "generator/keywords.h"
 #include "tuning/options.h"
 
@@ -64,6 +65,7 @@ struct CompiledLine {
 // A template with the flags beside it.
 struct CompiledTemplate {
     std::string trace_header;  // `<Line_tTmpl>`
+    uint32_t trace_number = CNCDebugMgr::kNoNumber;
     std::vector<CompiledLine> lines;
     bool terminate = true;  // the last line ends its block
     bool clear_speed = false;

@@ -1,43 +1,45 @@
 #include "generator/debug_mgr.h"
 
-#include <cstring>
 #include <stdexcept>
 
 namespace brindle {
+namespace {
+
+// How the start of a template is kept: by its header, or by the number of a header that is in the log already.
+constexpr uint8_t kHeader = 2;
+constexpr uint8_t kNumber = 0;
+
+}  // namespace
 
 void CNCDebugMgr::Clear() {
     log_.Clear();
-    header_numbers_.clear();
     headers_.clear();
-    last_header_ = 0;
 }
 
 void CNCDebugMgr::Add(TraceKind kind, std::string_view text) {
-    const auto tag = static_cast<uint8_t>(kind);
-    if (kind != TraceKind::kTemplate) return log_.Add(tag, text);
-    const uint32_t number = HeaderNumber(text);
-    char bytes[sizeof number];
-    std::memcpy(bytes, &number, sizeof number);
-    log_.Add(tag, {bytes, sizeof number});
+    log_.Add(kind == TraceKind::kTemplate ? kHeader : static_cast<uint8_t>(kind), text);
 }
 
-uint32_t CNCDebugMgr::HeaderNumber(std::string_view header) {
-    if (last_header_ < headers_.size() && headers_[last_header_] == header) return last_header_;
-    const auto known = header_numbers_.find(header);
-    if (known != header_numbers_.end()) return last_header_ = known->second;
-    last_header_ = static_cast<uint32_t>(headers_.size());
-    header_numbers_.emplace(headers_.emplace_back(header), last_header_);
-    return last_header_;
+void CNCDebugMgr::AddTemplate(std::string_view header, uint32_t& number) {
+    if (number == kNoNumber) {
+        number = static_cast<uint32_t>(headers_.size());
+        headers_.push_back(log_.Add(kHeader, header));
+        return;
+    }
+    char bytes[sizeof number];  // as few as it takes, the lowest first
+    size_t size = 0;
+    for (uint32_t rest = number; rest != 0; rest >>= 8) bytes[size++] = static_cast<char>(rest & 0xFF);
+    log_.Add(kNumber, {bytes, size});
 }
 
 CNCDebugInfo CNCDebugMgr::Get(size_t index) const {
     if (index >= log_.size()) throw std::out_of_range("trace index");
     const CTextLog::Entry entry = log_.Get(index);
-    const auto kind = static_cast<TraceKind>(entry.tag);
-    if (kind != TraceKind::kTemplate) return {kind, entry.text};
+    if (entry.tag == kHeader) return {TraceKind::kTemplate, entry.text};
+    if (entry.tag != kNumber) return {static_cast<TraceKind>(entry.tag), entry.text};
     uint32_t number = 0;
-    std::memcpy(&number, entry.text.data(), sizeof number);
-    return {kind, headers_[number]};
+    for (size_t i = entry.text.size(); i > 0; --i) number = number << 8 | static_cast<unsigned char>(entry.text[i - 1]);
+    return {TraceKind::kTemplate, headers_[number]};
 }
 
 }  // namespace brindle

@@ -2,10 +2,8 @@
 #pragma once
 
 #include <cstdint>
-#include <deque>
-#include <string>
 #include <string_view>
-#include <unordered_map>
+#include <vector>
 
 #include "generator/text_log.h"
 
@@ -26,20 +24,20 @@ struct CNCDebugInfo {
 // Records in order of arrival, from the start of one run to the start of the next.
 class CNCDebugMgr {
 public:
+    static constexpr uint32_t kNoNumber = 0xFFFFFFFF;
+
     void Clear();
     void Add(TraceKind kind, std::string_view text);
+    // Adds the start of a template, whose header is kept once. `number` is the template's number in this trace:
+    // kNoNumber before its first start, and set by it.
+    void AddTemplate(std::string_view header, uint32_t& number);
     size_t GetCount() const { return log_.size(); }
     // `index` must be below GetCount(): std::out_of_range otherwise.
     CNCDebugInfo Get(size_t index) const;
 
 private:
-    // The number of a template's header, of which there are few: its records hold the number alone.
-    uint32_t HeaderNumber(std::string_view header);
-
     CTextLog log_;
-    std::deque<std::string> headers_;                                // by number
-    std::unordered_map<std::string_view, uint32_t> header_numbers_;  // keys point into headers_
-    uint32_t last_header_ = 0;                                       // mostly asked for again
+    std::vector<std::string_view> headers_;  // by number, in the log
 };
 
 }  // namespace brindle

@@ -172,7 +172,7 @@ void CEmission::EmitText(const CNCData& record) {
     executor_.ExecuteTemplate(run_.text);
 }
 
-void CEmission::ExecuteMove(const CompiledTemplate& compiled) {
+void CEmission::ExecuteMove(CompiledTemplate& compiled) {
     CNCControllerState& controller = run_.controller;
     const Point start = controller.current_item().Get().Start();
     if (run_.IsAtLastPosition(start)) return;

@@ -18,7 +18,7 @@ public:
     // Outputs all records of a program under `trans`.
     void OutputProgram(int32_t program, const CTrans& trans);
     // A move to the start of the current record, unless the machine stands there.
-    void ExecuteMove(const CompiledTemplate& compiled);
+    void ExecuteMove(CompiledTemplate& compiled);
 
 private:
     void EmitRecord(const CNCData& record, const CNCData* next, const CTrans& trans);

@@ -53,23 +53,23 @@ struct RunContext : SessionParts {
     RunOptions options;
     CToolTable tools;
 
-    const CompiledTemplate file_start = compiler.CompileTemplate("FileStart_");
-    const CompiledTemplate file_end = compiler.CompileTemplate("FileEnd_");
-    const CompiledTemplate main_init = compiler.CompileTemplate("MainInit_");
-    const CompiledTemplate main_term = compiler.CompileTemplate("MainTerm_");
-    const CompiledTemplate sub_init = compiler.CompileTemplate("SubInit_");
-    const CompiledTemplate sub_term = compiler.CompileTemplate("SubTerm_");
-    const CompiledTemplate move = compiler.CompileTemplate("Move_");
-    const CompiledTemplate line = compiler.CompileTemplate("Line_");
-    const CompiledTemplate arc = compiler.CompileTemplate("Arc_");
-    const CompiledTemplate text = compiler.CompileTemplate("Text_");
-    const CompiledTemplate sub_call = compiler.CompileTemplate("SubCall_");
-    const CompiledTemplate sub_reset = compiler.CompileTemplate("SubReset_");
-    const CompiledTemplate origin_set = compiler.CompileTemplate("OriTransSet_");
-    const CompiledTemplate origin_reset = compiler.CompileTemplate("OriTransReset_");
-    const CompiledTemplate move_to_include = compiler.CompileTemplate("MoveToIncludePt_");
-    const CompiledTemplate fly_pre_check = compiler.CompileTemplate("Fly_PreCheck_");
-    const CompiledTemplate fly_post_check = compiler.CompileTemplate("Fly_PostCheck_");
+    CompiledTemplate file_start = compiler.CompileTemplate("FileStart_");
+    CompiledTemplate file_end = compiler.CompileTemplate("FileEnd_");
+    CompiledTemplate main_init = compiler.CompileTemplate("MainInit_");
+    CompiledTemplate main_term = compiler.CompileTemplate("MainTerm_");
+    CompiledTemplate sub_init = compiler.CompileTemplate("SubInit_");
+    CompiledTemplate sub_term = compiler.CompileTemplate("SubTerm_");
+    CompiledTemplate move = compiler.CompileTemplate("Move_");
+    CompiledTemplate line = compiler.CompileTemplate("Line_");
+    CompiledTemplate arc = compiler.CompileTemplate("Arc_");
+    CompiledTemplate text = compiler.CompileTemplate("Text_");
+    CompiledTemplate sub_call = compiler.CompileTemplate("SubCall_");
+    CompiledTemplate sub_reset = compiler.CompileTemplate("SubReset_");
+    CompiledTemplate origin_set = compiler.CompileTemplate("OriTransSet_");
+    CompiledTemplate origin_reset = compiler.CompileTemplate("OriTransReset_");
+    CompiledTemplate move_to_include = compiler.CompileTemplate("MoveToIncludePt_");
+    CompiledTemplate fly_pre_check = compiler.CompileTemplate("Fly_PreCheck_");
+    CompiledTemplate fly_post_check = compiler.CompileTemplate("Fly_PostCheck_");
 
     const AxisOptions::Unit& AxisUnit() const { return options.axes.In(controller.in_inches); }
     // Makes copies of both records in machine coordinates the current ones, each with the offset of its tool.

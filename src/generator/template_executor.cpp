@@ -25,8 +25,8 @@ void SwitchNumberingOn(RunContext& run, const CAtDirKeywords& keywords) {
 
 }  // namespace
 
-void CTemplateExecutor::ExecuteTemplate(const CompiledTemplate& compiled) {
-    run_.trace.Add(TraceKind::kTemplate, compiled.trace_header);
+void CTemplateExecutor::ExecuteTemplate(CompiledTemplate& compiled) {
+    run_.trace.AddTemplate(compiled.trace_header, compiled.trace_number);
     for (const CompiledLine& line : compiled.lines) {
         ExecuteLine(line, &line != &compiled.lines.back() || compiled.terminate);
     }

@@ -10,16 +10,18 @@ namespace {
 constexpr size_t kSmallestChunk = 256;
 constexpr size_t kLargestChunk = size_t{1} << 16;
 constexpr size_t kChunkShare = 8;
-constexpr size_t kLongestHead = 11;  // tag and length
+constexpr size_t kLongestHead = 10;
+constexpr int kTagBits = 2;
+constexpr size_t kTagMask = (size_t{1} << kTagBits) - 1;
 
 // Writes `value` in groups of seven bits, lowest first, and gives the place behind it.
-char* WriteLength(char* to, size_t value) {
+char* WriteNumber(char* to, size_t value) {
     for (; value >= 0x80; value >>= 7) *to++ = static_cast<char>((value & 0x7F) | 0x80);
     *to++ = static_cast<char>(value);
     return to;
 }
 
-size_t ReadLength(const char*& from) {
+size_t ReadNumber(const char*& from) {
     size_t value = 0;
     for (int shift = 0;; shift += 7) {
         const auto byte = static_cast<unsigned char>(*from++);
@@ -30,17 +32,17 @@ size_t ReadLength(const char*& from) {
 
 }  // namespace
 
-void CTextLog::Add(uint8_t tag, std::string_view text) {
+std::string_view CTextLog::Add(uint8_t tag, std::string_view text) {
     const size_t most_bytes = kLongestHead + text.size();
     if (chunks_.empty() || chunks_.back().capacity - chunks_.back().size < most_bytes) AddChunk(most_bytes);
     Chunk& chunk = chunks_.back();
     if (count_ % kStride == 0) marks_.push_back({chunks_.size() - 1, chunk.size});
     char* const start = chunk.bytes.get() + chunk.size;
-    *start = static_cast<char>(tag);
-    char* const characters = WriteLength(start + 1, text.size());
+    char* const characters = WriteNumber(start, (text.size() << kTagBits) | tag);
     if (!text.empty()) std::memcpy(characters, text.data(), text.size());
     chunk.size += static_cast<size_t>(characters - start) + text.size();
     ++count_;
+    return {characters, text.size()};
 }
 
 void CTextLog::Clear() {
@@ -60,8 +62,9 @@ CTextLog::Entry CTextLog::ReadAt(Place& place) const {
     if (place.offset == chunks_[place.chunk].size) place = {place.chunk + 1, 0};
     const Chunk& chunk = chunks_[place.chunk];
     const char* at = chunk.bytes.get() + place.offset;
-    const auto tag = static_cast<uint8_t>(*at++);
-    const size_t length = ReadLength(at);
+    const size_t head = ReadNumber(at);
+    const auto tag = static_cast<uint8_t>(head & kTagMask);
+    const size_t length = head >> kTagBits;
     place.offset = static_cast<size_t>(at - chunk.bytes.get()) + length;
     return {tag, {at, length}};
 }

@@ -18,7 +18,8 @@ public:
         std::string_view text;
     };
 
-    void Add(uint8_t tag, std::string_view text);
+    // Gives the text as it is kept.
+    std::string_view Add(uint8_t tag, std::string_view text);
     void Clear();
     size_t size() const { return count_; }
 
@@ -43,7 +44,7 @@ public:
 private:
     static constexpr size_t kStride = 64;
 
-    // An entry is its tag, its length and its characters, and never crosses a chunk's end.
+    // An entry is its length and tag in one number and its characters, and never crosses a chunk's end.
     struct Chunk {
         std::unique_ptr<char[]> bytes;
         size_t size = 0;

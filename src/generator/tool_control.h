@@ -40,7 +40,7 @@ private:
     bool CanFly(const CNCData& record, const CNCData& next, double max_turn);
     // Whether an arc (sweep in degrees, radius in output units) turns slowly enough for fly mode.
     bool ArcFitsFly(double max_turn, double threshold, double sweep, double radius);
-    void Execute(const CompiledTemplate& compiled) { executor_.ExecuteTemplate(compiled); }
+    void Execute(CompiledTemplate& compiled) { executor_.ExecuteTemplate(compiled); }
     Tool SelectedTool() { return run_.tools.Get(run_.state.selected_tool); }
 
     RunContext& run_;

@@ -22,14 +22,14 @@ TEST(TextLogTest, GivesBackWhatWasAddedInAnyOrder) {
     CTextLog::Reader reader(log);
     for (size_t i = 0; i < kCount; ++i) {
         EXPECT_EQ(reader.AtEnd(), i % 2 == 0);
-        log.Add(static_cast<uint8_t>(i), TextOf(i));
+        log.Add(static_cast<uint8_t>(i % 4), TextOf(i));
         if (i % 2 == 0) continue;
         for (const size_t read : {i - 1, i}) EXPECT_EQ(reader.Next().text, TextOf(read));
     }
     for (size_t n = 0; n < kCount; ++n) {
         const size_t i = n * 389 % kCount;
         const CTextLog::Entry entry = log.Get(i);
-        EXPECT_EQ(entry.tag, static_cast<uint8_t>(i));
+        EXPECT_EQ(entry.tag, i % 4);
         EXPECT_EQ(entry.text, TextOf(i));
     }
     log.Clear();
@@ -56,6 +56,10 @@ TEST(TextLogTest, KeepsTheTraceOfOneRun) {
         }
         EXPECT_THROW(trace.Get(std::size(kRecords)), std::out_of_range);
     }
+    std::vector<uint32_t> numbers(300, CNCDebugMgr::kNoNumber);
+    trace.Clear();
+    for (size_t i = 0; i < 900; ++i) trace.AddTemplate("<T" + std::to_string(i % 300) + '>', numbers[i % 300]);
+    for (size_t i = 0; i < 900; ++i) EXPECT_EQ(trace.Get(i).text, "<T" + std::to_string(i % 300) + '>');
 }
 
 }  // namespace

@@ -170,6 +170,7 @@ int32_t CNCGeomMgr::FindVariant(CIncludeInfo& info, CallAbilities at_call) const
 // Those that can match `rotation` or its half-turn equivalent.
 std::vector<int32_t> CNCGeomMgr::VariantsNear(const Namesakes& namesakes, double rotation) {
     std::vector<int32_t> near;
+    near.reserve(16);  // mostly enough for all six cells
     for (const double direction : {rotation, rotation - kHalfTurn}) {
         for (const double cells : {-1.0, 0.0, 1.0}) {
             const auto found = namesakes.in_cell.find(CellBeside(CellOf(direction), cells));

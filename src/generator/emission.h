@@ -50,7 +50,6 @@ private:
     Point StartReference(const CNCIncludeData& record, int32_t program) const;
     Point EndReference(const CNCIncludeData& record, int32_t program) const;
     void MakeCallPointCurrent(const CNCIncludeData& record, Point place, const CTrans& trans);
-    CTrans PresentTransform() const;
 
     RunContext& run_;
     CTemplateExecutor& executor_;

@@ -98,8 +98,6 @@ void CEmission::MakeCallPointCurrent(const CNCIncludeData& record, Point place, 
     run_.SetCurrentRecords(&call, nullptr, trans);
 }
 
-CTrans CEmission::PresentTransform() const { return run_.controller.transform; }
-
 void CEmission::CallSub(const CNCIncludeData& record, int32_t program, const CTrans& trans) {
     const bool on_block = run_.options.axes.start_end_on_block;
     MakeCallPointCurrent(record, Sum(record.Start(), StartReference(record, program)), trans);
@@ -109,7 +107,7 @@ void CEmission::CallSub(const CNCIncludeData& record, int32_t program, const CTr
     run_.state.ClearModalWords();
     run_.state.tool_on = -1;
     if (run_.options.programs.subs_absolute && !on_block) {
-        MakeCallPointCurrent(record, Sum(record.Start(), EndReference(record, program)), PresentTransform());
+        MakeCallPointCurrent(record, Sum(record.Start(), EndReference(record, program)), run_.controller.transform);
         executor_.ExecuteTemplate(run_.origin_reset);
         run_.state.ClearModalWords();
     }
@@ -119,7 +117,7 @@ void CEmission::CallSub(const CNCIncludeData& record, int32_t program, const CTr
 void CEmission::ReachCallPoint(const CNCIncludeData& record) {
     ExecuteMove(run_.move_to_include);
     if (!run_.options.programs.subs_absolute) return;
-    MakeCallPointCurrent(record, record.Start(), PresentTransform());
+    MakeCallPointCurrent(record, record.Start(), run_.controller.transform);
     executor_.ExecuteTemplate(run_.origin_set);
     run_.state.ClearModalWords();
 }

@@ -1,67 +1,9 @@
 // `brindle-play`: plays the windows of the library from text, for tests.
-#include <iostream>
-#include <string>
-#include <string_view>
-#include <vector>
-
-#include "brindle/brindle.h"
-#include "host/play/play_session.h"
-#include "platform/text_encoding.h"
-#include "platform/text_file.h"
-
-namespace {
-
-constexpr int kBadInput = 1;
-constexpr int kBadUsage = 2;
-
-struct Arguments {
-    std::string tuning;   // empty for an empty tuning
-    std::string drawing;  // empty for no drawing
-};
-
-bool Parse(const std::vector<std::string>& words, Arguments& arguments) {
-    for (size_t i = 0; i < words.size(); ++i) {
-        if (words[i] == "--drawing" && i + 1 < words.size()) {
-            arguments.drawing = words[++i];
-        } else if (!words[i].starts_with('-') && arguments.tuning.empty()) {
-            arguments.tuning = words[i];
-        } else {
-            return false;
-        }
-    }
-    return true;
-}
-
-bool CantRead(const std::string& path) {
-    std::cerr << "brindle-play: " << path << ": can't be read\n";
-    return false;
-}
-
-bool LoadTuning(const std::string& path) {
-    const auto text = brindle::ReadWholeFile(path);
-    if (!text) return CantRead(path);
-    for (const std::string_view line : brindle::SplitLines(*text)) {
-        GBrn_ReadTuneLine(brindle::NarrowToWide(line).c_str());
-    }
-    return true;
-}
-
-bool LoadDrawing(const std::string& path) {
-    if (!brindle::ReadWholeFile(path)) return CantRead(path);
-    GBrn_OpenCF2File(brindle::NarrowToWide(path).c_str());
-    return true;
-}
-
-}  // namespace
+#include "host/play/headless_screen.h"
+#include "host/play/player.h"
 
 int main(int argc, char** argv) {
-    Arguments arguments;
-    if (!Parse({argv + 1, argv + argc}, arguments)) {
-        std::cerr << "Usage: brindle-play [--drawing FILE] [TUNING] <ACTS\n";
-        return kBadUsage;
-    }
-    if (!arguments.tuning.empty() && !LoadTuning(arguments.tuning)) return kBadInput;
-    if (!arguments.drawing.empty() && !LoadDrawing(arguments.drawing)) return kBadInput;
-    brindle::play::CPlaySession session(std::cin, std::cout, std::cerr);
-    return session.Run() ? 0 : kBadInput;
+    using namespace brindle;
+    return play::RunPlayer(argc, argv,
+                           [](CToolkitUser& user) { return std::make_unique<play::CHeadlessScreen>(user); });
 }

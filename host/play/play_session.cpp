@@ -35,9 +35,9 @@ size_t ByteOf(std::string_view text, int32_t character) {
     return byte;
 }
 
-std::string_view StateOf(const CHeadlessControl& control) {
-    if (!control.shown()) return "hidden";
-    return control.enabled() ? "enabled" : "disabled";
+std::string_view StateOf(const ShownControl& control) {
+    if (!control.shown) return "hidden";
+    return control.enabled ? "enabled" : "disabled";
 }
 
 }  // namespace
@@ -52,35 +52,32 @@ const CPlaySession::Act CPlaySession::kActs[] = {
     {"sheet", 1, 2, [](CPlaySession& s, const Words& w) { s.OpenSheet(w); }},
     {"rtdata", 3, 3, [](CPlaySession& s, const Words& w) { s.OpenRunTimeData(w); }},
     {"segment", 0, 0, [](CPlaySession& s, const Words& w) { s.OpenSegment(w); }},
-    {"page", 1, 1, [](CPlaySession& s, const Words& w) { s.Check(s.toolkit_.GoToPage(w[1].text)); }},
+    {"page", 1, 1, [](CPlaySession& s, const Words& w) { s.Check(s.screen_->GoToPage(w[1].text)); }},
     {"show", 0, 1, [](CPlaySession& s, const Words& w) { s.Show(w); }},
-    {"click", 1, 1, [](CPlaySession& s, const Words& w) { s.Check(s.toolkit_.Click(w[1].text)); }},
-    {"type", 2, 2, [](CPlaySession& s, const Words& w) { s.Check(s.toolkit_.Type(w[1].text, w[2].text)); }},
-    {"leave", 0, 0, [](CPlaySession& s, const Words&) { s.Check(s.toolkit_.Leave()); }},
+    {"click", 1, 1, [](CPlaySession& s, const Words& w) { s.Check(s.screen_->Click(w[1].text)); }},
+    {"type", 2, 2, [](CPlaySession& s, const Words& w) { s.Check(s.screen_->Type(w[1].text, w[2].text)); }},
+    {"leave", 0, 0, [](CPlaySession& s, const Words&) { s.Check(s.screen_->Leave()); }},
     {"pick", 2, 2, [](CPlaySession& s, const Words& w) { s.Pick(w); }},
     {"double", 3, 3, [](CPlaySession& s, const Words& w) { s.Double(w); }},
     {"mark", 3, 3, [](CPlaySession& s, const Words& w) { s.Mark(w); }},
-    {"menu", 1, 1, [](CPlaySession& s, const Words& w) { s.Check(s.toolkit_.WantMenu(w[1].text)); }},
-    {"ok", 0, 0, [](CPlaySession& s, const Words&) { s.Check(s.toolkit_.PressOk()); }},
-    {"cancel", 0, 0, [](CPlaySession& s, const Words&) { s.Check(s.toolkit_.PressCancel()); }},
-    {"apply", 0, 0, [](CPlaySession& s, const Words&) { s.Check(s.toolkit_.PressApply()); }},
-    {"close", 0, 0, [](CPlaySession& s, const Words&) { s.Check(s.toolkit_.PressClose()); }},
-    {"window", 1, 1, [](CPlaySession& s, const Words& w) { s.Check(s.toolkit_.GoToWindow(w[1].text)); }},
+    {"menu", 1, 1, [](CPlaySession& s, const Words& w) { s.Check(s.screen_->WantMenu(w[1].text)); }},
+    {"ok", 0, 0, [](CPlaySession& s, const Words&) { s.Check(s.screen_->PressOk()); }},
+    {"cancel", 0, 0, [](CPlaySession& s, const Words&) { s.Check(s.screen_->PressCancel()); }},
+    {"apply", 0, 0, [](CPlaySession& s, const Words&) { s.Check(s.screen_->PressApply()); }},
+    {"close", 0, 0, [](CPlaySession& s, const Words&) { s.Check(s.screen_->PressClose()); }},
+    {"window", 1, 1, [](CPlaySession& s, const Words& w) { s.Check(s.screen_->GoToWindow(w[1].text)); }},
     {"tuning", 0, 0, [](CPlaySession& s, const Words& w) { s.PrintTuning(w); }},
     {"nc", 0, 0, [](CPlaySession& s, const Words& w) { s.PrintCode(w); }},
 };
 
-CPlaySession::CPlaySession(std::istream& acts, std::ostream& screen, std::ostream& errors)
-    : acts_(acts), screen_(screen), errors_(errors) {
-    SetActiveToolkit(&toolkit_);
-}
-
-CPlaySession::~CPlaySession() { SetActiveToolkit(nullptr); }
-
 // ---- Acts come in ----
 
-bool CPlaySession::Run() {
+bool CPlaySession::Run(CPlayScreen& screen) {
+    screen_ = &screen;
+    SetActiveToolkit(&screen.toolkit());
     while (NextAct()) continue;
+    SetActiveToolkit(nullptr);
+    screen_ = nullptr;
     return !failed_;
 }
 
@@ -119,7 +116,7 @@ void CPlaySession::Check(const std::string& problem) {
 }
 
 void CPlaySession::Print(const std::string& line) {
-    if (!failed_) screen_ << line << '\n';
+    if (!failed_) output_ << line << '\n';
 }
 
 // ---- What happens on the screen ----
@@ -179,7 +176,7 @@ std::optional<std::string> CPlaySession::AnswerFile(const FileQuestion& question
 // ---- Dialogs of the library ----
 
 void CPlaySession::OpenSheet(const Words& words) {
-    if (toolkit_.Top() != nullptr) return Check("a window is open");
+    if (screen_->HasWindow()) return Check("a window is open");
     if (words[1].text != "mm" && words[1].text != "inch") return Check("a sheet shows 'mm' or 'inch'");
     int result = 0;
     const std::string title = words.size() > 2 ? words[2].text : std::string();
@@ -188,7 +185,7 @@ void CPlaySession::OpenSheet(const Words& words) {
 }
 
 void CPlaySession::OpenRunTimeData(const Words& words) {
-    if (toolkit_.Top() != nullptr) return Check("a window is open");
+    if (screen_->HasWindow()) return Check("a window is open");
     wchar_t* chosen = nullptr;
     GBrn_DisplayRTDataDlg(NarrowToWide(words[1].text).c_str(), NarrowToWide(words[2].text).c_str(),
                           NarrowToWide(words[3].text).c_str(), &chosen);
@@ -196,48 +193,55 @@ void CPlaySession::OpenRunTimeData(const Words& words) {
 }
 
 void CPlaySession::OpenSegment(const Words&) {
-    if (toolkit_.Top() != nullptr) return Check("a window is open");
+    if (screen_->HasWindow()) return Check("a window is open");
     GBrn_DisplayLoadSegmentDialog();
 }
 
 // ---- Acts upon windows ----
 
 void CPlaySession::Show(const Words& words) {
-    if (toolkit_.Top() == nullptr) return Check("no window is open");
+    if (!screen_->HasWindow()) return Check("no window is open");
     if (words.size() == 1) {
-        for (const auto& control : toolkit_.Top()->Controls()) ShowControl(*control);
+        for (const ShownControl& control : screen_->Controls()) ShowControl(control);
         return;
     }
-    const CHeadlessControl* const control = toolkit_.Find(words[1].text);
-    if (control == nullptr) return Check("there is no control " + Quoted(words[1].text) + " in the window");
+    const auto control = Find(words[1].text);
+    if (!control) return Check("there is no control " + Quoted(words[1].text) + " in the window");
     ShowControl(*control);
 }
 
-void CPlaySession::ShowControl(const CHeadlessControl& control) {
-    std::string line(ClassWord(control.spec().kind));
-    line.append("\t").append(control.Name()).append("\t").append(control.Label()).append("\t");
-    line.append(StateOf(control)).append("\t").append(OneLine(control.Value()));
+void CPlaySession::ShowControl(const ShownControl& control) {
+    std::string line(ClassWord(control.kind));
+    line.append("\t").append(control.Name()).append("\t").append(control.label).append("\t");
+    line.append(StateOf(control)).append("\t").append(OneLine(control.value));
     Print(line);
-    for (const std::string& row : control.Rows()) Print('\t' + row);
+    for (const std::string& row : control.rows) Print('\t' + row);
+}
+
+std::optional<ShownControl> CPlaySession::Find(std::string_view name) const {
+    const std::vector<ShownControl> controls = screen_->Controls();
+    const std::vector<NamedControl> names(controls.begin(), controls.end());
+    const auto found = FindControl(names, name);
+    return found ? std::optional(controls[*found]) : std::nullopt;
 }
 
 void CPlaySession::Pick(const Words& words) {
     const std::string& control = words[1].text;
-    Check(IsNumber(words[2]) ? toolkit_.Pick(control, LeadingInt(words[2].text))
-                             : toolkit_.PickEntry(control, words[2].text));
+    Check(IsNumber(words[2]) ? screen_->Pick(control, LeadingInt(words[2].text))
+                             : screen_->PickEntry(control, words[2].text));
 }
 
 void CPlaySession::Double(const Words& words) {
     if (!IsNumber(words[2]) || !IsNumber(words[3])) return Check("rows and columns are numbers from 0");
-    Check(toolkit_.DoubleClick(words[1].text, {LeadingInt(words[2].text), LeadingInt(words[3].text)}));
+    Check(screen_->DoubleClick(words[1].text, {LeadingInt(words[2].text), LeadingInt(words[3].text)}));
 }
 
 void CPlaySession::Mark(const Words& words) {
     if (!IsNumber(words[2]) || !IsNumber(words[3])) return Check("characters are numbers from 0");
-    const CHeadlessControl* const control = toolkit_.Find(words[1].text);
-    const std::string text = control == nullptr ? std::string() : control->Value();
+    const auto control = screen_->HasWindow() ? Find(words[1].text) : std::nullopt;
+    const std::string text = control ? control->value : std::string();
     const TextRange range{ByteOf(text, LeadingInt(words[2].text)), ByteOf(text, LeadingInt(words[3].text))};
-    Check(toolkit_.Mark(words[1].text, range));
+    Check(screen_->Mark(words[1].text, range));
 }
 
 // ---- What the host sees ----

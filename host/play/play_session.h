@@ -31,20 +31,21 @@
 #include <string_view>
 #include <vector>
 
-#include "editor/toolkit/headless_toolkit.h"
+#include "editor/toolkit/toolkit_user.h"
 #include "host/play/act_line.h"
+#include "host/play/play_screen.h"
 
 namespace brindle::play {
 
-// Plays the library through its exports, in the toolkit that it puts in place for as long as it lives. A window that is
-// open at the end of the acts ends as cancelled.
-class CPlaySession : public CHeadlessUser {
+// Plays the library through its exports. A window that is open at the end of the acts ends as cancelled.
+class CPlaySession : public CToolkitUser {
 public:
-    CPlaySession(std::istream& acts, std::ostream& screen, std::ostream& errors);
-    ~CPlaySession() override;
+    CPlaySession(std::istream& acts, std::ostream& output, std::ostream& errors)
+        : acts_(acts), output_(output), errors_(errors) {}
 
-    // Plays all acts. False, with a message, if one could not be done; those behind it are left out.
-    bool Run();
+    // Plays all acts on `screen`, whose toolkit is the active one meanwhile. False, with a message, if one could not be
+    // done; those behind it are left out.
+    bool Run(CPlayScreen& screen);
 
     bool NextAct() override;
     void WindowOpened(const std::string& caption) override;
@@ -69,7 +70,8 @@ private:
     void OpenRunTimeData(const Words& words);
     void OpenSegment(const Words& words);
     void Show(const Words& words);
-    void ShowControl(const CHeadlessControl& control);
+    void ShowControl(const ShownControl& control);
+    std::optional<ShownControl> Find(std::string_view name) const;
     void Pick(const Words& words);
     void Double(const Words& words);
     void Mark(const Words& words);
@@ -77,9 +79,9 @@ private:
     void PrintCode(const Words& words);
 
     std::istream& acts_;
-    std::ostream& screen_;
+    std::ostream& output_;
     std::ostream& errors_;
-    CHeadlessToolkit toolkit_{*this};
+    CPlayScreen* screen_ = nullptr;  // while Run lasts
     std::optional<Words> put_back_;  // a line that was read too early
     int line_number_ = 0;
     bool failed_ = false;

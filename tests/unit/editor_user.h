@@ -12,7 +12,7 @@ namespace brindle {
 
 // Does one act of its list after the other, and notes what comes up. Message boxes are answered by `answers`, then with
 // no; menus by `menu_choice`; file dialogs by `file`.
-class CListUser : public CHeadlessUser {
+class CListUser : public CToolkitUser {
 public:
     bool NextAct() override {
         if (acts.empty()) return false;

@@ -1,17 +1,44 @@
 #include "editor/toolkit/active_toolkit.h"
 
+#include <optional>
+#include <string>
+
+#include "editor/toolkit/toolkit_plugin.h"
+#include "platform/dynamic_library.h"
+
+#ifndef BRINDLE_LIB_FOLDER  // built without the plugin
+#define BRINDLE_LIB_FOLDER "lib"
+#define BRINDLE_INSTALL_FOLDER ""
+#endif
+
 namespace brindle {
 namespace {
 
-CToolkit*& Active() {
-    static CToolkit* toolkit = nullptr;
+std::optional<CToolkit*>& Chosen() {
+    static std::optional<CToolkit*> toolkit;
     return toolkit;
+}
+
+// Null if there is no such plugin: one that can't be loaded once is not tried again.
+ToolkitEntry FindPlugin() {
+    const std::string here = FolderOfThisCode();
+    for (const std::string& folder :
+         {here, here + "/../lib", here + "/../" BRINDLE_LIB_FOLDER, std::string(BRINDLE_INSTALL_FOLDER)}) {
+        if (!folder.starts_with('/')) continue;
+        void* const entry = LoadSymbol(folder + '/' + LibraryFileName(kToolkitPlugin), kToolkitEntry);
+        if (entry != nullptr) return reinterpret_cast<ToolkitEntry>(entry);
+    }
+    return nullptr;
 }
 
 }  // namespace
 
-CToolkit* ActiveToolkit() { return Active(); }
+CToolkit* ActiveToolkit() {
+    if (Chosen()) return *Chosen();
+    static const ToolkitEntry plugin = FindPlugin();
+    return plugin == nullptr ? nullptr : plugin(kToolkitVersion);
+}
 
-void SetActiveToolkit(CToolkit* toolkit) { Active() = toolkit; }
+void SetActiveToolkit(CToolkit* toolkit) { Chosen() = toolkit; }
 
 }  // namespace brindle

@@ -7,6 +7,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -31,15 +33,27 @@ enum class ControlKind : uint8_t {
     kTable,
     kLabel,
     kUnits,  // label with a unit
+    kDrawing,
+};
+
+// Where a control stands, for a toolkit that lays forms out.
+enum class Spot : uint8_t {
+    kNewRow,     // below the control before it
+    kBeside,     // in the row of the control before it, such as a unit behind its field
+    kNewColumn,  // below the one before it; its group stands to the right of the group before
 };
 
 // How a control is described to the toolkit that makes it.
 struct ControlSpec {
     ControlKind kind;
-    std::string name;     // the key that it is bound to, without tool prefix; empty if none
-    std::string label;    // on a button; beside any other control, shown, hidden, enabled and disabled with it
-    std::string group{};  // heading of the controls that belong together; radio buttons of a group exclude each other
-    std::string tip{};    // tool tip
+    std::string name;   // the key that it is bound to, without tool prefix; empty if none
+    std::string label;  // on a button; beside any other control, shown, hidden, enabled and disabled with it
+    // Headings of the controls that belong together, from the outermost inwards, with a bar between: `Axis 1|Format for
+    // mm`. A heading is shown and enabled while one of its controls is. Radio buttons of a group exclude each other.
+    std::string group{};
+    std::string tip{};  // tool tip
+    Spot spot = Spot::kNewRow;
+    std::string lead{};  // drawn in front of the control and no label, such as the operators of a formula
 };
 
 class CControl {
@@ -105,7 +119,10 @@ public:
     virtual int32_t GetValue(int index) const = 0;
     virtual int GetCount() const = 0;
     virtual std::string GetEntryText(int index) const = 0;
-    virtual void Select(int index) = 0;  // -1 for none
+    // Puts `count` entries in the place of all others. A toolkit asks for the text of an entry when it comes into view;
+    // `text_of` must answer until the list is filled anew or emptied.
+    virtual void SetEntries(int count, std::function<std::string(int)> text_of) = 0;
+    virtual void Select(int index) = 0;  // -1 for none; scrolls the entry into view
     virtual int GetSelected() const = 0;
 
     CEvent selected;  // the user has chosen an entry, be it the same as before
@@ -131,6 +148,21 @@ public:
     virtual std::optional<TableCell> CellUnderPointer() const = 0;
 
     CEvent double_clicked;
+};
+
+struct PathScene;
+
+// Draws a tool path, which the user can zoom and move.
+class CDrawingControl : public CControl {
+public:
+    // Null for an empty drawing. Shows all of it.
+    virtual void SetScene(std::shared_ptr<const PathScene> scene) = 0;
+    // Marks an element of the scene and brings it into view; -1 for none.
+    virtual void Highlight(int element) = 0;
+    // The element that the user has chosen last.
+    virtual int GetPicked() const = 0;
+
+    CEvent picked;  // the user has chosen an element
 };
 
 }  // namespace brindle

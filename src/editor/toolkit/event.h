@@ -10,6 +10,7 @@ namespace brindle {
 class CEvent {
 public:
     void Set(std::function<void()> listener) { listener_ = std::move(listener); }
+    bool IsHeard() const { return static_cast<bool>(listener_); }
     // The listener may set another one, or end the window that reports.
     void Report() const {
         const std::function<void()> listener = listener_;

@@ -11,38 +11,12 @@ void HeadlessDesk::MoveFocus(CHeadlessControl* control) {
     if (before != nullptr) before->LoseFocus();
 }
 
-std::string_view ClassWord(ControlKind kind) {
-    switch (kind) {
-        case ControlKind::kCheck: return "check";
-        case ControlKind::kRadio: return "radio";
-        case ControlKind::kButton: return "button";
-        case ControlKind::kReal: return "real";
-        case ControlKind::kInteger: return "integer";
-        case ControlKind::kText: return "text";
-        case ControlKind::kMulti: return "multi";
-        case ControlKind::kDecimals: return "decimals";
-        case ControlKind::kEntries: return "entries";
-        case ControlKind::kDropDown:
-        case ControlKind::kList: return "list";
-        case ControlKind::kTable: return "table";
-        case ControlKind::kLabel: return "label";
-        case ControlKind::kUnits: return "units";
-    }
-    return {};
-}
-
 // ---- Any control ----
 
 CHeadlessControl::CHeadlessControl(ControlSpec spec, HeadlessDesk& desk) : spec_(std::move(spec)), desk_(desk) {}
 
 CHeadlessControl::~CHeadlessControl() {
     if (desk_.focused == this) desk_.focused = nullptr;
-}
-
-std::string CHeadlessControl::Name() const {
-    if (!spec_.name.empty()) return spec_.name;
-    const std::string label = Label();
-    return label.empty() ? std::string(ClassWord(spec_.kind)) : label;
 }
 
 // ---- Labels and buttons ----
@@ -128,6 +102,11 @@ int32_t CHeadlessList::GetValue(int index) const { return Has(index) ? entries_[
 
 std::string CHeadlessList::GetEntryText(int index) const {
     return Has(index) ? entries_[static_cast<size_t>(index)].text : std::string();
+}
+
+void CHeadlessList::SetEntries(int count, std::function<std::string(int)> text_of) {
+    Empty();
+    for (int i = 0; i < count; ++i) AddEntry(text_of(i));
 }
 
 void CHeadlessList::Select(int index) {

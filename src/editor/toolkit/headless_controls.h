@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "editor/toolkit/controls.h"
+#include "editor/toolkit/control_names.h"
 
 namespace brindle {
 
@@ -22,9 +22,6 @@ struct HeadlessDesk {
     void MoveFocus(CHeadlessControl* control);
 };
 
-// The word by which transcripts call a kind of control.
-std::string_view ClassWord(ControlKind kind);
-
 // The user's side of a control. Acts return false if the control has no such act; nothing has happened then.
 class CHeadlessControl {
 public:
@@ -36,8 +33,7 @@ public:
     const ControlSpec& spec() const { return spec_; }
     bool enabled() const { return enabled_; }
     bool shown() const { return shown_; }
-    // The key, else the label, else the class word.
-    std::string Name() const;
+    NamedControl Named() const { return {spec_.kind, spec_.name, Label()}; }
     virtual std::string Label() const { return spec_.label; }
     // The check state, the text, or the selected index and its text.
     virtual std::string Value() const { return {}; }
@@ -186,6 +182,7 @@ public:
     int32_t GetValue(int index) const override;
     int GetCount() const override { return static_cast<int>(entries_.size()); }
     std::string GetEntryText(int index) const override;
+    void SetEntries(int count, std::function<std::string(int)> text_of) override;
     void Select(int index) override;
     int GetSelected() const override { return selected_; }
 
@@ -237,6 +234,28 @@ private:
     std::vector<Column> columns_;
     std::vector<Row> rows_;
     std::optional<TableCell> pointer_;
+};
+
+// What is drawn is for the eye alone: a form does not list it among its controls.
+class CHeadlessDrawing : public CHeadlessBase<CDrawingControl> {
+public:
+    using CHeadlessBase::CHeadlessBase;
+    void SetScene(std::shared_ptr<const PathScene> scene) override { scene_ = std::move(scene); }
+    void Highlight(int element) override { highlighted_ = element; }
+    int GetPicked() const override { return picked_; }
+
+    const PathScene* scene() const { return scene_.get(); }
+    int highlighted() const { return highlighted_; }
+    bool Pick(int element) override {
+        picked_ = element;
+        picked.Report();
+        return true;
+    }
+
+private:
+    std::shared_ptr<const PathScene> scene_;
+    int highlighted_ = -1;
+    int picked_ = -1;
 };
 
 }  // namespace brindle

@@ -3,37 +3,9 @@
 #include <algorithm>
 
 #include "editor/toolkit/headless_windows.h"
-#include "text/numbers.h"
 
 namespace brindle {
 namespace {
-
-std::string WithoutAccelerator(std::string_view label) {
-    std::string plain(label);
-    std::erase(plain, '&');
-    return plain;
-}
-
-// How the user calls controls: exactly, or by what he reads on the screen.
-using Naming = bool (*)(const CHeadlessControl& control, std::string_view name);
-constexpr Naming kNamings[] = {
-    [](const CHeadlessControl& control, std::string_view name) { return control.Name() == name; },
-    [](const CHeadlessControl& control, std::string_view name) { return control.Label() == name; },
-    [](const CHeadlessControl& control, std::string_view name) {
-        return WithoutAccelerator(control.Label()) == WithoutAccelerator(name);
-    },
-    [](const CHeadlessControl& control, std::string_view name) { return ClassWord(control.spec().kind) == name; },
-};
-
-CHeadlessControl* FindNth(const HeadlessControls& controls, std::string_view name, int32_t n) {
-    for (const Naming is_called : kNamings) {
-        int32_t count = 0;
-        for (const auto& control : controls) {
-            if (is_called(*control, name) && ++count == n) return control.get();
-        }
-    }
-    return nullptr;
-}
 
 // Null for a control that can be acted upon.
 const char* WhyNotUsable(const CHeadlessControl& control) {
@@ -82,10 +54,10 @@ bool CHeadlessToolkit::IsKeptBack(const CHeadlessWindow& window) const {
 CHeadlessControl* CHeadlessToolkit::Find(std::string_view name) const {
     if (Top() == nullptr) return nullptr;
     const HeadlessControls& controls = Top()->Controls();
-    if (CHeadlessControl* const control = FindNth(controls, name, 1)) return control;
-    const size_t mark = name.rfind('#');
-    if (mark == std::string_view::npos) return nullptr;
-    return FindNth(controls, name.substr(0, mark), LeadingInt(name.substr(mark + 1)));
+    std::vector<NamedControl> names;
+    for (const auto& control : controls) names.push_back(control->Named());
+    const auto found = FindControl(names, name);
+    return found ? controls[*found].get() : nullptr;
 }
 
 std::string CHeadlessToolkit::Do(std::string_view control, const char* what, const Act& act) {

@@ -1,4 +1,4 @@
-// The toolkit without a screen, in which a CHeadlessUser plays the user. Tests of the editor run on it.
+// The toolkit without a screen, in which a CToolkitUser plays the user. Tests of the editor run on it.
 //
 // The user's acts are operations of the toolkit. Each goes to the window on top, which is the one that was opened or
 // chosen last, and gives empty text, or why a user could not do that. A control must be enabled and shown to be acted
@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "editor/toolkit/headless_controls.h"
-#include "editor/toolkit/headless_user.h"
+#include "editor/toolkit/toolkit_user.h"
 #include "editor/toolkit/windows.h"
 
 namespace brindle {
@@ -41,7 +41,7 @@ public:
 class CHeadlessToolkit : public CToolkit {
 public:
     // `user` must outlive the toolkit.
-    explicit CHeadlessToolkit(CHeadlessUser& user) : user_(user) {}
+    explicit CHeadlessToolkit(CToolkitUser& user) : user_(user) {}
 
     std::unique_ptr<CSheetWindow> MakeSheet(std::string_view title) override;
     std::unique_ptr<CDialogWindow> MakeDialog(std::string_view caption) override;
@@ -75,7 +75,7 @@ public:
 
     // For the windows of this toolkit.
     HeadlessDesk& desk() { return desk_; }
-    CHeadlessUser& user() { return user_; }
+    CToolkitUser& user() { return user_; }
     void Opened(CHeadlessWindow& window);
     void Closed(CHeadlessWindow& window, bool with_ok);
 
@@ -86,7 +86,7 @@ private:
     std::string Press(bool (CHeadlessWindow::*press)(), const char* button);
     bool IsKeptBack(const CHeadlessWindow& window) const;
 
-    CHeadlessUser& user_;
+    CToolkitUser& user_;
     HeadlessDesk desk_;
     std::vector<CHeadlessWindow*> windows_;  // the top one last
     std::vector<CHeadlessWindow*> modal_;    // in order of opening; all but the last are kept back

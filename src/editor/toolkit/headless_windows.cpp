@@ -3,6 +3,26 @@
 #include <algorithm>
 
 namespace brindle {
+namespace {
+
+// A modal window is on the screen as long as this lives, whichever way its RunModal ends.
+class CModalSpan {
+public:
+    CModalSpan(CHeadlessToolkit& toolkit, CHeadlessWindow& window, const bool& with_ok)
+        : toolkit_(toolkit), window_(window), with_ok_(with_ok) {
+        toolkit_.Opened(window_);
+    }
+    CModalSpan(const CModalSpan&) = delete;
+    CModalSpan& operator=(const CModalSpan&) = delete;
+    ~CModalSpan() { toolkit_.Closed(window_, with_ok_); }
+
+private:
+    CHeadlessToolkit& toolkit_;
+    CHeadlessWindow& window_;
+    const bool& with_ok_;
+};
+
+}  // namespace
 
 // ---- Sheet ----
 
@@ -13,13 +33,12 @@ CPageForm& CHeadlessSheet::AddPage(std::string_view caption) {
 
 bool CHeadlessSheet::RunModal() {
     ended_ = with_ok_ = false;
-    toolkit_.Opened(*this);
+    const CModalSpan span(toolkit_, *this, with_ok_);
     if (!pages_.empty()) {
         front_ = pages_.front().get();
         front_->activated.Report();
     }
     while (!ended_ && toolkit_.user().NextAct()) continue;
-    toolkit_.Closed(*this, with_ok_);
     return with_ok_;
 }
 
@@ -56,9 +75,8 @@ bool CHeadlessSheet::End(bool with_ok) {
 
 bool CHeadlessDialog::RunModal() {
     ended_ = with_ok_ = false;
-    toolkit().Opened(*this);
+    const CModalSpan span(toolkit(), *this, with_ok_);
     while (!ended_ && toolkit().user().NextAct()) continue;
-    toolkit().Closed(*this, with_ok_);
     return with_ok_;
 }
 

@@ -23,8 +23,13 @@ public:
     CMultiEditControl& AddMultiEdit(const ControlSpec& spec) override { return Add<CHeadlessMultiEdit>(spec); }
     CListControl& AddList(const ControlSpec& spec) override { return Add<CHeadlessList>(spec); }
     CTableControl& AddTable(const ControlSpec& spec) override { return Add<CHeadlessTable>(spec); }
+    CDrawingControl& AddDrawing(const ControlSpec& spec) override {
+        drawing_ = std::make_unique<CHeadlessDrawing>(spec, toolkit_.desk());
+        return *drawing_;
+    }
 
     const HeadlessControls& controls() const { return controls_; }
+    CHeadlessDrawing* drawing() const { return drawing_.get(); }
 
 protected:
     CHeadlessToolkit& toolkit() { return toolkit_; }
@@ -40,6 +45,7 @@ private:
 
     CHeadlessToolkit& toolkit_;
     HeadlessControls controls_;
+    std::unique_ptr<CHeadlessDrawing> drawing_;
 };
 
 class CHeadlessPage : public CHeadlessForm<CPageForm> {

@@ -26,6 +26,7 @@ public:
     virtual CMultiEditControl& AddMultiEdit(const ControlSpec& spec) = 0;
     virtual CListControl& AddList(const ControlSpec& spec) = 0;
     virtual CTableControl& AddTable(const ControlSpec& spec) = 0;
+    virtual CDrawingControl& AddDrawing(const ControlSpec& spec) = 0;
 };
 
 // A page of a sheet.

@@ -1,4 +1,4 @@
-// Who sits before the headless toolkit: a test, or a session played from text.
+// Who sits before a toolkit in a test: a list of acts, or a session played from text.
 #pragma once
 
 #include <optional>
@@ -11,12 +11,12 @@
 namespace brindle {
 
 // Asked for the user's acts, and told what comes and goes on the screen.
-class CHeadlessUser {
+class CToolkitUser {
 public:
-    CHeadlessUser() = default;
-    CHeadlessUser(const CHeadlessUser&) = delete;
-    CHeadlessUser& operator=(const CHeadlessUser&) = delete;
-    virtual ~CHeadlessUser() = default;
+    CToolkitUser() = default;
+    CToolkitUser(const CToolkitUser&) = delete;
+    CToolkitUser& operator=(const CToolkitUser&) = delete;
+    virtual ~CToolkitUser() = default;
 
     // Does the next thing to the toolkit. False if there is none: then the window that waits ends as cancelled.
     virtual bool NextAct() = 0;

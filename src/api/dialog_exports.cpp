@@ -2,31 +2,44 @@
 #include "api/exports.h"
 #include "brindle/brindle.h"
 #include "editor/load_segment_dlg.h"
+#include "editor/nc_run_time_dlg.h"
 #include "editor/params_sheet.h"
 #include "editor/toolkit/active_toolkit.h"
 
 using namespace brindle;
 
 int GBrn_DisplayTuningDialog(int inches, const wchar_t* title, int* result) {
-    const SessionParts session = Session().Parts();
-    bool with_ok = false;
-    if (CToolkit* const toolkit = ActiveToolkit()) {
-        CNCParamsSheet sheet(*toolkit, &session, inches != 0, In(title));
-        sheet.AddPages();
-        with_ok = sheet.RunModal();
-    }
-    Out(result, with_ok ? 1 : 0);
-    return 0;
+    return Export([&] {
+        const SessionParts session = Session().Parts();
+        bool with_ok = false;
+        if (CToolkit* const toolkit = ActiveToolkit()) {
+            CNCParamsSheet sheet(*toolkit, &session, inches != 0, In(title));
+            sheet.AddPages();
+            with_ok = sheet.RunModal();
+        }
+        Out(result, with_ok ? 1 : 0);
+    });
 }
 
-int GBrn_DisplayRTDataDlg(const wchar_t*, const wchar_t*, const wchar_t*, wchar_t** chosen) {
-    Session();
-    Out(chosen, "");
-    return 0;
+int GBrn_DisplayRTDataDlg(const wchar_t* definition_path, const wchar_t* dataset, const wchar_t* tuning_pick,
+                          wchar_t** chosen) {
+    return Export([&] {
+        CBrindleMgr& session = Session();
+        std::string chosen_dataset;
+        if (CToolkit* const toolkit = ActiveToolkit()) {
+            const std::string path = In(definition_path);
+            CRunTimeDataDef file_definition;
+            file_definition.ReadFromFile(path, CRunTimeDataDef::ReadMode::kCollect);
+            const CRunTimeDataDef& definition = path.empty() ? session.tuning.definition() : file_definition;
+            chosen_dataset = DisplayRunTimeData(*toolkit, definition, In(tuning_pick), In(dataset), session.run_values);
+        }
+        Out(chosen, chosen_dataset);
+    });
 }
 
 int GBrn_DisplayLoadSegmentDialog(void) {
-    CBufferMgr& buffers = Session().buffers;
-    if (CToolkit* const toolkit = ActiveToolkit()) ChooseSegment(*toolkit, buffers);
-    return 0;
+    return Export([&] {
+        CBufferMgr& buffers = Session().buffers;
+        if (CToolkit* const toolkit = ActiveToolkit()) ChooseSegment(*toolkit, buffers);
+    });
 }

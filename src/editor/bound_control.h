@@ -17,6 +17,9 @@ public:
     CBoundControl(const CBoundControl&) = delete;
     CBoundControl& operator=(const CBoundControl&) = delete;
 
+    // Commits nothing until the next binding.
+    void Unbind() { BindTo(nullptr, {}); }
+
 protected:
     explicit CBoundControl(const ControlPlace& place) : place_(place) {}
     ~CBoundControl() = default;

@@ -1,8 +1,10 @@
 #include "editor/code_preview.h"
 
+#include <algorithm>
 #include <fstream>
 
 #include "cff2/cff2_reader.h"
+#include "drawing/scene_of_path.h"
 #include "editor/control_place.h"
 #include "editor/messages.h"
 #include "generator/output_run.h"
@@ -34,10 +36,15 @@ CNCCodePreview::CNCCodePreview(CToolkit& toolkit, CNCPreviewOwner& owner, CSheet
 
 void CNCCodePreview::AddControls() {
     list_ = &window_->AddList(PlainSpec(ControlKind::kList));
+    ControlSpec drawing = PlainSpec(ControlKind::kDrawing, {}, Spot::kBeside);
+    drawing.tip = "Wheel: zoom. Drag: move. Double click: show all. Click: find the block.";
+    drawing_ = &window_->AddDrawing(drawing);
     show_errors_ = &window_->AddButton(PlainSpec(ControlKind::kCheck, "Show errors"));
-    show_headers_ = &window_->AddButton(PlainSpec(ControlKind::kCheck, "Show template headers"));
-    CButtonControl& open = window_->AddButton(PlainSpec(ControlKind::kButton, "Open CF2 File..."));
-    CButtonControl& save = window_->AddButton(PlainSpec(ControlKind::kButton, "Save to File..."));
+    show_headers_ = &window_->AddButton(PlainSpec(ControlKind::kCheck, "Show template headers", Spot::kBeside));
+    CButtonControl& open = window_->AddButton(PlainSpec(ControlKind::kButton, "Open CF2 File...", Spot::kBeside));
+    CButtonControl& save = window_->AddButton(PlainSpec(ControlKind::kButton, "Save to File...", Spot::kBeside));
+    list_->selected.Set([this] { FollowList(); });
+    drawing_->picked.Set([this] { FollowDrawing(); });
     show_errors_->clicked.Set([this] { RebuildList(); });
     show_headers_->clicked.Set([this] { RebuildList(); });
     open.clicked.Set([this] { OpenDrawing(); });
@@ -47,20 +54,38 @@ void CNCCodePreview::AddControls() {
 
 void CNCCodePreview::ShowRun(const SessionParts& session) {
     session_ = &session;
-    RunOutput(session);
+    list_->Empty();  // its rows are those of the trace that goes now
+    RunOutput(session, &path_);
     RebuildList();
+    drawing_->SetScene(std::make_shared<const PathScene>(MakeScene(path_)));
+    path_.elements = {};
 }
 
 void CNCCodePreview::RebuildList() {
     list_->Empty();
     if (session_ == nullptr) return;
-    const CNCDebugMgr& trace = session_->trace;
-    for (size_t i = 0; i < trace.GetCount(); ++i) {
-        const CNCDebugInfo record = trace.Get(i);
-        if (record.kind == TraceKind::kTemplate && !show_headers_->GetCheck()) continue;
-        if (record.kind == TraceKind::kMessage && !show_errors_->GetCheck()) continue;
-        list_->AddEntry(ShownLine(record));
-    }
+    shown_ = session_->trace.Select(show_headers_->GetCheck(), show_errors_->GetCheck());
+    list_->SetEntries(static_cast<int>(shown_.size()), [this](int row) { return TextOfRow(row); });
+    drawing_->Highlight(-1);
+}
+
+std::string CNCCodePreview::TextOfRow(int row) const {
+    return ShownLine(session_->trace.Get(shown_[static_cast<size_t>(row)]));
+}
+
+void CNCCodePreview::FollowList() {
+    const int row = list_->GetSelected();
+    drawing_->Highlight(row < 0 ? -1 : path_.NumberOfBlock(shown_[static_cast<size_t>(row)]));
+}
+
+void CNCCodePreview::FollowDrawing() {
+    const int element = drawing_->GetPicked();
+    drawing_->Highlight(element);
+    const auto number = static_cast<size_t>(element);
+    const BlockRange blocks = number < path_.blocks.size() ? path_.blocks[number] : BlockRange{};
+    const auto row = std::lower_bound(shown_.begin(), shown_.end(), blocks.first);
+    const bool has_row = row != shown_.end() && *row < blocks.last;
+    list_->Select(has_row ? static_cast<int>(row - shown_.begin()) : -1);
 }
 
 void CNCCodePreview::OpenDrawing() {

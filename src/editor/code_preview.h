@@ -1,16 +1,20 @@
 // The window that shows the NC code of the tuning as it stands.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "editor/preview_owner.h"
 #include "editor/toolkit/windows.h"
 #include "generator/run_context.h"
+#include "generator/tool_path.h"
 
 namespace brindle {
 
-// Lists the trace of the last run that was asked for. Opens with its construction beside the sheet, stays open while
+// Lists the trace of the last run that was asked for, and draws its tool path: a block that is chosen in the list is
+// marked in the drawing, and the other way round. Opens with its construction beside the sheet, stays open while
 // the user goes on editing, and ends when he closes it or when it is destroyed.
 class CNCCodePreview {
 public:
@@ -28,6 +32,10 @@ public:
 
 private:
     void AddControls();
+    std::string TextOfRow(int row) const;
+    // Each marks in the one what the user has chosen in the other.
+    void FollowList();
+    void FollowDrawing();
     void Close();
 
     CToolkit& toolkit_;
@@ -35,8 +43,11 @@ private:
     const SessionParts* session_ = nullptr;  // null until the first run
     std::unique_ptr<CModelessWindow> window_;
     CListControl* list_ = nullptr;
+    CDrawingControl* drawing_ = nullptr;
     CButtonControl* show_errors_ = nullptr;
     CButtonControl* show_headers_ = nullptr;
+    std::vector<uint32_t> shown_;  // trace record of each row of the list
+    ToolPath path_;                // of the last run, without its elements
 };
 
 }  // namespace brindle

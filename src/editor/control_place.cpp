@@ -20,7 +20,9 @@ ControlSpec KeySpec(ControlKind kind, std::string_view key, std::string_view lab
     return {kind, std::string(key), std::string(label), std::string(group), std::string(MeaningOf(key))};
 }
 
-ControlSpec PlainSpec(ControlKind kind, std::string_view label) { return {kind, {}, std::string(label)}; }
+ControlSpec PlainSpec(ControlKind kind, std::string_view label, Spot spot) {
+    return {.kind = kind, .name = {}, .label = std::string(label), .spot = spot};
+}
 
 std::string_view WithoutToolPrefix(std::string_view key) { return key.substr(MatchKey(key).tool_prefix.size()); }
 

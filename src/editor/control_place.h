@@ -20,7 +20,7 @@ struct ControlPlace {
 ControlSpec KeySpec(ControlKind kind, std::string_view key, std::string_view label, std::string_view group = {});
 
 // A control that stands for no key.
-ControlSpec PlainSpec(ControlKind kind, std::string_view label = {});
+ControlSpec PlainSpec(ControlKind kind, std::string_view label = {}, Spot spot = Spot::kNewRow);
 
 // A key without the prefix of its tool.
 std::string_view WithoutToolPrefix(std::string_view key);

@@ -12,7 +12,7 @@ CLoadSegmentDlg::CLoadSegmentDlg(CToolkit& toolkit, int32_t count)
       window_(toolkit.MakeDialog("NC Output Load Segment")),
       field_(window_->AddEdit(PlainSpec(ControlKind::kInteger, "Segment to output:"))) {
     field_.SetText(std::to_string(segment_));
-    window_->AddLabel(PlainSpec(ControlKind::kLabel, "of")).SetText(std::to_string(count));
+    window_->AddLabel(PlainSpec(ControlKind::kLabel, "of", Spot::kBeside)).SetText(std::to_string(count));
     window_->ok_clicked.Set([this] { OnOk(); });
 }
 

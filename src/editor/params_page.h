@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "editor/control_place.h"
+#include "editor/units_static.h"
 #include "generator/run_context.h"
 
 namespace brindle {
@@ -54,7 +55,7 @@ public:
     // Whether lengths are shown in inches; false on a page in another sheet.
     bool IsInches() const;
     // The decimals with which lengths are shown.
-    int32_t GetUnitPlaces() const { return IsInches() ? 3 : 2; }
+    int32_t GetUnitPlaces() const { return LengthPlaces(IsInches()); }
     // The sheet's preview window, opened on first use. Null on a page in another sheet.
     CNCCodePreview* GetPreview() const;
     // Runs the tuning over the session's geometry and shows the NC code in the preview window.

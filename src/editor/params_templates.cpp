@@ -65,9 +65,10 @@ std::string_view CaptionOf(std::string_view prefix) {
 }  // namespace
 
 void CNCParamsTemplates::CreateControls() {
-    list_ = std::make_unique<CNCTemplateListCtrl>(Place());
+    CTableControl& table = Place().form.AddTable(PlainSpec(ControlKind::kTable));
+    list_ = std::make_unique<CNCTemplateListCtrl>(Place().toolkit, table);
     list_->InitColumns(false);
-    list_->control().double_clicked.Set([this] { list_->EditAtPointer(GetOptions()); });
+    table.double_clicked.Set([this] { list_->EditAtPointer(GetOptions()); });
     CButtonControl& preview = Place().form.AddButton(PlainSpec(ControlKind::kButton, "Preview..."));
     preview.clicked.Set([this] { RunPreview(); });
 }

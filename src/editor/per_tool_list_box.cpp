@@ -1,27 +1,19 @@
 #include "editor/per_tool_list_box.h"
 
-#include <algorithm>
-
+#include "editor/page_table.h"
 #include "tuning/options.h"
 
 namespace brindle {
-namespace {
 
-// A tuning from a file can claim any number of tools; nobody picks one from a longer list.
-constexpr int32_t kMostTools = 10000;
-constexpr int32_t kDefaultTool = -1;
-
-bool IsTrue(const CKVItemContainer& tuning, std::string_view key) {
-    int32_t value = 0;
-    return tuning.GetBool(key, value) && value != 0;
+void AddToolEntry(CListControl& list, int32_t tool) {
+    const int index = list.AddEntry(tool < 0 ? "T" : std::string("T").append(std::to_string(tool)));
+    list.SetValue(index, tool);
 }
-
-}  // namespace
 
 void CPerToolListBox::Fill(const CKVItemContainer* tuning) {
     control_.Empty();
     if (tuning == nullptr) return;
-    if (IsTrue(*tuning, "bDefaultTool")) Add("T", kDefaultTool);
+    if (IsTrue(tuning, "bDefaultTool")) AddToolEntry(control_, kDefaultTool);
     AddTools(*tuning);
     if (control_.GetCount() > 0) control_.Select(0);
 }
@@ -29,15 +21,13 @@ void CPerToolListBox::Fill(const CKVItemContainer* tuning) {
 void CPerToolListBox::AddTools(const CKVItemContainer& tuning) {
     int32_t count = 0;
     tuning.GetInt("nNumOfTools", count);
-    for (int32_t tool = 1; tool <= std::min(count, kMostTools); ++tool) {
+    for (int32_t tool = 1; tool <= ListedTools(count); ++tool) {
         const std::string prefix = ToolPrefixText(tool);
-        if (!with_subordinates_ && IsTrue(tuning, prefix + "bToolSubordinate")) continue;
-        if (IsTrue(tuning, prefix + "bToolUnused")) continue;
-        Add(std::string("T").append(std::to_string(tool)), tool);
+        if (!with_subordinates_ && IsTrue(&tuning, prefix + "bToolSubordinate")) continue;
+        if (IsTrue(&tuning, prefix + "bToolUnused")) continue;
+        AddToolEntry(control_, tool);
     }
 }
-
-void CPerToolListBox::Add(std::string_view text, int32_t tool) { control_.SetValue(control_.AddEntry(text), tool); }
 
 std::string CPerToolListBox::GetToolPrefix() const {
     const int selected = control_.GetSelected();

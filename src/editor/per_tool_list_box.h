@@ -1,7 +1,8 @@
 // The list of tools beside the controls of per-tool keys.
 #pragma once
 
-#include <functional>
+#include <algorithm>
+#include <cstdint>
 #include <string>
 
 #include "editor/control_place.h"
@@ -9,12 +10,23 @@
 
 namespace brindle {
 
+// The number of the default tool.
+inline constexpr int32_t kDefaultTool = -1;
+
+// How many numbered tools lists show of a tuning with `count` tools, which can be any number in a tuning from a file:
+// nobody picks one from a list that is longer.
+constexpr int32_t ListedTools(int32_t count) { return std::min(count, 10000); }
+
+// Adds the entry of a tool, `T2` with the value 2 or `T` for the default tool.
+void AddToolEntry(CListControl& list, int32_t tool);
+
 // Holds the tools of a tuning that are in use. A page binds its per-tool controls to GetToolPrefix and the key, again
 // after each change of selection: by then an edit that had the focus has written its value under the key of the old
 // tool.
 class CPerToolListBox {
 public:
-    explicit CPerToolListBox(const ControlPlace& place) : control_(place.form.AddList(PlainSpec(ControlKind::kList))) {}
+    // `control` must outlive this.
+    explicit CPerToolListBox(CListControl& control) : control_(control) {}
 
     // From the next Fill on.
     void LeaveOutSubordinates() { with_subordinates_ = false; }
@@ -26,7 +38,6 @@ public:
 
 private:
     void AddTools(const CKVItemContainer& tuning);
-    void Add(std::string_view text, int32_t tool);
 
     CListControl& control_;
     bool with_subordinates_ = true;

@@ -15,9 +15,6 @@ std::string_view YesOrNo(const CKVItemContainer& tuning, const std::string& key,
 
 }  // namespace
 
-CNCTemplateListCtrl::CNCTemplateListCtrl(const ControlPlace& place)
-    : toolkit_(place.toolkit), control_(place.form.AddTable(PlainSpec(ControlKind::kTable))) {}
-
 void CNCTemplateListCtrl::InitColumns(bool per_tool) {
     per_tool_ = per_tool;
     control_.AddColumn("Template", 110);

@@ -20,7 +20,8 @@ struct CKVInfo {
 // template, the empty row behind it included, opens its editor.
 class CNCTemplateListCtrl {
 public:
-    explicit CNCTemplateListCtrl(const ControlPlace& place);
+    // `control` must outlive this.
+    CNCTemplateListCtrl(CToolkit& toolkit, CTableControl& control) : toolkit_(toolkit), control_(control) {}
 
     // Once, before anything else. `per_tool` adds the columns of the three modal words that a tool's template can
     // clear.

@@ -44,6 +44,25 @@ bool IsHiddenAt(const Items& items, int32_t number) { return items[static_cast<s
 
 }  // namespace
 
+std::optional<RunTimePlace> PlaceOfWord(std::string_view word) {
+    if (word.size() <= 3) return std::nullopt;
+    std::string numbers(word.substr(3));
+    std::replace_if(
+        numbers.begin(), numbers.end(), [](char c) { return c == '(' || c == ')' || c == ',' || c == '_'; }, ' ');
+    const std::vector<std::string> words = SplitQuotedWords(numbers);
+    if (words.empty() || words.size() > 2) return std::nullopt;
+    const int32_t entry = LeadingInt(words[0]);
+    const int32_t column = words.size() == 2 ? LeadingInt(words[1]) : 0;
+    if (entry < 1 || (words.size() == 2 && column < 1)) return std::nullopt;
+    return RunTimePlace{entry, column};
+}
+
+std::string WordOfPlace(RunTimePlace place) {
+    std::string word = "RTD(" + std::to_string(place.entry);
+    if (!place.IsMessage()) word.append(",").append(std::to_string(place.column));
+    return word.append(")");
+}
+
 bool CDataSetContainer::Add(std::string_view name) {
     if (Exists(name)) return false;
     sets_.push_back(std::make_unique<CDataSetItem>());
@@ -205,20 +224,11 @@ void CRunTimeDataDef::AddColumn(std::string name, bool hidden) { AddItem(columns
 void CRunTimeDataDef::AddMessage(std::string name, bool hidden) { AddItem(messages_, std::move(name), hidden); }
 
 bool CRunTimeDataDef::IsHidden(std::string_view word) const {
-    if (word.size() <= 3) return false;
-    std::string numbers(word.substr(3));
-    std::replace_if(
-        numbers.begin(), numbers.end(), [](char c) { return c == '(' || c == ')' || c == ',' || c == '_'; }, ' ');
-    const std::vector<std::string> words = SplitQuotedWords(numbers);
-    if (words.size() == 1) {
-        const int32_t message = LeadingInt(words[0]);
-        return Has(messages_, message) && IsHiddenAt(messages_, message);
-    }
-    if (words.size() != 2) return false;
-    const int32_t row = LeadingInt(words[0]);
-    const int32_t column = LeadingInt(words[1]);
-    if (!Has(rows_, row) || !Has(columns_, column)) return false;
-    return IsHiddenAt(rows_, row) || IsHiddenAt(columns_, column);
+    const std::optional<RunTimePlace> place = PlaceOfWord(word);
+    if (!place) return false;
+    if (place->IsMessage()) return Has(messages_, place->entry) && IsHiddenAt(messages_, place->entry);
+    if (!Has(rows_, place->entry) || !Has(columns_, place->column)) return false;
+    return IsHiddenAt(rows_, place->entry) || IsHiddenAt(columns_, place->column);
 }
 
 }  // namespace brindle

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -18,6 +19,17 @@ struct CRunTimeDefItem {
     std::string name;
     bool hidden = false;
 };
+
+// What a run-time data word points to: a message, or a row and a column. All count from 1.
+struct RunTimePlace {
+    int32_t entry = 0;   // the message or the row
+    int32_t column = 0;  // 0 for a message
+    bool IsMessage() const { return column == 0; }
+};
+
+// The place of a word such as `RTD(4)` or `RTD(2,3)`; nothing if it has none. No definition needs to have it.
+std::optional<RunTimePlace> PlaceOfWord(std::string_view word);
+std::string WordOfPlace(RunTimePlace place);
 
 // A named set of default values. Keys are run-time data words such as `RTD(2,3)`.
 struct CDataSetItem {
@@ -76,8 +88,11 @@ public:
 
     int64_t last_update() const { return last_update_; }  // seconds since the epoch, 0 until set
     void set_last_update(int64_t seconds) { last_update_ = seconds; }
+    std::vector<CRunTimeDefItem>& rows() { return rows_; }
     const std::vector<CRunTimeDefItem>& rows() const { return rows_; }
+    std::vector<CRunTimeDefItem>& columns() { return columns_; }
     const std::vector<CRunTimeDefItem>& columns() const { return columns_; }
+    std::vector<CRunTimeDefItem>& messages() { return messages_; }
     const std::vector<CRunTimeDefItem>& messages() const { return messages_; }
     CDataSetContainer& datasets() { return datasets_; }
     const CDataSetContainer& datasets() const { return datasets_; }

@@ -46,7 +46,7 @@ protected:
               text(place, KeySpec(ControlKind::kText, "sNWordAddr", "&Address:")),
               decimals(place, KeySpec(ControlKind::kDecimals, "nSubArcNDec", "&Round to:")),
               entries(place, PlainSpec(ControlKind::kEntries, "measured &by:")),
-              tools(place),
+              tools(place.form.AddList(PlainSpec(ControlKind::kList))),
               lift(place, KeySpec(ControlKind::kReal, "rLiftAngDEG", "&Lift angle:")) {}
 
         CKVItemButton check, first, second, third;
@@ -400,7 +400,7 @@ TEST_F(EditorControls, APendingValueGoesToTheToolThatItWasTypedFor) {
 
 TEST_F(EditorControls, AListOfToolsHoldsThoseInUseAndHasAnEnd) {
     const auto dialog = toolkit_.MakeDialog("Tools");
-    CPerToolListBox list(ControlPlace{toolkit_, *dialog});
+    CPerToolListBox list(dialog->AddList(PlainSpec(ControlKind::kList)));
     const CListControl& control = list.control();
     list.Fill(&session_.tuning);
     EXPECT_EQ(control.GetCount(), 0);

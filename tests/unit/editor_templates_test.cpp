@@ -39,7 +39,7 @@ TEST_F(EditorDialogs, TemplatesOfAToolHaveColumnsForWhatTheyClear) {
     Tune("BOOL T2_ToolOn_bClearAbsInc true");
     Tune("BOOL T2_ToolOn_bTerminiate false");
     const auto dialog = toolkit_.MakeDialog("Tool");
-    CNCTemplateListCtrl list(ControlPlace{toolkit_, *dialog});
+    CNCTemplateListCtrl list(toolkit_, dialog->AddTable(PlainSpec(ControlKind::kTable)));
     list.InitColumns(true);
     list.AddInfo("No prefix", "");
     list.AddInfo("Tool On", "T2_ToolOn_");

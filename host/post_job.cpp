@@ -4,7 +4,7 @@
 
 #include "api/brindle_mgr.h"
 #include "brindle/brindle.h"
-#include "host/drawing_survey.h"
+#include "host/drawing_report.h"
 #include "host/messages.h"
 #include "host/output_files.h"
 #include "host/progress_line.h"
@@ -26,7 +26,8 @@ public:
         : planned_(planned), tuning_(tuning), options_(options), roles_(roles) {}
 
     bool Run(const std::string& progress) {
-        if (!drawing_.Open(planned_.drawing) || !LookAtDrawing()) return false;
+        if (!drawing_.Open(planned_.drawing)) return false;
+        if (!ReportOnDrawing(planned_.drawing, drawing_.text(), tuning_.options, survey_)) return false;
         ExpressionValues values;
         if (!SettleExpressions(tuning_, options_.run_data, Values(), values)) return false;
         {
@@ -45,21 +46,6 @@ public:
 
 private:
     Place InDrawing(size_t line) const { return {planned_.drawing, line}; }
-
-    bool LookAtDrawing() {
-        survey_ = SurveyDrawing(drawing_.text());
-        if (survey_.nul_line != 0 || !survey_.has_records) {
-            PrintError(InDrawing(survey_.nul_line), survey_.nul_line != 0
-                                                        ? "the line holds a NUL byte: this is no CFF2 drawing"
-                                                        : "holds no record of a CFF2 drawing");
-            return false;
-        }
-        for (const DrawingFinding& finding : survey_.findings) PrintWarning(InDrawing(finding.line), finding.text);
-        for (const DrawingFinding& finding : FindUnknownTools(survey_, tuning_.options)) {
-            PrintWarning(InDrawing(finding.line), finding.text);
-        }
-        return true;
-    }
 
     JobValues Values() const {
         const Point blank = options_.blank.value_or(Point{});

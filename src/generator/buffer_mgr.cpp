@@ -53,6 +53,12 @@ bool CBufferMgr::SetCurBuffer(int32_t number) {
 
 bool CBufferMgr::CurBufferHasMoreData() const { return current_ != nullptr && !current_->reader.AtEnd(); }
 
+std::string_view CBufferMgr::NextPiece() const {
+    if (!CurBufferHasMoreData()) return {};
+    CTextLog::Reader reader = current_->reader;
+    return reader.Next().text;
+}
+
 std::string_view CBufferMgr::GetOutputBuffer() {
     return CurBufferHasMoreData() ? current_->reader.Next().text : std::string_view();
 }

@@ -35,7 +35,9 @@ public:
     // False, with nothing changed, if there is no such buffer.
     bool SetCurBuffer(int32_t number);
     bool CurBufferHasMoreData() const;
-    // Takes the next piece of the current buffer; empty if there is none. Valid until the buffers change.
+    // The next piece of the current buffer; empty if there is none. Valid until the buffers change.
+    std::string_view NextPiece() const;
+    // Takes it.
     std::string_view GetOutputBuffer();
 
 private:

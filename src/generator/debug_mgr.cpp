@@ -32,11 +32,26 @@ void CNCDebugMgr::AddTemplate(std::string_view header, uint32_t& number) {
     log_.Add(kNumber, {bytes, size});
 }
 
+TraceKind CNCDebugMgr::KindOf(uint8_t tag) {
+    return tag == kHeader || tag == kNumber ? TraceKind::kTemplate : static_cast<TraceKind>(tag);
+}
+
+std::vector<uint32_t> CNCDebugMgr::Select(bool templates, bool messages) const {
+    std::vector<uint32_t> selected;
+    CTextLog::Reader reader(log_);
+    for (uint32_t index = 0; !reader.AtEnd(); ++index) {
+        const TraceKind kind = KindOf(reader.Next().tag);
+        if ((kind != TraceKind::kTemplate || templates) && (kind != TraceKind::kMessage || messages)) {
+            selected.push_back(index);
+        }
+    }
+    return selected;
+}
+
 CNCDebugInfo CNCDebugMgr::Get(size_t index) const {
     if (index >= log_.size()) throw std::out_of_range("trace index");
     const CTextLog::Entry entry = log_.Get(index);
-    if (entry.tag == kHeader) return {TraceKind::kTemplate, entry.text};
-    if (entry.tag != kNumber) return {static_cast<TraceKind>(entry.tag), entry.text};
+    if (entry.tag != kNumber) return {KindOf(entry.tag), entry.text};
     uint32_t number = 0;
     for (size_t i = entry.text.size(); i > 0; --i) number = number << 8 | static_cast<unsigned char>(entry.text[i - 1]);
     return {TraceKind::kTemplate, headers_[number]};

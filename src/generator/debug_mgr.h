@@ -34,8 +34,12 @@ public:
     size_t GetCount() const { return log_.size(); }
     // `index` must be below GetCount(): std::out_of_range otherwise.
     CNCDebugInfo Get(size_t index) const;
+    // The indexes of all blocks, in order; starts of templates and messages among them if they are wanted.
+    std::vector<uint32_t> Select(bool templates, bool messages) const;
 
 private:
+    static TraceKind KindOf(uint8_t tag);
+
     CTextLog log_;
     std::vector<std::string_view> headers_;  // by number, in the log
 };

@@ -1,7 +1,7 @@
 #include "generator/directives.h"
 
 #include <algorithm>
-#include <unordered_map>
+#include <array>
 
 #include "generator/arc_words.h"
 #include "generator/axis_words.h"
@@ -109,23 +109,24 @@ constexpr DirectiveInfo kTable[] = {
 static_assert(std::is_sorted(std::begin(kTable), std::end(kTable),
                              [](const DirectiveInfo& a, const DirectiveInfo& b) { return a.number < b.number; }));
 
-using DirectiveIndex = std::unordered_map<std::string_view, const DirectiveInfo*>;
+constexpr std::string_view NameOf(const DirectiveInfo* directive) { return directive->name; }
 
-DirectiveIndex MakeIndex() {
-    DirectiveIndex index;
-    for (const DirectiveInfo& directive : kTable) index.emplace(directive.name, &directive);
-    return index;
-}
+// In the order of their names. Not on the heap: the last run of a host may come from its exit, and a host may unload
+// the library.
+constexpr auto kByName = [] {
+    std::array<const DirectiveInfo*, std::size(kTable)> sorted{};
+    std::transform(std::begin(kTable), std::end(kTable), sorted.begin(), [](const DirectiveInfo& one) { return &one; });
+    std::ranges::sort(sorted, {}, NameOf);
+    return sorted;
+}();
 
 }  // namespace
 
 std::span<const DirectiveInfo> DirectiveTable() { return kTable; }
 
 const DirectiveInfo* FindDirective(std::string_view name) {
-    // Lives to the end of the process: the last run of a host may come from its exit.
-    static const auto& kIndex = *new DirectiveIndex(MakeIndex());
-    const auto found = kIndex.find(name);
-    return found == kIndex.end() ? nullptr : found->second;
+    const auto found = std::ranges::lower_bound(kByName, name, {}, NameOf);
+    return found == kByName.end() || NameOf(*found) != name ? nullptr : *found;
 }
 
 }  // namespace brindle

@@ -6,6 +6,7 @@
 #include "generator/arc_words.h"
 #include "generator/axis_words.h"
 #include "generator/facets.h"
+#include "generator/path_recorder.h"
 #include "text/numbers.h"
 
 namespace brindle {
@@ -103,9 +104,16 @@ void CEmission::ApproachCut(bool force_lift) {
     tools_.FlyPreCheck();
 }
 
+void CEmission::ExecuteElement(CompiledTemplate& compiled, PathKind kind) {
+    if (run_.path == nullptr) return executor_.ExecuteTemplate(compiled);
+    run_.path->BeginElement(kind);
+    executor_.ExecuteTemplate(compiled);
+    run_.path->EndElement();
+}
+
 void CEmission::CutLine(bool force_lift) {
     ApproachCut(force_lift);
-    executor_.ExecuteTemplate(run_.line);
+    ExecuteElement(run_.line, PathKind::kLine);
     run_.controller.last_position = run_.controller.current_item().Get().End();
     tools_.FlyPostCheck();
 }
@@ -155,7 +163,7 @@ void CEmission::EmitHalves(const CNCArcData& record, const CNCData* next, const 
 
 void CEmission::CutArc() {
     ApproachCut(false);
-    executor_.ExecuteTemplate(run_.arc);
+    ExecuteElement(run_.arc, PathKind::kArc);
     const CNCArcData* const arc = run_.controller.current_item().AsArc();
     run_.controller.last_position = arc->true_end();
     tools_.FlyPostCheck();
@@ -169,7 +177,7 @@ void CEmission::EmitText(const CNCData& record) {
     tools_.ToolChange();
     ExecuteMove(run_.move);
     tools_.ToolOn();
-    executor_.ExecuteTemplate(run_.text);
+    ExecuteElement(run_.text, PathKind::kText);
 }
 
 void CEmission::ExecuteMove(CompiledTemplate& compiled) {
@@ -188,7 +196,7 @@ void CEmission::ExecuteMove(CompiledTemplate& compiled) {
             tools_.ToolOff();
         }
     }
-    executor_.ExecuteTemplate(compiled);
+    ExecuteElement(compiled, PathKind::kRapid);
     controller.last_position = start;
     controller.SetToolDirection(controller.current_item().Get().GetStartAngle(false));
     controller.move_kind = MoveKind::kNone;

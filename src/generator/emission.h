@@ -6,6 +6,7 @@
 
 #include "generator/segments.h"
 #include "generator/tool_control.h"
+#include "generator/tool_path.h"
 
 namespace brindle {
 
@@ -36,6 +37,8 @@ private:
     // The current record cut as a line, or as an arc. `force_lift`: the tool lifts before it.
     void CutLine(bool force_lift);
     void CutArc();
+    // The template of the current record, or of the move to its start, as a piece of the path.
+    void ExecuteElement(CompiledTemplate& compiled, PathKind kind);
     // Tool, move and lift before the template of a line or arc, and tool on.
     void ApproachCut(bool force_lift);
     bool ReportsNoTool(const CNCData& record, const char* what);

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "generator/path_recorder.h"
+
 namespace brindle {
 namespace {
 
@@ -101,6 +103,7 @@ void CEmission::MakeCallPointCurrent(const CNCIncludeData& record, Point place, 
 void CEmission::CallSub(const CNCIncludeData& record, int32_t program, const CTrans& trans) {
     const bool on_block = run_.options.axes.start_end_on_block;
     MakeCallPointCurrent(record, Sum(record.Start(), StartReference(record, program)), trans);
+    if (run_.path != nullptr) run_.path->BeginCall(record);
     if (!on_block) ReachCallPoint(record);
     tools_.ToolOff();
     executor_.ExecuteTemplate(run_.sub_call);
@@ -112,6 +115,7 @@ void CEmission::CallSub(const CNCIncludeData& record, int32_t program, const CTr
         run_.state.ClearModalWords();
     }
     executor_.ExecuteTemplate(run_.sub_reset);
+    if (run_.path != nullptr) run_.path->EndCall();
 }
 
 void CEmission::ReachCallPoint(const CNCIncludeData& record) {

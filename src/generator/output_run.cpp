@@ -2,19 +2,29 @@
 
 #include <cmath>
 
+#include "generator/path_recorder.h"
 #include "rtd/value_exchange.h"
 
 namespace brindle {
 
-void RunOutput(const SessionParts& session) {
+void RunOutput(const SessionParts& session, ToolPath* path) {
     session.buffers.Reset();
     session.trace.Clear();
     JobData& job = session.controller.job;
     SettleRunValues(session.tuning.definition(), job.tuning_pick, job.dataset_name, session.run_values);
-    COutputRun(session).RunOutput();
+    COutputRun(session).RunOutput(path);
 }
 
-void COutputRun::RunOutput() {
+void COutputRun::RunOutput(ToolPath* path) {
+    if (path == nullptr) return OutputFile();
+    CPathRecorder recorder(run_);
+    run_.path = &recorder;
+    OutputFile();
+    run_.path = nullptr;
+    *path = recorder.Finish();
+}
+
+void COutputRun::OutputFile() {
     const ProgramOptions& programs = run_.options.programs;
     run_.controller.ForgetRecords();
     run_.geometry.CollectIncludes({programs.rotations_in_use, programs.mirror_in_use});
@@ -85,6 +95,7 @@ void COutputRun::OutputMain() {
     run_.controller.current_program = -1;
     run_.controller.absolute_mode = run_.options.programs.absolute;
     run_.state.ResetOutputState();
+    if (run_.path != nullptr) run_.path->StartProgram(-1, {});
     executor_.ExecuteTemplate(run_.main_init);
     emission_.OutputProgram(0, trans);
     tools_.ToolOff();
@@ -145,6 +156,7 @@ void COutputRun::OutputSub(int32_t variant, int32_t program, const std::string& 
     } else {
         run_.controller.last_position = trans.TransformPoint(start);
     }
+    if (run_.path != nullptr) run_.path->StartProgram(variant, on_block ? Point{} : run_.controller.last_position);
     executor_.ExecuteTemplate(run_.sub_init);
     emission_.OutputProgram(program, trans);
     tools_.ToolOff();

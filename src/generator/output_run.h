@@ -4,14 +4,16 @@
 #include <string>
 
 #include "generator/emission.h"
+#include "generator/tool_path.h"
 
 namespace brindle {
 
 // Runs the tuning of a session over its geometry: drops the output of an earlier run, settles the run-time values, and
 // writes the NC text into the buffers. Buffers and trace are rebuilt; the geometry is not changed, so a run can be
 // repeated and gives the same text, unless it leaves a block pending or a mirror or rotation code in force, is
-// incremental and starts where it ended, or writes words of a record before its first record.
-void RunOutput(const SessionParts& session);
+// incremental and starts where it ended, or writes words of a record before its first record. `path`, if it is not
+// null, becomes the path of the tool.
+void RunOutput(const SessionParts& session, ToolPath* path = nullptr);
 
 // One such run, behind the settling of its values.
 class COutputRun {
@@ -24,9 +26,10 @@ public:
           segments_(run_, executor_, tools_),
           emission_(run_, executor_, tools_, segments_) {}
 
-    void RunOutput();
+    void RunOutput(ToolPath* path);
 
 private:
+    void OutputFile();
     void SettleComments();
     void TakeSettings();
     void ResetController();

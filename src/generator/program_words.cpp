@@ -28,22 +28,10 @@ int32_t SequenceNumber(const SubOptions& subs, int32_t main_number, int32_t sequ
     return WrapAdd(WrapAdd(step, subs.total_offset), main_number);
 }
 
-// The variant that the current record calls, -1 if none fits.
-int32_t VariantOfRecord(const RunContext& run) {
-    const CNCData& record = Current(run);
-    CIncludeInfo info{.name = record.GetIncludeName(),
-                      .number = -1,
-                      .rotation = record.GetIncludeRotation(),
-                      .mirror_x = record.GetIncludeMirrorX(),
-                      .mirror_y = record.GetIncludeMirrorY()};
-    const ProgramOptions& programs = run.options.programs;
-    return run.geometry.FindVariant(info, {programs.rotations_in_use, programs.mirror_in_use});
-}
-
 // The block number that the called sub-program recorded when it was written.
 void IncludeBlockNumber(CTextResolver& resolver, std::string& out) {
     const RunContext& run = resolver.run();
-    const int32_t variant = VariantOfRecord(run);
+    const int32_t variant = run.VariantOf(Current(run));
     const int32_t number = variant < 0 ? -1 : run.geometry.GetVariantNumber(variant);
     if (number < 0) return resolver.ReportError("ERROR: BLOCK NUM NOT SET");
     AppendInt(out, number);
@@ -99,7 +87,7 @@ void IncludeNum(CTextResolver& resolver, const CAtDirKeywords&, std::string& out
     const SubOptions& subs = run.options.subs;
     if (!Current(run).IsInclude()) return;
     if (!subs.by_sequence && run.options.programs.sub_numbers_by_block) return IncludeBlockNumber(resolver, out);
-    const int32_t variant = VariantOfRecord(run);
+    const int32_t variant = run.VariantOf(Current(run));
     if (variant < 0) return;
     const int32_t number = MainNumber(resolver);
     if (!subs.by_sequence) return AppendInt(out, Formula(subs, number, variant + 1));

@@ -43,6 +43,15 @@ CTrans RunContext::PlaneTransform() const {
     return trans;
 }
 
+int32_t RunContext::VariantOf(const CNCData& record) const {
+    CIncludeInfo info{.name = record.GetIncludeName(),
+                      .number = -1,
+                      .rotation = record.GetIncludeRotation(),
+                      .mirror_x = record.GetIncludeMirrorX(),
+                      .mirror_y = record.GetIncludeMirrorY()};
+    return geometry.FindVariant(info, {options.programs.rotations_in_use, options.programs.mirror_in_use});
+}
+
 double RunContext::EffectiveRotaryRadius() const {
     const double radius = controller.job.rotary_radius;
     return radius < 1.0 ? options.axes.default_rotary_radius : radius;

@@ -41,6 +41,8 @@ struct SessionParts {
     RunSettings& settings;
 };
 
+class CPathRecorder;
+
 // One run: the session's parts, and options and tools prepared from the tuning. The tuning and the run values must not
 // change while it lives.
 struct RunContext : SessionParts {
@@ -52,6 +54,7 @@ struct RunContext : SessionParts {
     CTextCompiler compiler;
     RunOptions options;
     CToolTable tools;
+    CPathRecorder* path = nullptr;  // null if the path is not wanted
 
     CompiledTemplate file_start = compiler.CompileTemplate("FileStart_");
     CompiledTemplate file_end = compiler.CompileTemplate("FileEnd_");
@@ -79,6 +82,8 @@ struct RunContext : SessionParts {
     bool IsAtLastPosition(Point p) const;
     // A transform with output unit, axis factors and decimals, without offset, rotation or mirrors.
     CTrans PlaneTransform() const;
+    // The include variant that `record` calls, -1 if none fits.
+    int32_t VariantOf(const CNCData& record) const;
     // The host's radius of the rotary axis, millimetres; the tuning's where the host gave none.
     double EffectiveRotaryRadius() const;
     // Block numbers off, the number and its increment as the tuning wants them at the start of a file.

@@ -1,6 +1,7 @@
 #include "generator/template_executor.h"
 
 #include "generator/directives.h"
+#include "generator/path_recorder.h"
 #include "geometry/plane_math.h"
 #include "text/numbers.h"
 
@@ -99,6 +100,7 @@ void CTemplateExecutor::AppendBlockNumberWord(std::string& out) {
 }
 
 void CTemplateExecutor::WriteBlock(std::string& block) {
+    if (run_.path != nullptr) run_.path->BlockWritten(run_.trace.GetCount());
     run_.trace.Add(TraceKind::kBlock, block);
     resolver_.AddBlockDelimiter(block);
     run_.buffers.AddToBuffer(block);

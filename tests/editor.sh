@@ -1,13 +1,13 @@
 #!/usr/bin/env bash
 # The editor played from text. A transcript tests/editor/NAME.play holds acts, in lines that begin with `> `, and otherwise
 # what must come on the screen; the session has the tuning NAME.tun and the drawing NAME.cf2, where they exist. BRINDLE is the
-# command, with brindle-play beside it.
+# command, with brindle-play beside it; PLAYER, if it is set, plays in its place, with the same on the screen.
 set -uo pipefail
-play=$(realpath "$(dirname "$BRINDLE")/brindle-play")
+play=$(realpath "${PLAYER:-$(dirname "$BRINDLE")/brindle-play}")
 cd "$SOURCE_DIR/tests/editor" || exit 1
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-export XDG_DATA_HOME="$work/store" TZ=UTC
+export XDG_DATA_HOME="$work/store" XDG_RUNTIME_DIR="$work" TZ=UTC
 failures=0
 
 fail() {

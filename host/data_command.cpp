@@ -5,6 +5,7 @@
 
 #include "host/commands.h"
 #include "host/date_text.h"
+#include "host/edit_data.h"
 #include "host/loaded_tuning.h"
 #include "host/messages.h"
 #include "host/run_time_words.h"
@@ -16,7 +17,8 @@ namespace brindle::host {
 namespace {
 
 struct DataArguments {
-    std::string tuning, definition, dataset;
+    std::string tuning, definition, dataset, tuning_pick;
+    bool edit = false;
 };
 
 void PrintItems(const char* title, const std::vector<CRunTimeDefItem>& items) {
@@ -78,11 +80,12 @@ void PrintDefinition(const CRunTimeDataDef& definition, const std::string& datas
     }
 }
 
-int PrintData(const DataArguments& arguments) {
+int RunData(const DataArguments& arguments) {
     LoadedTuning tuning;
     std::string chosen;
     if (!LoadTuning(arguments.tuning, arguments.definition, tuning)) return kBadInput;
     if (!ChooseDataset(tuning, arguments.dataset, chosen)) return kBadInput;
+    if (arguments.edit) return EditData(tuning, chosen, arguments.tuning_pick);
     if (IsEmpty(tuning.definition())) {
         PrintNote({tuning.definition_name}, "defines no run-time data");
     }
@@ -93,13 +96,22 @@ int PrintData(const DataArguments& arguments) {
 }  // namespace
 
 void AddDataCommand(CLI::App& app, int& status) {
-    CLI::App& command = *app.add_subcommand("data", "Prints the run-time data of a tuning");
+    CLI::App& command = *app.add_subcommand("data", "Prints the run-time data of a tuning, or edits its values");
     const auto arguments = std::make_shared<DataArguments>();
     command.add_option("TUNING", arguments->tuning, "Tuning; - is standard input")->required();
     command.add_option("--rtd", arguments->definition, "Definition file, in the place of the tuning's own definition")
         ->type_name("FILE");
-    command.add_option("--dataset", arguments->dataset, "Print this dataset alone")->type_name("NAME");
-    command.callback([arguments, &status] { status = PrintData(*arguments); });
+    command.add_option("--dataset", arguments->dataset, "Print this dataset alone, or edit it first")
+        ->type_name("NAME");
+    CLI::Option& edit = *command.add_flag("--edit", arguments->edit,
+                                          "Let the user edit the values of the next jobs in a dialog, and print the\n"
+                                          "dataset that he chose");
+    command
+        .add_option("--tune-pick", arguments->tuning_pick,
+                    "Name of the tuning in a host's menu; the values last used are stored under it")
+        ->type_name("TEXT")
+        ->needs(&edit);
+    command.callback([arguments, &status] { status = RunData(*arguments); });
 }
 
 }  // namespace brindle::host

@@ -1,5 +1,7 @@
 #include "host/loaded_tuning.h"
 
+#include "brindle/brindle.h"
+#include "editor/toolkit/active_toolkit.h"
 #include "host/messages.h"
 #include "platform/text_encoding.h"
 
@@ -56,5 +58,17 @@ bool IsEmpty(const CRunTimeDataDef& definition) {
 }
 
 std::wstring Wide(std::string_view text) { return NarrowToWide(text); }
+
+std::string Taken(wchar_t* text) {
+    std::string narrow = WideToNarrow(text);
+    SysFreeString(text);
+    return narrow;
+}
+
+bool HasEditor() {
+    if (ActiveToolkit() != nullptr) return true;
+    PrintError({}, "the editor can't open: it needs a display, and its plugin beside the library");
+    return false;
+}
 
 }  // namespace brindle::host

@@ -35,4 +35,10 @@ bool IsEmpty(const CRunTimeDataDef& definition);
 // `text` as the exports take it.
 std::wstring Wide(std::string_view text);
 
+// A string that an export gave, up to its first NUL. It is freed.
+std::string Taken(wchar_t* text);
+
+// False, with a message printed, if no dialog can open.
+bool HasEditor();
+
 }  // namespace brindle::host

@@ -147,8 +147,7 @@ void ExchangeDefinition(const std::string& path, const ExpressionValues& values)
     while (true) {
         wchar_t* text = nullptr;
         GBrn_GetNextRTDExpr(&text, nullptr);
-        const std::string expression = WideToNarrow(text);
-        SysFreeString(text);
+        const std::string expression = Taken(text);
         if (expression.empty()) break;
         const auto found = values.find(expression);
         if (found != values.end()) GBrn_SetRTDExprValue(Wide(expression).c_str(), Wide(found->second).c_str());

@@ -4,6 +4,7 @@ JOBS ?= $(shell nproc)
 PREFIX ?= /usr/local
 BENCH_ARGS ?=
 TIDY_ARGS ?=
+T ?= 60
 export JOBS
 
 release := build/release
@@ -11,7 +12,7 @@ san := build/san
 compile = cmake --build --parallel $(JOBS) --preset
 
 .DEFAULT_GOAL := build
-.PHONY: help setup build run test san bench format format-check tidy install clean
+.PHONY: help setup build run test san fuzz bench format format-check tidy install package clean
 
 help:
 	@echo 'make build           library and command, into $(release) (the default)'
@@ -19,10 +20,12 @@ help:
 	@echo 'make run             set up, build, post-process an example and show the NC file'
 	@echo 'make test            set up, build and run all tests'
 	@echo 'make san             build under the sanitizers, into $(san), and run all tests there'
+	@echo 'make fuzz            run each fuzzer for T seconds (T=$(T)), with clang, in build/fuzz'
 	@echo 'make bench           build and run the benchmarks (BENCH_ARGS="--benchmark_filter=...")'
 	@echo 'make format          lay out the sources;  make format-check  only tells whether they are'
 	@echo 'make tidy            static analysis (TIDY_ARGS=src/text for a part)'
 	@echo 'make install         install below PREFIX ($(PREFIX)); DESTDIR is honoured'
+	@echo 'make package         make a Debian package, in $(release)/package'
 	@echo 'make clean           remove all that was built'
 
 setup:
@@ -51,6 +54,10 @@ san: $(san)/build.ninja
 	$(compile) san
 	ctest --preset san --parallel $(JOBS)
 
+fuzz: build/fuzz/build.ninja
+	$(compile) fuzz
+	@scripts/fuzz.sh $(T)
+
 bench: $(release)/build.ninja
 	$(compile) release --target brindle_bench
 	$(release)/bin/brindle_bench $(BENCH_ARGS)
@@ -66,6 +73,11 @@ tidy: $(release)/build.ninja
 
 install: build
 	cmake --install $(release) --prefix '$(abspath $(PREFIX))'
+
+package: build
+	cpack --config $(release)/CPackConfig.cmake -B $(release)/package
+	@rm -rf $(release)/package/_CPack_Packages
+	@ls $(release)/package/*.deb
 
 clean:
 	rm -rf build

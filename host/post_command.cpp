@@ -7,8 +7,10 @@
 #include "host/date_text.h"
 #include "host/messages.h"
 #include "host/number_words.h"
+#include "host/parallel_jobs.h"
 #include "host/post_job.h"
 #include "platform/local_time.h"
+#include "platform/worker_pool.h"
 
 namespace brindle::host {
 namespace {
@@ -19,8 +21,11 @@ struct PostArguments {
     std::vector<std::string> drawings, settings;
     bool inches = false, millimetres = false;
     std::string blank, final_position, rotary_radius, encoding;
+    size_t jobs = 1;
     JobOptions job;
 };
+
+constexpr int kMostJobs = 1024;
 
 // Headings of the help text.
 constexpr char kJobGroup[] = "Job";
@@ -73,6 +78,12 @@ void AddFileOptions(CLI::App& command, PostArguments& arguments) {
                     "for each and fails at a character above U+00FF")
         ->check(CLI::IsMember({"utf8", "latin1"}))
         ->type_name("NAME");
+    command
+        .add_option("-j,--jobs", arguments.jobs,
+                    "Drawings to work on at the same time; 0: as many as there are processor cores.\n"
+                    "By default one after the other")
+        ->check(CLI::Range(0, kMostJobs))
+        ->type_name("NUMBER");
     command.add_flag("--verbose", arguments.job.verbose, "Print what fly mode measures, too");
 }
 
@@ -181,7 +192,9 @@ int Post(PostArguments& arguments) {
     if (!LoadTuning(arguments.tuning, arguments.definition, tuning)) return kBadInput;
     if (!ChooseDataset(tuning, job.dataset, job.run_data.dataset)) return kBadInput;
     if (!CheckSettings(tuning, job.run_data)) return kBadInput;
-    return RunJobs(plan, tuning, job);
+    const size_t at_a_time = arguments.jobs == 0 ? ProcessorCores() : arguments.jobs;
+    const bool in_turn = at_a_time == 1 || plan.jobs.size() == 1;
+    return in_turn ? RunJobs(plan, tuning, job) : RunParallelJobs(plan, tuning, job, at_a_time);
 }
 
 }  // namespace

@@ -6,9 +6,16 @@ packages=(
     make cmake ninja-build g++ python3
     libcli11-dev     # command line of the host
     libmuparser-dev  # arithmetic of run-time data expressions
-    libgtest-dev     # tests
-    libbenchmark-dev # benchmarks
-    locales          # a locale with a decimal comma, for the tests
+    libcairo2-dev    # drawings of tool paths
+    qt6-base-dev     # windows of the tuning editor
+    pkg-config
+    libgtest-dev        # tests
+    nlohmann-json3-dev  # generated jobs of the tests
+    libbenchmark-dev    # benchmarks
+    locales             # a locale with a decimal comma, for the tests
+    fonts-dejavu-core   # letters in windows without a screen
+    xz-utils dpkg-dev file man-db # packages
+    clang libclang-rt-14-dev # fuzzers
     clang-format clang-tidy
 )
 

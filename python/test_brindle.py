@@ -1,0 +1,292 @@
+"""Tests of brindle.py and of its examples, against what the command makes. The environment has BRINDLE_LIBRARY, the
+library, and BRINDLE, the command."""
+import math
+import multiprocessing
+import os
+import pathlib
+import pty
+import re
+import subprocess
+import sys
+import tempfile
+import unittest
+
+import brindle
+
+SOURCES = pathlib.Path(__file__).resolve().parent.parent
+EXAMPLES = SOURCES / "examples"
+COMMAND = os.environ["BRINDLE"]
+
+PLAIN = """INT nNumOfTools 2
+TEXT sAx1Addr X
+TEXT sAx2Addr Y
+TEXT sCenAx1Addr I
+TEXT sCenAx2Addr J
+TEXT sCWCode G2
+TEXT sCCWCode G3
+BOOL bUseSubs true
+BOOL bUseText true
+BOOL bOutModeAbs true
+BOOL bOutUnitsAuto true
+MULTI Move_tTmpl NNUL G0<@StartPtWords>
+MULTI Line_tTmpl NNUL G1<@EndPtWords>
+MULTI Arc_tTmpl NNUL <@InterpCode><@EndPtWords><@ArcDataWords>
+MULTI Text_tTmpl NNUL <@TextDataWord>!#SP#!<@TextRotWord>!#SP#!<@TextHgtWord>
+MULTI MainInit_tTmpl NNUL <@CADFile>|<@OutputFile>|<@TuneFile>|<@Date>|<@Time>|<@MaterialFile>|<@TuneMenuPick>
+MULTI MainTerm_tTmpl NNUL <@BlankX>|<@BlankY>|<@RotaryRadius>
+MULTI SubCall_tTmpl NNUL CALL<@SubProgNum>
+"""
+
+
+def fork_makes_host(_):
+    with brindle.Host() as host:
+        host.read_tuning("MULTI FileStart_tTmpl NNUL child")
+        return host.run().text
+
+
+class Case(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = pathlib.Path(folder.name)
+
+    def file(self, name, content):
+        path = self.folder / name
+        path.write_bytes(content if isinstance(content, bytes) else content.encode())
+        return path
+
+    def by_command(self, tuning, drawing, *arguments):
+        """The NC file that the command makes."""
+        command = [COMMAND, "post", "-t", tuning, "-o", "-", "--date", "D", "--time", "T", "--output-name", ""]
+        run = subprocess.run([*command, *arguments, drawing], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
+                             check=True)
+        return run.stdout
+
+    def host(self):
+        host = brindle.Host()
+        self.addCleanup(host.close)
+        return host
+
+    def host_with(self, tuning):
+        host = self.host()
+        host.read_tuning(tuning)
+        return host
+
+
+class Library(Case):
+    def test_declarations_are_those_of_the_header(self):
+        codes = {"short": "h", "int": "i", "double": "d", "const wchar_t*": "t", "wchar_t**": "T", "short*": "H",
+                 "int*": "I", "void": ""}
+        header = (SOURCES / "include/brindle/brindle.h").read_text()
+        declared = {}
+        for name, arguments in re.findall(r"BRINDLE_API int (\w+)\(([^)]*)\);", header):
+            types = [re.sub(r" \w+$", "", " ".join(argument.split())) for argument in arguments.split(",")]
+            declared[name] = "".join(codes[text] for text in types)
+        self.assertEqual(len(declared), 46)
+        self.assertEqual(brindle._EXPORTS, {name: declared.get(name) for name in brindle._EXPORTS})
+
+    def test_missing_or_other_library(self):
+        for path in ("none.so", self.file("no_library.so", "text"), "libm.so.6"):
+            with self.assertRaises(brindle.LibraryMissing):
+                brindle.Host(path)
+        self.host()  # the process has no host yet
+
+    def test_one_host_in_a_process(self):
+        with brindle.Host() as host:
+            with self.assertRaises(brindle.HostInUse):
+                brindle.Host()
+            with multiprocessing.get_context("fork").Pool(1) as pool:
+                self.assertEqual(pool.map(fork_makes_host, [0]), ["child\r\n"])
+            self.assertEqual(host.run().text, "")
+        with self.assertRaises(brindle.BrindleError):
+            host.run()
+        host.close()
+        self.host()
+
+
+class Jobs(Case):
+    def test_examples_are_those_of_the_command(self):
+        for tuning, drawing in [("laser_mm", "plate"), ("laser_inc_radius", "folding_box"),
+                                ("plotter_hpgl", "engraving"), ("knife_tangential", "knife_sheet"), ("subs_mirror", "nested_sheet"),
+                                ("engraver_text", "engraving"), ("plotter_hpgl", "large")]:
+            tuning, drawing = EXAMPLES / tuning / (tuning + ".tun"), EXAMPLES / "drawings" / (drawing + ".cf2")
+            with self.subTest(tuning=tuning, drawing=drawing), brindle.Host() as host:
+                host.load_tuning(tuning)
+                host.set_job(date="D", time="T")
+                host.open_drawing(drawing)
+                self.assertEqual(host.run().text.encode(), self.by_command(tuning, drawing))
+
+    def test_geometry_goes_the_way_of_a_drawing(self):
+        drawing = self.file("part.cf2", "MAIN,PART\nLL,0,0\nUR,60,40\n"
+                                        "L,0.7,1,0,1,2,3,4,2,5\nA,0.7,2,0,10,0,0,10,0,0,-10,0,0\n"
+                                        "A,0.7,1,0,20,5,20,5,15,5,5,0,0\nC,INNER,30,20,1.5707963267948966,1,0\n"
+                                        "SUB,INNER\nL,0.7,2,0,0,0,5,1,0,0\n")
+        tuning = self.file("plain.tun", PLAIN)
+        for expand in ([], ["--tile", "1"]):
+            with self.subTest(expand), brindle.Host() as host:
+                host.load_tuning(tuning)
+                host.set_job(date="D", time="T", drawing_name="part.cf2", tile=len(expand) // 2)
+                host.start_main("PART", (30, 20))
+                host.add_line(1, (1, 2), (3, 4), width=0.7, bridges=2, bridge_width=5)
+                host.add_arc(2, (10, 0), (0, 10), (0, 0), width=0.7)
+                host.add_arc(1, (20, 5), (20, 5), (15, 5), clockwise=True, width=0.7)
+                host.add_call("INNER", (30, 20), (2.5, 2.5), rotation=math.pi / 2, mirror_x=True)
+                host.start_sub("INNER", (2.5, 2.5))
+                host.add_line(2, (0, 0), (5, 1), width=0.7)
+                self.assertEqual(host.run().text.encode(), self.by_command(tuning, drawing, *expand))
+
+    def test_job_data(self):
+        drawing = self.file("in.cf2", "UR,9,9\nUI,x\nL,0.5,1,0,0,0,1,2,0,0\n")
+        tuning = self.file("plain.tun", PLAIN)
+        host = self.host()
+        host.load_tuning(tuning)
+        host.open_drawing(drawing)
+        host.set_job(date="D", time="T", inches=False, rotary_radius=20, blank=(300, 200.5), final_position=(-5, 7.5),
+                     tuning_name="A", drawing_name="B", material="M \u20ac", tuning_pick="P")
+        self.assertEqual(host.run().text.encode(), self.by_command(
+            tuning, drawing, "--mm", "--rotary-radius", "20", "--blank", "300x200.5", "--final=-5,7.5", "--tuning-name",
+            "A", "--drawing-name", "B", "--material", "M \u20ac", "--tune-pick", "P"))
+
+    def test_text(self):
+        host = self.host_with(PLAIN)
+        host.start_main("MAIN")
+        host.add_text(1, "LABEL \u00e4", (1, 2), (30, 2), 5.0, rotation=0.1)
+        self.assertIn("LABEL \u00e4 5.73 5.000\r\n", host.run().text)
+
+    def test_run_time_data(self):
+        definition = ("ROW TEXT Cut\nCOL TEXT Feed\nMSG TEXT Name\nDATASETDEF Steel\nDATASETDEF Card\n"
+                      "DSD Steel R_EXPR RTD(1,1) 2*A\nDSD Steel T_EXPR RTD(1) B\nDSD Card TEXT RTD(1,1) 7\n")
+        template = "MULTI FileStart_tTmpl NNUL <@DataSetName>|<RTD(1,1)>|<RTD(1)>\n"
+        host = self.host()
+        host.read_tuning(definition + template, {"2*A": 8, "B": "me"})
+        self.assertEqual(host.run().text, "Steel|8|me\r\n")
+        host.set_job(dataset="Card")
+        self.assertTrue(host.run().text.startswith("Card|7|"))
+        host.set_job(dataset="Steel")
+        asked = []
+        host.load_run_time_data(self.file("rtd", definition), lambda *question: asked.append(question) or len(asked))
+        self.assertEqual(asked, [("2*A", False), ("B", True)])
+        self.assertEqual(host.run().text, "Steel|1|2\r\n")
+
+    def test_segments_dwells_and_bytes(self):
+        tuning = self.file("bytes.tun", b"\xef\xbb\xbfMULTI FileStart_tTmpl NNUL \xe9\xc3\xa4<@IODwell[1.5]>chr(0)\r\n"
+                                        b"BOOL bUseFileSeg true\r\nINT nMaxBytes 20\r\nINT nNumOfTools 1\r\n"
+                                        b"MULTI Line_tTmpl NNUL 0123456789")
+        drawing = self.file("two.cf2", "UR,9,9\n" + 2 * "L,0.5,1,0,0,0,1,1,0,0\n")
+        host = self.host()
+        host.load_tuning(tuning)
+        host.open_drawing(drawing)
+        nc = host.run()
+        self.assertEqual(len(nc.segments), 2)
+        self.assertEqual(nc.text.encode(), self.by_command(tuning, drawing))
+        self.assertTrue(nc.text.startswith("\u00e9\u00e4\0"), nc.text)
+        self.assertEqual(nc.dwells, ["1.5", "1.5"])
+
+    def test_messages(self):
+        host = self.host_with("TEXT sOpenComment (\nREAL rDefRotRadiusMM 1.23456789012\nINT nNumOfTools 1\n"
+                              "MULTI FileStart_tTmpl NNUL A<@Foo><RTD(1,2)>\n")
+        tuning = host.tuning()
+        self.assertEqual(host.messages(), ["Could not evaluate: @Foo", "Could not evaluate: RTD(1,2)"])
+        self.assertEqual(host.tuning(), tuning)
+        self.assertEqual(host.run().text, "A\r\n")
+        with self.assertRaises(brindle.RunError) as raised:
+            host.run(strict=True)
+        self.assertEqual(raised.exception.messages, ["Could not evaluate: @Foo", "Could not evaluate: RTD(1,2)"])
+        host.read_tuning("MULTI FileStart_tTmpl NNUL B\n")
+        self.assertEqual(host.run(strict=True).text, "B\r\n")
+
+
+class BadInput(Case):
+    def test_files(self):
+        host = self.host()
+        nul = self.file("nul.tun", b"INT nNumOfTools 1\nTEXT s\0x y\n")
+        letter = self.file("letter.cf2", "Dear Sir,\n")
+        for call, path, text in [(host.load_tuning, self.folder / "none.tun", "No such file"),
+                                 (host.load_tuning, nul, "nul.tun:2: the line holds a NUL"),
+                                 (host.open_drawing, self.folder, "Is a directory"),
+                                 (host.open_drawing, letter, "letter.cf2: holds no UR record")]:
+            with self.assertRaisesRegex(brindle.InputError, text):
+                call(path)
+        odd = os.fsencode(self.folder) + b"/\xe9.cf2"
+        with open(odd, "wb") as file:
+            file.write(b"UR,1,1\n")
+        with self.assertRaisesRegex(brindle.InputError, "not UTF-8"):
+            host.open_drawing(os.fsdecode(odd))
+
+    def test_arguments(self):
+        host = self.host()
+        host.start_main("MAIN")
+        for call in [lambda: host.add_line(70000, (0, 0), (1, 1)),
+                     lambda: host.add_line(1, (math.nan, 0), (1, 1)),
+                     lambda: host.add_arc(1, (0, 0), (1, math.inf), (0, 0)),
+                     lambda: host.add_line(1, (0, 0, 0), (1, 1)),
+                     lambda: host.set_job(material="a\0b")]:
+            with self.assertRaises(ValueError):
+                call()
+
+
+class NcFiles(Case):
+    def test_names_and_replacement(self):
+        path = self.file("box.nc", "old")
+        self.assertEqual(brindle.write_nc(path, ["A\r\n"]), [str(path)])
+        self.assertEqual(path.read_bytes(), b"A\r\n")
+        two = brindle.write_nc(path, ["A", "\u00e4"], encoding="latin1")
+        self.assertEqual(two, [str(self.folder / "box-1.nc"), str(self.folder / "box-2.nc")])
+        self.assertEqual((self.folder / "box-2.nc").read_bytes(), b"\xe4")
+
+    def test_all_or_none(self):
+        (self.folder / "box-2.nc").mkdir()
+        with self.assertRaises(OSError):
+            brindle.write_nc(self.folder / "box.nc", ["A", "B"])
+        with self.assertRaises(UnicodeEncodeError):
+            brindle.write_nc(self.folder / "lid.nc", ["\u20ac"], encoding="latin1")
+        self.assertEqual(os.listdir(self.folder), ["box-2.nc"])
+
+
+class Examples(Case):
+    def example(self, name, *arguments, **options):
+        return subprocess.run([sys.executable, "-B", EXAMPLES / "python" / name, *arguments], stdout=subprocess.PIPE,
+                              stderr=subprocess.PIPE, check=False, **options)
+
+    def test_shapes_to_nc(self):
+        tuning = EXAMPLES / "laser_mm/laser_mm.tun"
+        output = self.folder / "card.nc"
+        self.assertEqual(self.example("shapes_to_nc.py", tuning, output).returncode, 0)
+        printed = self.example("shapes_to_nc.py", tuning)
+        self.assertEqual(printed.stdout.splitlines()[2:], output.read_bytes().splitlines()[2:])
+        self.assertEqual(len(re.findall(rb" G[23] ", printed.stdout)), 6, printed.stdout)  # two holes, four corners
+        self.assertEqual(self.example("shapes_to_nc.py", self.folder / "none.tun").returncode, 1)
+        self.assertEqual(self.example("shapes_to_nc.py").returncode, 2)
+
+    def test_post_folder(self):
+        tuning = EXAMPLES / "plotter_hpgl/plotter_hpgl.tun"
+        drawings, output = self.folder / "drawings", self.folder / "nc"
+        drawings.mkdir()
+        for name in ("plate", "engraving", "folding_box"):
+            (drawings / (name + ".cf2")).write_bytes((EXAMPLES / "drawings" / (name + ".cf2")).read_bytes())
+        good = self.example("post_folder.py", tuning, drawings, output)
+        self.assertEqual((good.returncode, good.stderr), (0, b""))
+        for drawing in drawings.iterdir():
+            self.assertEqual((output / (drawing.stem + ".nc")).read_bytes(), self.by_command(tuning, drawing))
+        (drawings / "letter.cf2").write_text("Dear Sir,\n")
+        (drawings / "plate.cf2").write_text("UR,1,1\n")
+        (output / "plate.nc").unlink()
+        (output / "plate.nc").mkdir()
+        bad = self.example("post_folder.py", tuning, drawings, output)
+        self.assertEqual(bad.returncode, 1)
+        self.assertRegex(bad.stderr.decode(), r"letter.cf2: holds no UR record.*\n.*plate.cf2: .*Is a directory")
+        self.assertEqual(len(os.listdir(output)), 3, "a half-written file is left")
+
+    def test_progress_is_for_terminals(self):
+        (self.folder / "a.cf2").write_text("UR,1,1\nL,0.5,1,0,0,0,1,1,0,0\n")
+        ours, theirs = pty.openpty()
+        with os.fdopen(ours, "rb", buffering=0) as terminal:
+            subprocess.run([sys.executable, "-B", EXAMPLES / "python/post_folder.py",
+                            EXAMPLES / "plotter_hpgl/plotter_hpgl.tun", self.folder, self.folder / "nc"], stderr=theirs,
+                           check=True)
+            os.close(theirs)
+            self.assertIn(b"0 of 1 drawings done", terminal.read(1000))
+
+
+if __name__ == "__main__":
+    unittest.main()

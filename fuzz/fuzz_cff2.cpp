@@ -1,31 +1,14 @@
 // Drawings: any bytes as a CFF2 file, output with its calls and then with its calls expanded.
-#include <sys/mman.h>
-#include <unistd.h>
-
 #include <cstdint>
 #include <string>
 
 #include "api/brindle_mgr.h"
 #include "cff2/cff2_reader.h"
+#include "files.h"
 
 namespace {
 
 constexpr size_t kLongest = 4000;  // a longer drawing is slow, not new
-
-// A file in memory that has a path as long as this lives.
-class CMemoryFile {
-public:
-    CMemoryFile(const uint8_t* data, size_t size) : descriptor_(::memfd_create("drawing", 0)) {
-        if (::write(descriptor_, data, size) != static_cast<ssize_t>(size)) ::_exit(1);
-    }
-    ~CMemoryFile() { ::close(descriptor_); }
-    CMemoryFile(const CMemoryFile&) = delete;
-    CMemoryFile& operator=(const CMemoryFile&) = delete;
-    std::string path() const { return "/proc/self/fd/" + std::to_string(descriptor_); }
-
-private:
-    int descriptor_;
-};
 
 void SetTemplate(brindle::CBrindleMgr& session, const std::string& event, const std::string& text) {
     session.tuning.SetMulti(event + "_tTmpl", {{{}, text}});
@@ -35,7 +18,7 @@ void SetTemplate(brindle::CBrindleMgr& session, const std::string& event, const 
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     if (size > kLongest) return 0;
-    const CMemoryFile drawing(data, size);
+    const CMemoryFile drawing({reinterpret_cast<const char*>(data), size});
     brindle::CBrindleMgr session;
     SetTemplate(session, "Move", "<@StartPtWords[INC]>");
     SetTemplate(session, "Line", "<@EndPtWords><@AtAngle><@CutWidth><@BridgeWidth>");

@@ -11,7 +11,9 @@
 namespace brindle::host {
 namespace {
 
-// A string that the library gave us.
+constexpr const char* kNoMemory = "not enough memory for this job";
+
+// A string that the library gave us; its view has no data if there was no memory for it.
 class CSystemString {
 public:
     CSystemString() = default;
@@ -56,6 +58,7 @@ public:
         }
         for (int number = 1; number <= count; ++number) FetchBuffer(static_cast<short>(number));
         if (count == 0) nc_.segments.emplace_back();
+        if (CBrindleMgr::WorkLost()) nc_.fault = kNoMemory;
         return std::move(nc_);
     }
 
@@ -67,6 +70,10 @@ private:
         for (GBrn_CurBufferHasMoreData(&more); more != 0; GBrn_CurBufferHasMoreData(&more)) {
             CSystemString piece;
             GBrn_GetOutputBuffer(piece.out());
+            if (piece.view().data() == nullptr) {
+                nc_.fault = kNoMemory;
+                return;
+            }
             if (piece.view().starts_with(marker_.view())) {
                 ++nc_.dwells;
             } else if (encoding_ == Encoding::kUtf8) {

@@ -8,13 +8,16 @@
  *  1. There is one session per process. It comes into being with the first call that needs it and ends with GBrn_Clear.
  *     Nothing is guarded: call from one thread at a time.
  *  2. Every function returns 0, always. Trouble shows as messages in the NC text (`bErrorsAsComments`), and in the text
- *     itself. Functions may be called in any order; one that makes no sense at its time has no effect.
+ *     itself. Functions may be called in any order; one that makes no sense at its time has no effect. No C++ exception
+ *     leaves a function. If memory runs out in one, the session ends, and GBrn_End gives no buffer before the host has
+ *     called GBrn_Clear: a job that lacks a record must not reach a machine.
  *  3. Coordinates and lengths are millimetres and angles are radians, whatever the output units are. A number that
  *     is not finite makes the call have no effect.
  *  4. Strings are wide (wchar_t), NUL-terminated. A null string argument counts as empty. The library keeps no
  *     pointer of the host's.
  *  5. A string given to the host is a new system string: the host owns it and frees it with SysFreeString. It is
- *     NUL-terminated, but may hold NUL characters too; SysStringLen gives its length. A null out-parameter is skipped.
+ *     NUL-terminated, but may hold NUL characters too; SysStringLen gives its length. It is null if there is no memory
+ *     for it; a piece of the output then stays in its buffer. A null out-parameter is skipped.
  *  6. A flag is true for any value but 0.
  *
  * Order of a job: GBrn_ClearTuning, GBrn_ReadTuneLine for each line; the GBrn_Set... functions; GBrn_StartMain and its

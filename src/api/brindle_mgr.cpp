@@ -1,33 +1,60 @@
 #include "api/brindle_mgr.h"
 
+#include <cstddef>
 #include <memory>
+#include <new>
 
 #include "generator/output_run.h"
 
 namespace brindle {
 namespace {
 
-// Neither this nor the line buffer is destroyed with the process: a host may still call while its own objects go.
-std::unique_ptr<CBrindleMgr>& Session() {
-    static auto& session = *new std::unique_ptr<CBrindleMgr>;
-    return session;
+struct ProcessState {
+    std::unique_ptr<CBrindleMgr> session;
+    std::string line_buffer;
+    bool work_lost = false;
+};
+
+// Never destroyed: a host may still call while its own objects go. Not on the heap: it can't fail to come into being.
+ProcessState& Process() {
+    alignas(ProcessState) static std::byte place[sizeof(ProcessState)];
+    static ProcessState& process = *new (place) ProcessState;
+    return process;
 }
+
+// Leaves nothing behind in a process that unloads the library and goes on.
+const struct AtUnload {
+    ~AtUnload() {
+        CBrindleMgr::Destroy();
+        std::string().swap(Process().line_buffer);
+    }
+} at_unload;
 
 }  // namespace
 
 CBrindleMgr& CBrindleMgr::Current() {
-    std::unique_ptr<CBrindleMgr>& session = Session();
+    std::unique_ptr<CBrindleMgr>& session = Process().session;
     if (session == nullptr) session = std::make_unique<CBrindleMgr>();
     return *session;
 }
 
-void CBrindleMgr::Destroy() { Session().reset(); }
-
-std::string& CBrindleMgr::TuneLineBuffer() {
-    static auto& buffer = *new std::string;
-    return buffer;
+void CBrindleMgr::Destroy() {
+    Process().session.reset();
+    Process().work_lost = false;
 }
 
-void CBrindleMgr::RunOutput() { brindle::RunOutput(Parts()); }
+std::string& CBrindleMgr::TuneLineBuffer() { return Process().line_buffer; }
+
+void CBrindleMgr::LoseWork() {
+    Destroy();
+    Process().line_buffer.clear();
+    Process().work_lost = true;
+}
+
+bool CBrindleMgr::WorkLost() { return Process().work_lost; }
+
+void CBrindleMgr::RunOutput() {
+    if (!WorkLost()) brindle::RunOutput(Parts());
+}
 
 }  // namespace brindle

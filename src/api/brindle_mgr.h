@@ -23,10 +23,14 @@ public:
     static void Destroy();
     // The pieces of a tuning line that wait for its last piece. They survive the session.
     static std::string& TuneLineBuffer();
+    // Ends the session of an export that could not do its work, as when memory runs out. A job that lacks a record must
+    // not reach a machine, so there is no output until the session is destroyed by its host.
+    static void LoseWork();
+    static bool WorkLost();
 
     virtual ~CBrindleMgr() = default;
 
-    // The output run, synchronously.
+    // The output run, synchronously; none if work was lost.
     void RunOutput();
     // The records of the job, checked.
     JobRecords Records() { return JobRecords(geometry); }

@@ -5,33 +5,31 @@
 using namespace brindle;
 
 int GBrn_End(void) {
-    Session().RunOutput();
-    return 0;
+    return Export([&] { Session().RunOutput(); });
 }
 
 int GBrn_GetNumOfBuffers(short* count) {
-    Out(count, static_cast<short>(Session().buffers.GetNumOfBuffers()));
-    return 0;
+    return Export([&] { Out(count, static_cast<short>(Session().buffers.GetNumOfBuffers())); });
 }
 
 int GBrn_SetCurBuffer(short number) {
-    Session().buffers.SetCurBuffer(number);
-    return 0;
+    return Export([&] { Session().buffers.SetCurBuffer(number); });
 }
 
 int GBrn_CurBufferHasMoreData(int* more) {
-    Out(more, Session().buffers.CurBufferHasMoreData() ? 1 : 0);
-    return 0;
+    return Export([&] { Out(more, Session().buffers.CurBufferHasMoreData() ? 1 : 0); });
 }
 
 int GBrn_GetOutputBuffer(wchar_t** text) {
-    const std::string_view piece = Session().buffers.GetOutputBuffer();
-    Out(text, piece);
-    return 0;
+    return Export([&] {
+        CBufferMgr& buffers = Session().buffers;
+        if (Out(text, buffers.NextPiece())) buffers.GetOutputBuffer();
+    });
 }
 
 int GBrn_GetIODwellStr(wchar_t** text) {
-    Session();
-    Out(text, kDwellMarker);
-    return 0;
+    return Export([&] {
+        Session();
+        Out(text, kDwellMarker);
+    });
 }

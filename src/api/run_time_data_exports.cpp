@@ -5,45 +5,47 @@
 using namespace brindle;
 
 int GBrn_ReadRTDDefFromFile(const wchar_t* path) {
-    Session().tuning.definition().ReadFromFile(In(path), CRunTimeDataDef::ReadMode::kCollect);
-    return 0;
+    return Export([&] { Session().tuning.definition().ReadFromFile(In(path), CRunTimeDataDef::ReadMode::kCollect); });
 }
 
 int GBrn_GetNextRTDExpr(wchar_t** expression, int* is_text) {
-    CKVItemContainer& pending = Session().tuning.definition().pending_expressions();
-    if (pending.items().size() == 0) {
-        Out(expression, "");
-        return 0;
-    }
-    const auto first = pending.items().begin();
-    const std::string text = first->first;
-    const bool is_real = dynamic_cast<const CRealKVItem*>(first->second.get()) != nullptr;
-    pending.Remove(text);
-    Out(expression, text);
-    Out(is_text, is_real ? 0 : 1);
-    return 0;
+    return Export([&] {
+        CKVItemContainer& pending = Session().tuning.definition().pending_expressions();
+        if (pending.items().size() == 0) {
+            Out(expression, "");
+            return;
+        }
+        const auto first = pending.items().begin();
+        const std::string text = first->first;
+        const bool is_real = dynamic_cast<const CRealKVItem*>(first->second.get()) != nullptr;
+        if (!Out(expression, text)) return;
+        pending.Remove(text);
+        Out(is_text, is_real ? 0 : 1);
+    });
 }
 
 int GBrn_SetRTDExprValue(const wchar_t* expression, const wchar_t* value) {
-    Session().tuning.definition().expression_values().SetText(In(expression), In(value), TextKind::kPlain);
-    return 0;
+    return Export([&] {
+        Session().tuning.definition().expression_values().SetText(In(expression), In(value), TextKind::kPlain);
+    });
 }
 
 int GBrn_UpdateDefaultValuesForExpressions(const wchar_t* path) {
-    CBrindleMgr& session = Session();
-    session.definition_tuning_name = In(path);
-    session.tuning.definition().ReadFromFile(session.definition_tuning_name, CRunTimeDataDef::ReadMode::kResolve);
-    return 0;
+    return Export([&] {
+        CBrindleMgr& session = Session();
+        session.definition_tuning_name = In(path);
+        session.tuning.definition().ReadFromFile(session.definition_tuning_name, CRunTimeDataDef::ReadMode::kResolve);
+    });
 }
 
 int GBrn_GetNameTuneFileForRTDDef(wchar_t** path) {
-    Out(path, Session().definition_tuning_name);
-    return 0;
+    return Export([&] { Out(path, Session().definition_tuning_name); });
 }
 
 int GBrn_ClearRunTimeData(void) {
-    CBrindleMgr& session = Session();
-    session.run_values.Clear();
-    session.definition_tuning_name.clear();
-    return 0;
+    return Export([&] {
+        CBrindleMgr& session = Session();
+        session.run_values.Clear();
+        session.definition_tuning_name.clear();
+    });
 }

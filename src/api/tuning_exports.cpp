@@ -17,59 +17,56 @@ void ReadTuneLine(const wchar_t* text, CRunTimeDataDef::ReadMode mode) {
 }  // namespace
 
 int GBrn_Clear(void) {
-    CBrindleMgr::Destroy();
-    return 0;
+    return Export([&] { CBrindleMgr::Destroy(); });
 }
 
 int GBrn_SetTuningFileName(const wchar_t* name) {
-    Session().controller.job.tuning_file = In(name);
-    return 0;
+    return Export([&] { Session().controller.job.tuning_file = In(name); });
 }
 
 int GBrn_ClearTuning(void) {
-    Session().tuning.ClearItems();
-    return 0;
+    return Export([&] { Session().tuning.ClearItems(); });
 }
 
 int GBrn_AddToTunelineBuffer(const wchar_t* piece) {
-    CBrindleMgr::TuneLineBuffer() += In(piece);
-    return 0;
+    return Export([&] { CBrindleMgr::TuneLineBuffer() += In(piece); });
 }
 
 int GBrn_ReadTuneLine(const wchar_t* text) {
-    ReadTuneLine(text, CRunTimeDataDef::ReadMode::kTuning);
-    return 0;
+    return Export([&] { ReadTuneLine(text, CRunTimeDataDef::ReadMode::kTuning); });
 }
 
 int GBrn_ReadTuneLineIgnoreRTDDefs(const wchar_t* text) {
-    ReadTuneLine(text, CRunTimeDataDef::ReadMode::kIgnore);
-    return 0;
+    return Export([&] { ReadTuneLine(text, CRunTimeDataDef::ReadMode::kIgnore); });
 }
 
 int GBrn_GetStartKey(wchar_t** key) {
-    const CKVItemMapObj& items = Session().tuning.items();
-    Out(key, items.size() == 0 ? std::string_view() : items.begin()->first);
-    return 0;
+    return Export([&] {
+        const CKVItemMapObj& items = Session().tuning.items();
+        Out(key, items.size() == 0 ? std::string_view() : items.begin()->first);
+    });
 }
 
 int GBrn_GetNextTuneLine(const wchar_t* key, wchar_t** line, wchar_t** next_key) {
-    const CBrindleOpts& tuning = Session().tuning;
-    auto position = tuning.items().FindPosition(In(key));
-    std::string text, next;
-    if (position != tuning.items().end()) {
-        text = tuning.FormatItem(position->first, position->second.get());
-        if (++position != tuning.items().end()) next = position->first;
-    }
-    Out(line, text);
-    Out(next_key, next);
-    return 0;
+    return Export([&] {
+        const CBrindleOpts& tuning = Session().tuning;
+        auto position = tuning.items().FindPosition(In(key));
+        std::string text, next;
+        if (position != tuning.items().end()) {
+            text = tuning.FormatItem(position->first, position->second.get());
+            if (++position != tuning.items().end()) next = position->first;
+        }
+        Out(line, text);
+        Out(next_key, next);
+    });
 }
 
 int GBrn_GetTuning(wchar_t** text) {
-    std::vector<std::string> lines;
-    Session().tuning.WriteToList(lines);
-    std::string all;
-    for (const std::string& line : lines) all.append(line).push_back(kLineTerminator);
-    Out(text, all);
-    return 0;
+    return Export([&] {
+        std::vector<std::string> lines;
+        Session().tuning.WriteToList(lines);
+        std::string all;
+        for (const std::string& line : lines) all.append(line).push_back(kLineTerminator);
+        Out(text, all);
+    });
 }

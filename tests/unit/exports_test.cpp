@@ -1,105 +1,45 @@
 // The exports as any host may call them: in any order, with nulls and odd values, to the end of the process.
 #include <gtest/gtest.h>
 
+#include <clocale>
 #include <cstdlib>
-#include <deque>
-#include <functional>
-#include <limits>
 #include <random>
-#include <tuple>
 
 #include "unit/host_session.h"
+#include "unit/odd_calls.h"
 
 namespace brindle {
 namespace {
 
-constexpr double kInfinite = std::numeric_limits<double>::infinity();
-constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
-
-// Arguments of any kind; what an export gives is taken over at the end of the call.
-class COddArguments {
+class CRandomChoices : public CChoices {
 public:
-    explicit COddArguments(std::mt19937& random) : random_(random) {}
-
-    template <typename T>
-    T Take() {
-        if constexpr (std::is_same_v<T, const wchar_t*>) {
-            return Pick<T>({nullptr, L"", L"M", L"S", L"BOOL bUseSubs false", L"INT nNumOfTools 2",
-                            L"REAL MM_AX1_rFactor 0", L"MULTI Line_tTmpl NNUL <@EndPtWords>",
-                            L"TEXT sAx1Addr X<@ToolId>", L"MULTI Arc_tTmpl NSM <@ArcDataWords>",
-                            L"MULTI SubCall_tTmpl NNUL <@IncludeNum>", L"BOOL T1_bTangential true", L"INT nMaxBytes 9",
-                            L"BOOL bUseFileSeg true", L"INT MM_AX2_nNDec -1", L"\xD800\x110000\xE9", L"tests/jobs",
-                            L"tests/jobs/small_drawing/drawing.cf2", L"no such file"});
-        } else if constexpr (std::is_same_v<T, double>) {
-            return Pick(
-                {0.0, 1.0, -10.0, 0.0004, 25.4, 1e-300, 1e15, -1e308, 3.14159, kInfinite, -kInfinite, kNotANumber});
-        } else if constexpr (std::is_same_v<T, wchar_t**>) {
-            texts_.push_back(nullptr);
-            return Pick({true, false}) ? &texts_.back() : nullptr;
-        } else if constexpr (std::is_pointer_v<T>) {
-            return Pick({static_cast<T>(nullptr), &std::get<std::remove_pointer_t<T>>(numbers_)});
-        } else {
-            return static_cast<T>(Pick({0, 1, 2, -1, 3, 32767, -32768, 70000}));
-        }
-    }
-    void FreeTexts() {
-        for (wchar_t* const text : texts_) SysFreeString(text);
-        texts_.clear();
+    size_t Below(size_t count) override { return random_() % count; }
+    std::wstring Text() override {
+        std::wstring text(Below(50) == 0 ? 100000 : Below(30), L'x');
+        for (wchar_t& character : text) character = static_cast<wchar_t>(Below(256));
+        return text;
     }
 
 private:
-    template <typename T>
-    T Pick(std::initializer_list<T> values) {
-        return values.begin()[random_() % values.size()];
-    }
-
-    std::mt19937& random_;
-    std::deque<wchar_t*> texts_;
-    std::tuple<short, int> numbers_;
+    std::mt19937 random_{11};
 };
 
-using OddCall = std::function<int(COddArguments&)>;
-
-template <typename... A>
-OddCall Odd(int (*function)(A...)) {
-    return [function](COddArguments& arguments) {
-        const std::tuple<A...> values{arguments.Take<A>()...};
-        return std::apply(function, values);
-    };
-}
-
-template <typename... Functions>
-std::vector<OddCall> OddCalls(Functions... functions) {
-    return {Odd(functions)...};
-}
-
-std::vector<OddCall> AllExports() {
-    return OddCalls(GBrn_Clear, GBrn_SetTuningFileName, GBrn_ClearTuning, GBrn_AddToTunelineBuffer, GBrn_ReadTuneLine,
-                    GBrn_ReadTuneLineIgnoreRTDDefs, GBrn_GetStartKey, GBrn_GetNextTuneLine, GBrn_GetTuning,
-                    GBrn_DisplayTuningDialog, GBrn_SetDate, GBrn_SetTime, GBrn_SetDateTime, GBrn_SetBlankSize,
-                    GBrn_SetAutoUnitsToInches, GBrn_SetRotaryRadius, GBrn_SetFinalPosition, GBrn_SetNullFinalPos,
-                    GBrn_SetTileToOutput, GBrn_GetTileToOutput, GBrn_SetOutputName, GBrn_SetFileName,
-                    GBrn_SetMaterialFile, GBrn_SetDataSetName, GBrn_SetTuneMenuPick, GBrn_StartMain, GBrn_StartSub,
-                    GBrn_AddLine, GBrn_AddArc, GBrn_AddText, GBrn_AddInclude, GBrn_OpenCF2File, GBrn_ReadRTDDefFromFile,
-                    GBrn_GetNextRTDExpr, GBrn_SetRTDExprValue, GBrn_UpdateDefaultValuesForExpressions,
-                    GBrn_GetNameTuneFileForRTDDef, GBrn_ClearRunTimeData, GBrn_DisplayRTDataDlg, GBrn_End,
-                    GBrn_GetNumOfBuffers, GBrn_SetCurBuffer, GBrn_CurBufferHasMoreData, GBrn_GetOutputBuffer,
-                    GBrn_GetIODwellStr, GBrn_DisplayLoadSegmentDialog);
-}
-
+// The host changes the locale between calls.
 TEST(ExportsTest, SurviveAnyOrderAndGiveZero) {
     const std::vector<OddCall> exports = AllExports();
     ASSERT_EQ(exports.size(), 46U);
-    std::mt19937 random(11);
+    CRandomChoices random;
     COddArguments arguments(random);
     for (int i = 0; i < 40000; ++i) {
-        const size_t chosen = random() % (exports.size() + 20);
+        std::setlocale(LC_ALL, random.Below(2) == 0 ? "de_DE.UTF-8" : "C");
+        const size_t chosen = random.Below(exports.size() + 20);
         // The geometry more often than the rest, and the session's end seldom, so that there is something to run.
         const size_t one = chosen < exports.size() ? chosen : 25 + chosen % 6;
-        if (one == 0 && random() % 8 != 0) continue;
+        if (one == 0 && random.Below(8) != 0) continue;
         ASSERT_EQ(exports[one](arguments), 0) << one;
         arguments.FreeTexts();
     }
+    std::setlocale(LC_ALL, "C");
     GBrn_Clear();
 }
 

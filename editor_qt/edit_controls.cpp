@@ -5,6 +5,8 @@
 #include <QSignalBlocker>
 #include <QStyle>
 #include <QStyleOptionFrame>
+#include <QValidator>
+#include <algorithm>
 
 namespace brindle {
 namespace {
@@ -23,11 +25,23 @@ FieldWidth WidthOf(ControlKind kind) {
     }
 }
 
+// Puts blanks in the place of control characters, which a paste can bring.
+class COneLine : public QValidator {
+public:
+    using QValidator::QValidator;
+    State validate(QString& text, int& /*caret*/) const override {
+        std::ranges::replace_if(
+            text, [](QChar c) { return c < QChar(' ') || c == QChar(0x7F); }, QChar(' '));
+        return Acceptable;
+    }
+};
+
 class CField : public QLineEdit {
 public:
     CField(FieldWidth width, QWidget* parent) : QLineEdit(parent), width_(width) {
         setSizePolicy(width.least == width.most ? QSizePolicy::Fixed : QSizePolicy::Expanding, QSizePolicy::Fixed);
         setMaximumWidth(WidthFor(width.most));
+        setValidator(new COneLine(this));
     }
     QSize sizeHint() const override { return {WidthFor(width_.least), QLineEdit::sizeHint().height()}; }
     QSize minimumSizeHint() const override { return sizeHint(); }

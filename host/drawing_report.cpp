@@ -4,7 +4,7 @@
 
 namespace brindle::host {
 
-bool ReportOnDrawing(const std::string& name, std::string_view text, const CBrindleOpts& tuning,
+bool ReportOnDrawing(const std::string& name, std::string_view text, const CBrindleOpts* tuning,
                      DrawingSurvey& survey) {
     survey = SurveyDrawing(text);
     if (survey.nul_line != 0 || !survey.has_records) {
@@ -13,7 +13,8 @@ bool ReportOnDrawing(const std::string& name, std::string_view text, const CBrin
         return false;
     }
     for (const DrawingFinding& finding : survey.findings) PrintWarning({name, finding.line}, finding.text);
-    for (const DrawingFinding& finding : FindUnknownTools(survey, tuning)) {
+    if (tuning == nullptr) return true;
+    for (const DrawingFinding& finding : FindUnknownTools(survey, *tuning)) {
         PrintWarning({name, finding.line}, finding.text);
     }
     return true;

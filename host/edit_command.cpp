@@ -44,10 +44,11 @@ void WarnOfDroppedLines(const TuningFile& file) {
     }
 }
 
-bool SendDrawing(const std::string& path, const LoadedTuning& tuning, CLibraryInput& drawing) {
+// Which tools the drawing needs is for the user to see in the preview.
+bool SendDrawing(const std::string& path, CLibraryInput& drawing) {
     if (path.empty()) return true;
     DrawingSurvey survey;
-    if (!drawing.Open(path) || !ReportOnDrawing(path, drawing.text(), tuning.options, survey)) return false;
+    if (!drawing.Open(path) || !ReportOnDrawing(path, drawing.text(), nullptr, survey)) return false;
     GBrn_SetFileName(Wide(fs::path(path).filename().string()).c_str());
     GBrn_OpenCF2File(Wide(drawing.path()).c_str());
     return true;
@@ -71,8 +72,21 @@ bool Write(const std::string& path, const std::string& text) {
     return files.Add(path, text) && files.Commit();
 }
 
+// A field that the user has only looked at must not change a machine's program in silence.
+void NoteChangedDefaults(const LoadedTuning& tuning) {
+    if (tuning.file.lines.empty()) return;  // a new tuning
+    std::string keys;
+    for (const std::string& key : ChangedByDefaults(tuning.options, CBrindleMgr::Current().tuning)) {
+        keys.append(keys.empty() ? "" : ", ").append(key);
+    }
+    if (keys.empty()) return;
+    PrintNote({tuning.file.path},
+              "these keys were missing and are there now, with another value than a run took: " + keys);
+}
+
 // The previous file stays as `TUNING~`, which is whole before the tuning is replaced.
-int Save(const TuningFile& file) {
+int Save(const LoadedTuning& tuning) {
+    const TuningFile& file = tuning.file;
     const std::string text = SavedText(file);
     if (text == file.text) {
         PrintNote({file.path}, "nothing has changed");
@@ -80,7 +94,9 @@ int Save(const TuningFile& file) {
     }
     std::error_code error;
     if (fs::exists(file.path, error) && !Write(file.path + "~", file.text)) return kBadInput;
-    return Write(file.path, text) ? kGood : kBadInput;
+    if (!Write(file.path, text)) return kBadInput;
+    NoteChangedDefaults(tuning);
+    return kGood;
 }
 
 int ReportCancel(const LoadedTuning& tuning) {
@@ -100,10 +116,10 @@ int Edit(const EditArguments& arguments) {
     GBrn_Clear();
     for (const std::string_view line : tuning.file.lines) GBrn_ReadTuneLine(Wide(line).c_str());
     GBrn_SetTuningFileName(Wide(name).c_str());
-    if (!SendDrawing(arguments.drawing, tuning, drawing)) return kBadInput;
+    if (!SendDrawing(arguments.drawing, drawing)) return kBadInput;
     int with_ok = 0;
     GBrn_DisplayTuningDialog(arguments.inches ? 1 : 0, Wide(name + " - Brindle Parameter Editor").c_str(), &with_ok);
-    const int status = with_ok != 0 ? Save(tuning.file) : ReportCancel(tuning);
+    const int status = with_ok != 0 ? Save(tuning) : ReportCancel(tuning);
     GBrn_Clear();
     return status;
 }

@@ -87,7 +87,7 @@ bool RunForScene(const PlotArguments& arguments, PathScene& scene) {
     CLibraryInput drawing;
     if (!LoadTuning(arguments.tuning, {}, tuning) || !drawing.Open(arguments.drawing)) return false;
     DrawingSurvey survey;
-    if (!ReportOnDrawing(arguments.drawing, drawing.text(), tuning.options, survey)) return false;
+    if (!ReportOnDrawing(arguments.drawing, drawing.text(), &tuning.options, survey)) return false;
     CBrindleMgr session;
     ReadCF2(drawing.path(), session.geometry, session.controller.job);
     ToolPath path;

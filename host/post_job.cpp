@@ -27,7 +27,7 @@ public:
 
     bool Run(const std::string& progress) {
         if (!drawing_.Open(planned_.drawing)) return false;
-        if (!ReportOnDrawing(planned_.drawing, drawing_.text(), tuning_.options, survey_)) return false;
+        if (!ReportOnDrawing(planned_.drawing, drawing_.text(), &tuning_.options, survey_)) return false;
         ExpressionValues values;
         if (!SettleExpressions(tuning_, options_.run_data, Values(), values)) return false;
         {

@@ -45,4 +45,15 @@ std::vector<std::string> EditedKeys(const CBrindleOpts& before, const CBrindleOp
     return keys;
 }
 
+std::vector<std::string> ChangedByDefaults(const CBrindleOpts& before, const CBrindleOpts& after) {
+    std::vector<std::string> keys;
+    for (const auto& [key, item] : after.items()) {
+        const KeyInfo* const info = MatchKey(key).info;
+        if (before.items().Find(key) != nullptr || info == nullptr) continue;
+        const bool differs = info->read_default.HasValue() && info->read_default != info->editor_default;
+        if (differs && LineOf(after, key) == DefaultLine(key)) keys.push_back(key);
+    }
+    return keys;
+}
+
 }  // namespace brindle::host

@@ -12,4 +12,8 @@ namespace brindle::host {
 // that were missing, its defaults, counts as no edit. Run-time data counts under the one name "run-time data".
 std::vector<std::string> EditedKeys(const CBrindleOpts& before, const CBrindleOpts& after);
 
+// The keys that were missing, for which the editor has written its default, and a run took another value: the NC text
+// can change by them.
+std::vector<std::string> ChangedByDefaults(const CBrindleOpts& before, const CBrindleOpts& after);
+
 }  // namespace brindle::host

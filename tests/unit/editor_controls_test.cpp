@@ -339,6 +339,9 @@ TEST_F(EditorControls, TheMenuOfATextWorksOnItsText) {
         choose("Paste");
         EXPECT_EQ(choose("Paste"), "TEXT sNWordAddr NN");
         EXPECT_EQ(choose("Undo"), "TEXT sNWordAddr N");
+        toolkit_.Type("sNWordAddr", "N\tO\n");
+        EXPECT_EQ(Line("sNWordAddr"), "TEXT sNWordAddr N!#SP#!O!#SP#!") << "a tuning could not hold such characters";
+        toolkit_.Type("sNWordAddr", "N");
         user_.acts.emplace_front([this] {
             EXPECT_EQ(toolkit_.Find("label")->Value(), "N");
             const std::vector<std::string> listed = {"Name", "Top - Left", "Top - Right"};

@@ -81,6 +81,7 @@ public:
     CEvent clicked;
 };
 
+// An edit of one line takes no control characters: a tuning could not hold them. Blanks come in their place.
 class CEditControl : public CControl {
 public:
     // As if the user had asked for them: a change is reported.

@@ -3,6 +3,11 @@
 #include <algorithm>
 
 namespace brindle {
+namespace {
+
+bool IsControl(char c) { return (c >= 0 && c < ' ') || c == '\x7F'; }
+
+}  // namespace
 
 void HeadlessDesk::MoveFocus(CHeadlessControl* control) {
     if (focused == control) return;
@@ -67,7 +72,9 @@ void CEditText::ReplaceAll(std::string_view text) {
 
 void CEditText::ReplaceSelection(std::string_view text) {
     before_ = text_;
-    text_.replace(selection_.begin, selection_.end - selection_.begin, text);
+    std::string typed(text);
+    if (one_line_) std::ranges::replace_if(typed, IsControl, ' ');
+    text_.replace(selection_.begin, selection_.end - selection_.begin, typed);
     selection_.begin = selection_.end = selection_.begin + text.size();
 }
 

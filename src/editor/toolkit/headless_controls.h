@@ -104,6 +104,9 @@ private:
 // The text of an edit with its selection and the one step that can be undone.
 class CEditText {
 public:
+    // One line gets blanks in the place of control characters.
+    explicit CEditText(bool one_line) : one_line_(one_line) {}
+
     void Set(std::string_view text);  // not to be undone
     void ReplaceAll(std::string_view text);
     void ReplaceSelection(std::string_view text);
@@ -114,6 +117,7 @@ public:
     TextRange selection() const { return selection_; }
 
 private:
+    bool one_line_;
     std::string text_;
     TextRange selection_;
     std::optional<std::string> before_;
@@ -160,7 +164,7 @@ public:
     void LoseFocus() override { this->focus_lost.Report(); }
 
 protected:
-    CEditText edit_;
+    CEditText edit_{this->spec().kind != ControlKind::kMulti};
 };
 
 using CHeadlessEdit = CHeadlessEditBase<CEditControl>;

@@ -46,8 +46,6 @@ run: setup
 	@head -n 15 $(example_nc)
 
 test: setup
-	@$(MAKE) --no-print-directory build $(san)/build.ninja
-	$(compile) san --target brindle_tests
 	@scripts/test.sh
 
 san: $(san)/build.ninja

@@ -16,7 +16,10 @@ constexpr SceneColor kToolsOnDark[kToolColors] = {{86, 180, 233}, {255, 128, 50}
 
 const SceneColors& ColorsOn(bool dark) { return dark ? kOnDark : kOnLight; }
 
-SceneColor ToolColor(size_t index, bool dark) { return (dark ? kToolsOnDark : kToolsOnLight)[index % kToolColors]; }
+SceneColor ToolColor(size_t index, bool dark) {
+    const size_t place = index % kToolColors;
+    return dark ? kToolsOnDark[place] : kToolsOnLight[place];
+}
 
 double ToolWidth(size_t index) { return 1.0 + 0.7 * static_cast<double>(index / kToolColors % 3); }
 

@@ -159,7 +159,7 @@ void ShootTemplates(CPhotographer& photographer, const QString& suffix) {
     photographer.Click("Preview...");
     photographer.Then([] {
         auto& list = First<QListView>(WindowOf("NC Code Preview"));
-        list.setCurrentIndex(list.model()->index(14, 0));
+        list.setCurrentIndex(list.model()->index(13, 0));
     });
     photographer.ShootWindow("NC Code Preview", "preview" + suffix);
     photographer.Then([] { DoubleClickRow(2); });

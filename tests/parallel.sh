@@ -154,12 +154,14 @@ touch err
 ends_with 0
 leaves one.nc two.nc third.nc
 
-begin 'room for one process only'
-(
-    eval "exec $(printf '%s>&- ' {3..30})" # what a test runner leaves open counts too
-    ulimit -n 4 && post -j 3 first.cf2 second.cf2 third.cf2
-) 2>err || fail "exit status $?: $(cat err)"
-leaves first.nc second.nc third.nc
+if ! readelf -d "$brindle" | grep -q libasan; then # the sanitizers open files of their own
+    begin 'room for one process only'
+    (
+        eval "exec $(printf '%s>&- ' {3..30})" # what a test runner leaves open counts too
+        ulimit -n 4 && post -j 3 first.cf2 second.cf2 third.cf2
+    ) 2>err || fail "exit status $?: $(cat err)"
+    leaves first.nc second.nc third.nc
+fi
 
 begin 'no process to be had'
 limited=(bash -c 'ulimit -u 1 && exec "$0" "$@"' "$brindle")

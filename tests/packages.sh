@@ -26,8 +26,8 @@ soname=$(readelf -d "$BRINDLE_LIB" | sed -n 's/.*(SONAME).*\[\(.*\)\].*/\1/p')
 
 # ---- Installed below a prefix that is chosen late ----
 
-prefix=$work/files/opt/brindle
-DESTDIR=$work/files cmake --install "$build" --prefix /opt/brindle >"$work/log" 2>&1 ||
+prefix=$work/installed/opt/brindle
+DESTDIR=$work/installed cmake --install "$build" --prefix /opt/brindle >"$work/log" 2>&1 ||
     { echo "FAILED: install: $(tail -n 5 "$work/log")" && exit 1; }
 libdir=$(dirname "$(find "$prefix" -name libBrindleDrv.so)")
 for file in bin/brindle include/brindle/brindle.h share/man/man1/brindle.1 share/zsh/site-functions/_brindle \

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "host/play/headless_screen.h"
-#include "toolkit/qt_screen.h"
+#include "host/play_qt/qt_screen.h"
 #include "unit/editor_user.h"
 
 namespace brindle {

@@ -14,12 +14,12 @@
 
 #include "editor/toolkit/active_toolkit.h"
 #include "host/commands.h"
+#include "host/play_qt/idle_user.h"
+#include "host/play_qt/qt_user.h"
+#include "host/play_qt/shown_widgets.h"
 #include "platform/text_file.h"
 #include "qt_text.h"
 #include "qt_toolkit.h"
-#include "toolkit/idle_user.h"
-#include "toolkit/qt_user.h"
-#include "toolkit/shown_widgets.h"
 
 namespace brindle::toolkit_test {
 namespace {

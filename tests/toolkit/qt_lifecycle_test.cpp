@@ -16,7 +16,7 @@
 #include <fstream>
 #include <thread>
 
-#include "toolkit/offscreen.h"
+#include "host/play_qt/offscreen.h"
 
 namespace brindle::toolkit_test {
 namespace {

@@ -3,8 +3,8 @@
 #include <QApplication>
 
 #include "host/play/player.h"
-#include "toolkit/offscreen.h"
-#include "toolkit/qt_screen.h"
+#include "host/play_qt/offscreen.h"
+#include "host/play_qt/qt_screen.h"
 
 int main(int argc, char** argv) {
     using namespace brindle;

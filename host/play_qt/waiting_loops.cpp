@@ -1,4 +1,4 @@
-#include "toolkit/waiting_loops.h"
+#include "host/play_qt/waiting_loops.h"
 
 #include <QApplication>
 #include <QEvent>

@@ -1,4 +1,4 @@
-#include "toolkit/shown_widgets.h"
+#include "host/play_qt/shown_widgets.h"
 
 #include <QAbstractButton>
 #include <QComboBox>

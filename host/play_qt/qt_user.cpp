@@ -1,4 +1,4 @@
-#include "toolkit/qt_user.h"
+#include "host/play_qt/qt_user.h"
 
 #include <QApplication>
 #include <QClipboard>

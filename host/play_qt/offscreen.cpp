@@ -1,4 +1,4 @@
-#include "toolkit/offscreen.h"
+#include "host/play_qt/offscreen.h"
 
 #include <QApplication>
 #include <iostream>

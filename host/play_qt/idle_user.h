@@ -1,7 +1,7 @@
 // When a user acts: whenever a window waits for him and nothing else is left to do.
 #pragma once
 
-#include "toolkit/waiting_loops.h"
+#include "host/play_qt/waiting_loops.h"
 
 namespace brindle::toolkit_test {
 

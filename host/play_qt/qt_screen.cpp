@@ -1,4 +1,4 @@
-#include "toolkit/qt_screen.h"
+#include "host/play_qt/qt_screen.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -14,9 +14,9 @@
 #include <QToolButton>
 #include <algorithm>
 
+#include "host/play_qt/qt_user.h"
+#include "host/play_qt/shown_widgets.h"
 #include "qt_text.h"
-#include "toolkit/qt_user.h"
-#include "toolkit/shown_widgets.h"
 
 namespace brindle::toolkit_test {
 namespace {

@@ -12,8 +12,8 @@
 
 #include "editor/toolkit/toolkit_user.h"
 #include "host/play/play_screen.h"
+#include "host/play_qt/idle_user.h"
 #include "qt_toolkit.h"
-#include "toolkit/idle_user.h"
 
 namespace brindle::toolkit_test {
 

@@ -1,4 +1,4 @@
-#include "toolkit/idle_user.h"
+#include "host/play_qt/idle_user.h"
 
 #include <QTimer>
 #include <utility>

@@ -71,16 +71,10 @@ constexpr auto kToolRows = std::to_array<PageRow>({
     {kReal, "Fly_rDEG_MaxAngDeviation", kFly, "For &devation angle <=", kToolAngle},
 });
 
-constexpr auto SpeedRows() {
-    auto rows = SpeedValueRows("Speed values|Param 1", "Speed values|Param 2");
-    rows.front().spot = kNewRow;
-    return rows;
-}
-
 constexpr auto kTemplateRows = std::to_array<PageRow>({{kTable, kTemplates, "", ""}});
 
-constexpr auto kRows =
-    JoinRows(kToolRows, SpeedRows(), ArcSpeedRows(kArcs, "&Use small radii factor formula"), kTemplateRows);
+constexpr auto kRows = JoinRows(kToolRows, SpeedValueRows("Speed values|Param 1", "Speed values|Param 2", kNewRow),
+                                ArcSpeedRows(kArcs, "&Use small radii factor formula"), kTemplateRows);
 
 // By the entries of the kind list.
 enum Kind : int { kRegularTool, kSubordinateTool };

@@ -25,7 +25,7 @@ fi
 # Commands print much; what they print is shown when the finding is run again.
 run_fuzzer() {
     local name=$1
-    local -a limits=(-max_total_time="$seconds" -timeout=60 -report_slow_units=30 -rss_limit_mb=4096 -max_len=4000)
+    local -a limits=(-max_total_time="$seconds" -timeout=300 -report_slow_units=30 -rss_limit_mb=4096 -max_len=4000)
     cp -r "fuzz/corpus/$name" "$work/"
     "$build/bin/fuzz_$name" "${limits[@]}" -close_fd_mask=3 -print_final_stats=1 \
         -artifact_prefix="$findings/$name-" "$work/$name" >"$findings/$name.log" 2>&1

@@ -1,19 +1,12 @@
 #!/usr/bin/env bash
 # What happens to the command on a bad day: killed while it writes, too little memory, a full disk, a closed standard
 # output. BRINDLE is the command.
-set -uo pipefail
+. "$(dirname "${BASH_SOURCE[0]}")/script/common.sh"
 brindle=$(realpath "$BRINDLE")
-work=$(mktemp -d)
 mounted=
 trap '[ -z "$mounted" ] || umount "$mounted"; rm -rf "$work"' EXIT
-export LC_ALL=C XDG_DATA_HOME="$work/store"
+export LC_ALL=C
 cd "$work" || exit 1
-failures=0
-
-fail() {
-    echo "FAILED: $*"
-    failures=$((failures + 1))
-}
 
 cat >job.tun <<'END'
 TEXT sAx1Addr X
@@ -137,4 +130,4 @@ END
 "$brindle" post -t job.tun -o open.nc --trace open.trace small.cf2
 cmp closed.nc open.nc && cmp closed.trace open.trace || fail 'other files with standard output closed'
 
-[ "$failures" -eq 0 ] || { echo "$failures failures"; exit 1; }
+finish

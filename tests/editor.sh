@@ -2,18 +2,10 @@
 # The editor played from text. A transcript tests/editor/NAME.play holds acts, in lines that begin with `> `, and otherwise
 # what must come on the screen; the session has the tuning NAME.tun and the drawing NAME.cf2, where they exist. BRINDLE is the
 # command, with brindle-play beside it; PLAYER, if it is set, plays in its place, with the same on the screen.
-set -uo pipefail
+. "$(dirname "${BASH_SOURCE[0]}")/script/common.sh"
 play=$(realpath "${PLAYER:-$(dirname "$BRINDLE")/brindle-play}")
 cd "$SOURCE_DIR/tests/editor" || exit 1
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-export XDG_DATA_HOME="$work/store" XDG_RUNTIME_DIR="$work" TZ=UTC
-failures=0
-
-fail() {
-    echo "FAILED: $*"
-    failures=$((failures + 1))
-}
+export XDG_RUNTIME_DIR="$work" TZ=UTC
 
 # ---- Transcripts ----
 
@@ -66,4 +58,4 @@ status=0
 "$play" --drawing </dev/null 2>/dev/null || status=$?
 [ "$status" -eq 2 ] || fail "wrong usage: $status"
 
-[ "$failures" -eq 0 ] || { echo "$failures failures"; exit 1; }
+finish

@@ -2,17 +2,8 @@
 # The examples: each gives the NC files that are checked in beside its tuning, to the byte, and passes `brindle check`.
 # BRINDLE is the command, SOURCE_DIR the root of the sources. With UPDATE=1 the checked-in files are written anew; look
 # at what changed before you keep it.
-set -uo pipefail
+. "$(dirname "${BASH_SOURCE[0]}")/script/common.sh"
 cd "$SOURCE_DIR"
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-export XDG_DATA_HOME="$work/store"
-failures=0
-
-fail() {
-    echo "FAILED: $*"
-    failures=$((failures + 1))
-}
 
 # Post-processes $2 with the tuning $1 into the file $3 and its trace; further arguments go to the command.
 post() {
@@ -87,4 +78,4 @@ if [ -x "$host_c" ]; then
     [ "$("$host_c" | grep -c '^N.* M5')" = 3 ] || fail "host_c: its own part"
 fi
 
-[ "$failures" -eq 0 ]
+finish

@@ -1,15 +1,9 @@
 #!/usr/bin/env bash
 # The commands that look into tunings and tables: dump, keys, directives, and check of several files.
 # usage: BRINDLE=COMMAND SOURCE_DIR=REPOSITORY inspect.sh
-set -u
+. "$(dirname "${BASH_SOURCE[0]}")/script/common.sh"
 export LC_ALL=C
 BRINDLE=$(realpath "$BRINDLE")
-
-failed=0
-fail() {
-    echo "FAIL: $1"
-    failed=1
-}
 
 # expect NAME STATUS OUTPUT ARGUMENT...: the command's exit status and all that it prints, errors included.
 expect() {
@@ -60,4 +54,4 @@ brindle: bad/strict.tun:5: warning: unknown key '"'sNwordAddr'"' (did you mean s
     "brindle: standard input:5: warning: unknown key 'sNwordAddr' (did you mean sNWordAddr?)" ] ||
     fail 'check does not read standard input'
 
-exit "$failed"
+finish

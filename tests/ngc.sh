@@ -1,17 +1,8 @@
 #!/usr/bin/env bash
 # Reads NC files of the RS-274 dialects back with ngc_reader.py, which knows machines and not the generator: every line
 # and arc of the drawing is cut once, with its tool, and nothing else is. BRINDLE is the command, SOURCE_DIR the root.
-set -uo pipefail
+. "$(dirname "${BASH_SOURCE[0]}")/script/common.sh"
 cd "$SOURCE_DIR"
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-export XDG_DATA_HOME="$work/store"
-failures=0
-
-fail() {
-    echo "FAILED: $*"
-    failures=$((failures + 1))
-}
 
 drawing() { echo "examples/drawings/$1.cf2"; }
 
@@ -87,4 +78,4 @@ spoiled knife_tangential-knife_sheet knife_sheet '0,/C-51/ s/C-51/C-50/' "${knif
 spoiled knife_tangential-knife_sheet knife_sheet 's/(G2.*)C-0/\1C0/' "${knife[@]}" # the long way round
 spoiled engraver_text-plate plate '0,/G0 Z2/ s/G0 Z2/G0 Z-1/' --depth
 
-[ "$failures" -eq 0 ]
+finish

@@ -1,17 +1,8 @@
 #!/usr/bin/env bash
 # What is installed works: as a folder to build hosts with, and as a Debian package. BRINDLE_LIB is the library in its
 # build folder, SOURCE_DIR the root of the sources.
-set -uo pipefail
+. "$(dirname "${BASH_SOURCE[0]}")/script/common.sh"
 build=$(realpath "$(dirname "$BRINDLE_LIB")/..")
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-export XDG_DATA_HOME="$work/store"
-failures=0
-
-fail() {
-    echo "FAILED: $*"
-    failures=$((failures + 1))
-}
 
 if readelf -d "$BRINDLE_LIB" | grep -q 'lib\(a\|ub\)san'; then
     echo 'a build under the sanitizers is not for packages' && exit 0
@@ -161,4 +152,4 @@ if command -v zsh >/dev/null; then
     zsh -n "$prefix/share/zsh/site-functions/_brindle" || fail 'completion for zsh: syntax'
 fi
 
-[ "$failures" -eq 0 ] || { echo "$failures failures"; exit 1; }
+finish

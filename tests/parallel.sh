@@ -1,18 +1,9 @@
 #!/usr/bin/env bash
 # `brindle post -j`: the same files and messages as one after the other, and what happens when a process is killed or the
 # command is asked to stop. BRINDLE is the command, SOURCE_DIR the root of the sources.
-set -uo pipefail
+. "$(dirname "${BASH_SOURCE[0]}")/script/common.sh"
 brindle=$(realpath "$BRINDLE")
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-export XDG_DATA_HOME="$work/store"
 tuning="$SOURCE_DIR/examples/laser_mm/laser_mm.tun"
-failures=0
-
-fail() {
-    echo "FAILED: $case: $*"
-    failures=$((failures + 1))
-}
 
 # A folder for one case, with drawings of three sizes.
 begin() {
@@ -187,4 +178,4 @@ for count in -1 1025 x ''; do
 done
 leaves ''
 
-[ "$failures" -eq 0 ] || { echo "$failures failures"; exit 1; }
+finish

@@ -1,17 +1,8 @@
 #!/usr/bin/env bash
 # `brindle plot` as a whole: its pictures, where they go, what it says, and its exit status. BRINDLE is the command.
-set -uo pipefail
+. "$(dirname "${BASH_SOURCE[0]}")/script/common.sh"
 brindle=$(realpath "$BRINDLE")
 examples=$(realpath "$SOURCE_DIR/examples")
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-export XDG_DATA_HOME="$work/store"
-failures=0
-
-fail() {
-    echo "FAILED: $case: $*"
-    failures=$((failures + 1))
-}
 
 # A folder for one case, with a tuning and a drawing: a move, two cuts of tool 1 that meet, a move, one of tool 2.
 begin() {
@@ -197,4 +188,4 @@ plot - -
 END
 leaves
 
-[ "$failures" -eq 0 ] || { echo "$failures failures"; exit 1; }
+finish

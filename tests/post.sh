@@ -1,17 +1,8 @@
 #!/usr/bin/env bash
 # `brindle post` as a whole: what it writes and where, what it says, and its exit status. BRINDLE is the command.
-set -uo pipefail
+. "$(dirname "${BASH_SOURCE[0]}")/script/common.sh"
 brindle=$(realpath "$BRINDLE")
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-export XDG_DATA_HOME="$work/store"
 unset TZ
-failures=0
-
-fail() {
-    echo "FAILED: $case: $*"
-    failures=$((failures + 1))
-}
 
 # ---- Files ----
 
@@ -439,4 +430,4 @@ else
     echo 'locales are not installed: one with a decimal comma is not tried'
 fi
 
-[ "$failures" -eq 0 ] || { echo "$failures failures"; exit 1; }
+finish

@@ -1,12 +1,8 @@
 // Drawings, good and bad, by what comes out of them.
 #include <gtest/gtest.h>
 
-#include <unistd.h>
-
-#include <filesystem>
-#include <fstream>
-
 #include "unit/host_session.h"
+#include "unit/temp_folder.h"
 
 namespace brindle {
 namespace {
@@ -15,12 +11,7 @@ namespace fs = std::filesystem;
 
 class CFF2Test : public testing::Test {
 protected:
-    ~CFF2Test() override { fs::remove(path_); }
-
-    void Open(const std::string& drawing) {
-        std::ofstream(path_, std::ios::binary) << drawing;
-        GBrn_OpenCF2File(path_.wstring().c_str());
-    }
+    void Open(const std::string& drawing) { GBrn_OpenCF2File(NarrowToWide(folder_.Put("a.cf2", drawing)).c_str()); }
     // What the records of `drawing` give, a block each, blocks divided by `|`.
     std::string Records(const std::string& drawing) {
         GBrn_SetAutoUnitsToInches(0);
@@ -28,7 +19,7 @@ protected:
         return session_.Run();
     }
 
-    fs::path path_ = fs::temp_directory_path() / ("brindle_" + std::to_string(::getpid()) + ".cf2");
+    CTempFolder folder_;
     CHostSession session_{
         {"BOOL bDefaultTool true", "BOOL bUseText true", "BOOL bUseSubs false", "BOOL bOutUnitsAuto true",
          "BOOL bBlockDelimStd false", "TEXT sBlockDelim |", "BOOL bUseSpace true", "BOOL bTrimZeros true",

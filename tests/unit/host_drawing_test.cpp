@@ -1,17 +1,14 @@
 // What the command tells of a drawing, and what it counts, before the library reads it; and that the counts are those
 // of the library's own store.
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
-#include <cstdio>
-#include <filesystem>
-#include <fstream>
 #include <vector>
 
 #include "api/brindle_mgr.h"
 #include "brindle/brindle.h"
 #include "host/drawing_survey.h"
 #include "host/loaded_tuning.h"
+#include "unit/temp_folder.h"
 
 namespace brindle::host {
 namespace {
@@ -111,13 +108,11 @@ TEST(HostDrawing, CountsAreThoseOfTheStore) {
         "SUB,B\nL,1,1,0,0,0,1,1,0,0\nUR,1,1\nL,1,2,0,0,0,1,1,0,0\nUR,2,2\nSUB,B\nSUB,B\nA,1,2,0,0,0,1,1,0,0,1,0,0\n",
         "UI,x\nUR,1e308,5\nL,1,1,0,0,0,1,1,0,0\nUM,x\nUR,1,5\nC,B,0,0,0,0,0\nT,0,0,0,1,2,0,3,0\n",
     };
-    std::string path = std::filesystem::temp_directory_path() / "host_drawing_XXXXXX";
-    ::close(mkstemp(path.data()));
+    const CTempFolder folder;
     for (const char* const drawing : drawings) {
-        std::ofstream(path) << drawing;
         const DrawingSurvey survey = SurveyDrawing(drawing);
         GBrn_Clear();
-        GBrn_OpenCF2File(Wide(path).c_str());
+        GBrn_OpenCF2File(Wide(folder.Put("a.cf2", drawing)).c_str());
         const CBrindleMgr& session = CBrindleMgr::Current();
         const CNCGeomMgr& store = session.geometry;
         DrawingSurvey counted;
@@ -141,7 +136,6 @@ TEST(HostDrawing, CountsAreThoseOfTheStore) {
         ASSERT_EQ(survey.tools.size(), counted.tools.size()) << drawing;
         for (const auto& [tool, use] : counted.tools) EXPECT_EQ(survey.tools.at(tool).count, use.count) << drawing;
     }
-    std::remove(path.c_str());
     GBrn_Clear();
 }
 

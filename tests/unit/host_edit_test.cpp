@@ -2,15 +2,14 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 #include <functional>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include "editor/toolkit/active_toolkit.h"
 #include "host/commands.h"
 #include "unit/editor_user.h"
+#include "unit/temp_folder.h"
 
 namespace brindle::host {
 namespace {
@@ -19,25 +18,12 @@ namespace fs = std::filesystem;
 
 class HostEditTest : public testing::Test {
 protected:
-    void SetUp() override {
-        fs::remove_all(folder_);
-        fs::create_directories(folder_);
-        SetActiveToolkit(&toolkit_);
-    }
-    void TearDown() override {
-        SetActiveToolkit(nullptr);
-        fs::remove_all(folder_);
-    }
+    void SetUp() override { SetActiveToolkit(&toolkit_); }
+    void TearDown() override { SetActiveToolkit(nullptr); }
 
-    void Put(const std::string& name, const std::string& text) const {
-        std::ofstream(folder_ / name, std::ios::binary) << text;
-    }
-    std::string Get(const std::string& name) const {
-        std::stringstream text;
-        text << std::ifstream(folder_ / name, std::ios::binary).rdbuf();
-        return text.str();
-    }
-    bool Has(const std::string& name) const { return fs::exists(folder_ / name); }
+    void Put(const std::string& name, const std::string& text) const { folder_.Put(name, text); }
+    std::string Get(const std::string& name) const { return folder_.Get(name); }
+    bool Has(const std::string& name) const { return fs::exists(folder_.path() / name); }
 
     // The editor opens, the user does `acts`; what it wrote to standard error stays in `errors_`, without the folder.
     int Edit(const std::string& name, const std::vector<std::function<void()>>& acts) {
@@ -46,9 +32,9 @@ protected:
         int status = -1;
         AddEditCommand(app, status);
         testing::internal::CaptureStderr();
-        app.parse("edit " + (folder_ / name).string());
+        app.parse("edit " + (folder_.path() / name).string());
         errors_ = testing::internal::GetCapturedStderr();
-        const std::string path = folder_.string() + '/';
+        const std::string path = folder_.path().string() + '/';
         for (size_t at = 0; (at = errors_.find(path)) != std::string::npos;) errors_.erase(at, path.size());
         return status;
     }
@@ -62,7 +48,7 @@ protected:
         return [this] { toolkit_.PressCancel(); };
     }
 
-    fs::path folder_ = fs::temp_directory_path() / ("brindle_edit_" + std::to_string(::getpid()));
+    CTempFolder folder_;
     CListUser user_;
     CHeadlessToolkit toolkit_{user_};
     std::string errors_;

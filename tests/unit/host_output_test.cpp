@@ -1,18 +1,17 @@
 // Where the command writes its files, and that it writes all of a job or nothing.
 #include <gtest/gtest.h>
-#include <stdlib.h>
 #include <sys/stat.h>
 
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <stdexcept>
 #include <vector>
 
 #include "host/messages.h"
 #include "host/number_words.h"
 #include "host/output_files.h"
 #include "host/output_plan.h"
+#include "unit/temp_folder.h"
 
 namespace brindle::host {
 namespace {
@@ -23,14 +22,8 @@ using Texts = std::vector<std::string>;
 // A folder of its own, which is the current one.
 class HostOutput : public testing::Test {
 protected:
-    HostOutput() : before_(fs::current_path()) {
-        if (!mkdtemp(folder_.data())) throw std::runtime_error("no temporary folder");
-        fs::current_path(folder_);
-    }
-    ~HostOutput() override {
-        fs::current_path(before_);
-        fs::remove_all(folder_);
-    }
+    HostOutput() { fs::current_path(folder_.path()); }
+    ~HostOutput() override { fs::current_path(before_); }
 
     static void Write(const std::string& path, const std::string& text) { std::ofstream(path) << text; }
     static std::string Read(const std::string& path) {
@@ -45,8 +38,8 @@ protected:
         return names;
     }
 
-    fs::path before_;
-    std::string folder_ = fs::temp_directory_path() / "host_output_XXXXXX";
+    const fs::path before_ = fs::current_path();
+    CTempFolder folder_;
 };
 
 TEST_F(HostOutput, PathsOfPlannedJobs) {

@@ -2,20 +2,15 @@
 #include "host/run_data.h"
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
-#include <filesystem>
-#include <fstream>
 #include <locale>
-#include <stdexcept>
 
 #include "api/brindle_mgr.h"
 #include "brindle/brindle.h"
+#include "unit/temp_folder.h"
 
 namespace brindle::host {
 namespace {
-
-namespace fs = std::filesystem;
 
 TEST(HostExpressions, Values) {
     const JobValues job{.blank_x = 300, .blank_y = 200, .tools = 2, .lines = 12};
@@ -77,23 +72,9 @@ TEST(HostSettings, Forms) {
 // Tunings and definitions in a folder of their own, with a store of their own.
 class HostRunData : public testing::Test {
 protected:
-    HostRunData() {
-        if (!mkdtemp(folder_.data())) throw std::runtime_error("no temporary folder");
-        if (const char* const present = getenv("XDG_DATA_HOME")) before_ = present;
-        setenv("XDG_DATA_HOME", folder_.c_str(), 1);
-    }
-    ~HostRunData() override {
-        GBrn_Clear();
-        unsetenv("XDG_DATA_HOME");
-        if (before_) setenv("XDG_DATA_HOME", before_->c_str(), 1);
-        fs::remove_all(folder_);
-    }
+    ~HostRunData() override { GBrn_Clear(); }
 
-    std::string File(const std::string& name, const std::string& text) const {
-        const std::string path = folder_ + "/" + name;
-        std::ofstream(path) << text;
-        return path;
-    }
+    std::string File(const std::string& name, const std::string& text) const { return folder_.Put(name, text); }
 
     // The first piece that a run with this tuning writes; empty if an expression has no value.
     static std::string Run(const LoadedTuning& tuning, const RunDataRequest& request, const JobValues& job = {}) {
@@ -107,8 +88,7 @@ protected:
         return buffers.SetCurBuffer(1) ? std::string(buffers.GetOutputBuffer()) : std::string();
     }
 
-    std::string folder_ = fs::temp_directory_path() / "host_run_data_XXXXXX";
-    std::optional<std::string> before_;
+    CDataHome folder_;
 };
 
 constexpr char kDefinition[] =
@@ -178,16 +158,17 @@ TEST_F(HostRunData, Datasets) {
 }
 
 TEST_F(HostRunData, FilesThatAreNoTuningOrDefinition) {
+    const std::string folder = folder_.path();
     const std::string good = File("good", kItems);
     const std::string nul = File("nul", std::string("BOOL bUseSubs true\nTEXT s\0\n", 28));
     LoadedTuning tunings[4];
     testing::internal::CaptureStderr();
-    EXPECT_FALSE(LoadTuning(folder_ + "/none", "", tunings[0]));
-    EXPECT_FALSE(LoadTuning(folder_, "", tunings[1]));
+    EXPECT_FALSE(LoadTuning(folder + "/none", "", tunings[0]));
+    EXPECT_FALSE(LoadTuning(folder, "", tunings[1]));
     EXPECT_FALSE(LoadTuning(nul, "", tunings[2]));
     EXPECT_FALSE(LoadTuning(good, good, tunings[3]));
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
-              "brindle: " + folder_ + "/none: no such file\nbrindle: " + folder_ +
+              "brindle: " + folder + "/none: no such file\nbrindle: " + folder +
                   ": is a folder, not a file\nbrindle: " + nul +
                   ":2: the line holds a NUL byte: this is no tuning\nbrindle: " + good +
                   ": holds no definition of run-time data\n");

@@ -1,9 +1,7 @@
 // What of the run-time data dialogs no transcript can show: headings and widths, times, values out of sight, and the
 // command that opens them.
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
-#include <filesystem>
 #include <functional>
 #include <vector>
 
@@ -15,29 +13,23 @@
 #include "platform/local_time.h"
 #include "platform/user_store.h"
 #include "unit/editor_user.h"
+#include "unit/temp_folder.h"
 
 namespace brindle {
 namespace {
 
-namespace fs = std::filesystem;
 using Acts = std::vector<std::function<void()>>;
 
 class RunTimeDialogs : public testing::Test {
 protected:
     RunTimeDialogs() {
-        fs::create_directories(folder_);
-        setenv("XDG_DATA_HOME", folder_.c_str(), 1);
         for (const char* const line :
              {"UPD 2010_01_01_00_00_00", "ROW TEXT Top", "ROW TEXT Inner HIDE", "COL TEXT Feed", "COL TEXT Power HIDE",
               "DATASETDEF Steel", "DSD Steel T_EXPR RTD(1,1) 11", "DSD Steel T_EXPR RTD(2,2) 22"}) {
             definition_.ReadLine(line, CRunTimeDataDef::ReadMode::kTuning);
         }
     }
-    ~RunTimeDialogs() override {
-        SetActiveToolkit(nullptr);
-        unsetenv("XDG_DATA_HOME");
-        fs::remove_all(folder_);
-    }
+    ~RunTimeDialogs() override { SetActiveToolkit(nullptr); }
 
     std::function<void()> Click(const std::string& control) {
         return [this, control] { EXPECT_EQ(toolkit_.Click(control), ""); };
@@ -50,31 +42,21 @@ protected:
     }
     void Do(const Acts& acts) { user_.acts.assign(acts.begin(), acts.end()); }
 
-    fs::path folder_ = fs::temp_directory_path() / ("brindle_dialogs_" + std::to_string(::getpid()));
+    CDataHome folder_;
     CRunTimeDataDef definition_;
     CListUser user_;
     CHeadlessToolkit toolkit_{user_};
 };
 
 // Notes its columns.
-class CColumnTable : public CTableControl {
+class CColumnTable : public CHeadlessTable {
 public:
-    explicit CColumnTable(std::string& columns) : columns_(columns) {}
+    CColumnTable(const ControlSpec& spec, HeadlessDesk& desk, std::string& columns)
+        : CHeadlessTable(spec, desk), columns_(columns) {}
     void AddColumn(std::string_view heading, int width) override {
         columns_.append(heading).append(" ").append(std::to_string(width)).append("|");
     }
     void RemoveColumns() override { columns_ += "removed|"; }
-    int AddRow() override { return 0; }
-    void SetCell(TableCell, std::string_view) override {}
-    void SetRowValue(int, int32_t) override {}
-    int32_t GetRowValue(int) const override { return 0; }
-    void DeleteRows() override {}
-    std::optional<TableCell> CellUnderPointer() const override { return std::nullopt; }
-    void Enable(bool) override {}
-    void Show(bool) override {}
-    void SetText(std::string_view) override {}
-    std::string GetText() const override { return {}; }
-    void TakeFocus() override {}
 
 private:
     std::string& columns_;
@@ -83,8 +65,8 @@ private:
 class CTableForm : public CHeadlessForm<CForm> {
 public:
     using CHeadlessForm::CHeadlessForm;
-    CTableControl& AddTable(const ControlSpec&) override {
-        return *tables_.emplace_back(std::make_unique<CColumnTable>(columns_));
+    CTableControl& AddTable(const ControlSpec& spec) override {
+        return *tables_.emplace_back(std::make_unique<CColumnTable>(spec, toolkit().desk(), columns_));
     }
     std::string columns_;
 
@@ -160,12 +142,11 @@ TEST_F(RunTimeDialogs, ResetsReachHiddenValuesAndCancelReachesNone) {
 }
 
 TEST_F(RunTimeDialogs, TheCommandPrintsTheChosenDataset) {
-    const std::string tuning = folder_ / "a.tun";
     std::vector<std::string> lines{"DATASETDEF Wood"};
     definition_.WriteToList(lines);
-    FILE* const file = fopen(tuning.c_str(), "w");
-    for (const std::string& line : lines) fprintf(file, "%s\n", line.c_str());
-    fclose(file);
+    std::string text;
+    for (const std::string& line : lines) text += line + '\n';
+    const std::string tuning = folder_.Put("a.tun", text);
     const auto pick_steel = [this] { EXPECT_EQ(toolkit_.PickEntry("list", "Steel"), ""); };
     const struct {
         CToolkit* toolkit;

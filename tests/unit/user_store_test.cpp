@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 #include <signal.h>
-#include <stdlib.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -14,11 +13,11 @@
 #include <fstream>
 #include <functional>
 #include <optional>
-#include <stdexcept>
 #include <utility>
 #include <vector>
 
 #include "platform/text_file.h"
+#include "unit/temp_folder.h"
 
 namespace brindle {
 
@@ -27,29 +26,6 @@ static bool operator==(const UserRecord& a, const UserRecord& b) { return a.date
 namespace {
 
 namespace fs = std::filesystem;
-
-// Sets an environment variable, or unsets it for null, and puts it back in the end.
-class EnvironmentValue {
-public:
-    EnvironmentValue(const char* name, const char* value) : name_(name) {
-        if (const char* const present = getenv(name)) before_ = present;
-        Set(value);
-    }
-    EnvironmentValue(const EnvironmentValue&) = delete;
-    EnvironmentValue& operator=(const EnvironmentValue&) = delete;
-    ~EnvironmentValue() { Set(before_ ? before_->c_str() : nullptr); }
-
-private:
-    void Set(const char* value) { value ? setenv(name_, value, 1) : unsetenv(name_); }
-    const char* name_;
-    std::optional<std::string> before_;
-};
-
-fs::path NewFolder() {
-    std::string folder = fs::temp_directory_path() / "user_store_XXXXXX";
-    if (!mkdtemp(folder.data())) throw std::runtime_error("no temporary folder");
-    return folder;
-}
 
 void WriteFile(const fs::path& path, const std::string& text) {
     std::ofstream(path, std::ios::binary) << text;
@@ -67,8 +43,6 @@ bool HoldsInChild(const std::function<bool()>& act) {
 
 class UserStore : public testing::Test {
 protected:
-    ~UserStore() override { fs::remove_all(folder_); }
-
     fs::path RecordPath(const std::string& file_name) const { return store_ / file_name; }
 
     std::vector<std::string> Files() const {
@@ -78,9 +52,9 @@ protected:
         return names;
     }
 
-    const fs::path folder_ = NewFolder();
+    const CDataHome data_home_;
+    const fs::path folder_ = data_home_.path();
     const fs::path store_ = folder_ / "Corvane/BrindleDrv";
-    const EnvironmentValue data_home_{"XDG_DATA_HOME", folder_.c_str()};
 };
 
 TEST_F(UserStore, FileNames) {
@@ -235,7 +209,8 @@ TEST(UserStoreFolder, Places) {
                 {"@/file", "@/home", nullptr},
                 {"@/blocked", "@/home", nullptr}};
     for (const auto& row : rows) {
-        const fs::path folder = NewFolder();
+        const CTempFolder made;
+        const fs::path& folder = made.path();
         fs::create_directories(folder / "home");
         fs::create_directories(folder / "blocked");
         WriteFile(folder / "file", "x");
@@ -248,8 +223,8 @@ TEST(UserStoreFolder, Places) {
         };
         const std::string data_home = expand(row.data_home);
         const std::string home = expand(row.home);
-        const EnvironmentValue data_home_value("XDG_DATA_HOME", row.data_home ? data_home.c_str() : nullptr);
-        const EnvironmentValue home_value("HOME", row.home ? home.c_str() : nullptr);
+        const CEnvironmentValue data_home_value("XDG_DATA_HOME", row.data_home ? data_home.c_str() : nullptr);
+        const CEnvironmentValue home_value("HOME", row.home ? home.c_str() : nullptr);
         SCOPED_TRACE(data_home + " " + home);
 
         EXPECT_EQ(ReadUserRecord("name"), std::nullopt);
@@ -263,14 +238,13 @@ TEST(UserStoreFolder, Places) {
         EXPECT_EQ(records, row.record ? std::vector<std::string>{row.record} : std::vector<std::string>{});
         EXPECT_FALSE(fs::exists(folder / "missing"));
         fs::current_path(start);
-        fs::remove_all(folder);
     }
 }
 
 TEST_F(UserStore, IsForTheUserAlone) {
     const mode_t before = umask(0);
     const fs::path data_home = folder_ / "new/share";
-    const EnvironmentValue value("XDG_DATA_HOME", data_home.c_str());
+    const CEnvironmentValue value("XDG_DATA_HOME", data_home.c_str());
     EXPECT_TRUE(WriteUserRecord("name", {"date", "data"}));
     umask(before);
     for (const char* path : {"", "Corvane", "Corvane/BrindleDrv"}) {
@@ -346,19 +320,6 @@ TEST_F(UserStore, WritersAtTheSameTimeNeverTearARecord) {
     const std::optional<UserRecord> last = ReadUserRecord("shared");
     EXPECT_TRUE(last == CheckedRecord('a', kWrites) || last == CheckedRecord('b', kWrites));
     EXPECT_EQ(Files(), std::vector<std::string>{"shared"});
-}
-
-TEST_F(UserStore, WriterThatIsKilledLeavesAWholeRecord) {
-    ASSERT_TRUE(WriteUserRecord("shared", CheckedRecord('s', 1)));
-    for (useconds_t pause = 0; pause < 6000; pause += 300) {
-        const pid_t writer = StartWriter('a', 10000);
-        usleep(pause);
-        kill(writer, SIGKILL);
-        waitpid(writer, nullptr, 0);
-        ASSERT_TRUE(IsWhole(ReadUserRecord("shared")));
-    }
-    EXPECT_TRUE(WriteUserRecord("shared", CheckedRecord('s', 2)));
-    EXPECT_EQ(ReadUserRecord("shared"), CheckedRecord('s', 2));
 }
 
 }  // namespace

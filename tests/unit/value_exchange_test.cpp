@@ -2,38 +2,22 @@
 #include "rtd/value_exchange.h"
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
-#include <filesystem>
-#include <fstream>
 #include <optional>
-#include <stdexcept>
 #include <vector>
 
 #include "platform/local_time.h"
 #include "platform/user_store.h"
+#include "unit/temp_folder.h"
 
 namespace brindle {
 namespace {
 
-namespace fs = std::filesystem;
 using Lines = std::vector<std::string>;
 
-// A data home of its own for each test.
 class ValueExchange : public testing::Test {
 protected:
-    ValueExchange() {
-        if (const char* const present = getenv("XDG_DATA_HOME")) before_ = present;
-        if (!mkdtemp(folder_.data())) throw std::runtime_error("no temporary folder");
-        setenv("XDG_DATA_HOME", folder_.c_str(), 1);
-    }
-    ~ValueExchange() override {
-        fs::remove_all(folder_);
-        unsetenv("XDG_DATA_HOME");
-        if (before_) setenv("XDG_DATA_HOME", before_->c_str(), 1);
-    }
-    std::string folder_ = fs::temp_directory_path() / "value_exchange_XXXXXX";
-    std::optional<std::string> before_;
+    CDataHome folder_;
 };
 
 void Read(CRunTimeDataDef& definition, const Lines& lines) {
@@ -145,7 +129,7 @@ TEST_F(ValueExchange, StoredValuesMeetDefaults) {
         SCOPED_TRACE(merge.what);
         CRunTimeDataDef definition;
         FillDefinition(definition, merge.update);
-        fs::remove_all(folder_ + "/Corvane");
+        std::filesystem::remove_all(folder_.path() / "Corvane");
         if (merge.stored) {
             ASSERT_TRUE(WriteUserRecord(RecordName("Laser", merge.dataset), *merge.stored));
         }
@@ -230,7 +214,7 @@ TEST_F(ValueExchange, DatasetOfARun) {
 }
 
 TEST_F(ValueExchange, StoreThatCannotBeUsed) {
-    std::ofstream(folder_ + "/Corvane") << "a file where a folder should be";
+    folder_.Put("Corvane", "a file where a folder should be");
     CRunTimeDataDef definition;
     FillDefinition(definition, kUpdate);
     CKVItemContainer values;

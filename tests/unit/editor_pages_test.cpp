@@ -1,7 +1,7 @@
-// What the pages of the editor show of an empty tuning, and what they put into it.
-#include <array>
-#include <cstdio>
+// The pages of the editor together: what they add to a tuning, and what they do without one.
+#include <fstream>
 #include <set>
+#include <sstream>
 
 #include "editor/messages.h"
 #include "editor/page_table.h"
@@ -14,295 +14,9 @@
 namespace brindle {
 namespace {
 
-enum class Kind {
-    kCheck,
-    kRadio,
-    kText,
-    kInteger,
-    kDecimals,
-    kEntry,      // `key` is a Boolean; `label` that of the drop-down list; `text` the entry
-    kFactor,     // six decimals
-    kLength,     // in the sheet's unit, with its decimals
-    kSixLength,  // in the sheet's unit, with six decimals
-    kPlaces,     // the same number in all sheets, with the sheet's decimals
-};
-using enum Kind;
-
-struct Expected {
-    const char* page;
-    const char* label;
-    const char* key;  // with the prefix of tool 1 where there is one
-    Kind kind;
-    const char* by_default = "";
-    const char* in_inch_sheet = nullptr;  // the default, where it is another
-};
-
-constexpr Expected kExpected[] = {
-    {"General", "&Inches", "bOutUnitsInches", kRadio, "0"},
-    {"General", "&Millimeters", "bOutUnitsMetric", kRadio, "0"},
-    {"General", "&Current units", "bOutUnitsAuto", kRadio, "1"},
-    {"General", "&Absolute", "bOutModeAbs", kRadio, "1"},
-    {"General", "&Incremental", "bOutModeInc", kRadio, "0"},
-    {"General", "&Program number:", "sMainProgNum", kText, "1"},
-    {"General", "&Use file segmenting", "bUseFileSeg", kCheck, "0"},
-    {"General", "&Maximum # bytes per file:", "nMaxBytes", kInteger, "100000"},
-    {"General", "Windows newline (ASCII13 ASCII10)", "bBlockDelimStd", kRadio, "1"},
-    {"General", "&Custom", "bBlockDelimCus", kRadio, "0"},
-    {"General", "", "sBlockDelim", kText, "chr(13)chr(10)"},
-    {"General", "&[ ... ]", "bParenSquare", kRadio, "1"},
-    {"General", "&( ... )", "bParenRound", kRadio, "0"},
-    {"General", "&{  ... }", "bParenCurly", kRadio, "0"},
-    {"General", "&Output errors as comments", "bErrorsAsComments", kCheck, "0"},
-    {"General", "&Open comment id:", "sOpenComment", kText},
-    {"General", "&Close comment id:", "sCloseComment", kText},
-    {"General", "&Space after words and codes", "bUseSpace", kCheck, "0"},
-    {"General", "&Trim trailing zeros from data", "bTrimZeros", kCheck, "0"},
-    {"General", "Trim trailing decimal &point", "bTrimDPoint", kCheck, "0"},
-    {"General", "&Address:", "sNWordAddr", kText},
-    {"General", "&Initial value:", "nNWordInitVal", kInteger, "0"},
-    {"General", "&Normal increment:", "nNWordBigInc", kInteger, "10"},
-    {"General", "&Special increment:", "nNWordSmInc", kInteger, "1"},
-    {"General", "Define reference tool", "bUsePrimaryTool", kCheck, "0"},
-    {"General", "Tool to use for final move:", "nPrimaryTool", kInteger, "1"},
-    {"General", "Output tool ON/Down code", "bPrimaryToolUseToolOn", kCheck, "0"},
-
-    {"Subs", "&Support subprograms", "bUseSubs", kCheck, "0"},
-    {"Subs", "&Absolute", "bSubsInAbs", kRadio, "0"},
-    {"Subs", "&Incremental", "bSubsInInc", kRadio, "1"},
-    {"Subs", "&Main followed by Subs", "bOutputSubsAfter", kRadio, "1"},
-    {"Subs", "&Subs followed by Main", "bOutputSubsFirst", kRadio, "0"},
-    {"Subs", "By &formula", "SubNum_bUseFormula", kRadio, "1"},
-    {"Subs", "Use &sequence starting at @MainProgNum", "SubNum_bUseSequence", kRadio, "0"},
-    {"Subs", "Use &block numbers", "SubNum_bUseBlockNum", kRadio, "0"},
-    {"Subs", "", "SubNum_nMainOffset", kInteger, "0"},
-    {"Subs", "", "SubNum_nMainFactor", kInteger, "1"},
-    {"Subs", "", "SubNum_nSubOffset", kInteger, "0"},
-    {"Subs", "", "SubNum_nSubFactor", kInteger, "1"},
-    {"Subs", "", "SubNum_nTotalOffset", kInteger, "0"},
-    {"Subs", "&Mirroring supported", "bUseMirror", kCheck, "0"},
-    {"Subs", "Mirror in &X:", "sMirrorX", kText},
-    {"Subs", "Mirror in &Y:", "sMirrorY", kText},
-    {"Subs", "Mirror in X &and Y:", "sMirrorXY", kText},
-    {"Subs", "Mirror &reset:", "sMirrorReset", kText},
-    {"Subs", "&Rotations supported", "bUseRotations", kCheck, "0"},
-    {"Subs", "&Address:", "SubRot_sAddr", kText},
-    {"Subs", "&Factor by:", "SubRot_rFactor", kFactor, "1.0"},
-    {"Subs", "&Round to:", "SubRot_nNDec", kDecimals, "3"},
-    {"Subs", "&Rotation code:", "SubRot_sCode", kText},
-    {"Subs", "&Reset code:", "SubRot_sResetCode", kText},
-    {"Subs", "&Center of design", "bStartSubsAtCen", kRadio, "1"},
-    {"Subs", "First line", "bStartSubsAtLine", kRadio, "0"},
-    {"Subs", "&Center of design", "bEndSubsAtCen", kRadio, "1"},
-    {"Subs", "Last line", "bEndSubsAtLine", kRadio, "0"},
-
-    {"Codes", "&Inches code:", "sInchCode", kText},
-    {"Codes", "&Metric code:", "sMetricCode", kText},
-    {"Codes", "&Modal", "bUCodeModal", kCheck, "0"},
-    {"Codes", "&Absolute code:", "sAbsCode", kText},
-    {"Codes", "&Incremental code:", "sIncCode", kText},
-    {"Codes", "&Modal", "bMCodeModal", kCheck, "0"},
-    {"Codes", "&Codes are tool dependent", "bToolDependInterp", kCheck, "0"},
-    {"Codes", "&Modal", "bICodesModal", kCheck, "0"},
-    {"Codes", "&Rapid Traverse:", "sRTCode", kText},
-    {"Codes", "&Linear:", "sLTCode", kText},
-    {"Codes", "&Clockwise (CW):", "sCWCode", kText},
-    {"Codes", "&Counter Clockwise (CCW):", "sCCWCode", kText},
-    {"Codes", "Minimum move distance for &rapid traverse:", "rMinRapidMoveMM", kLength, "0.0"},
-    {"Codes", "&Horizontal code:", "sHorizCode", kText},
-    {"Codes", "&Vertical code:", "sVertCode", kText},
-    {"Codes", "&Inside code:", "sInsideCode", kText},
-    {"Codes", "&Outside code:", "sOutsideCode", kText},
-    {"Codes", "&Support fly mode", "Fly_bSupport", kCheck, "0"},
-    {"Codes", "Fly mode O&N code:", "Fly_sOnCode", kText},
-    {"Codes", "Fly mode O&FF code:", "Fly_sOffCode", kText},
-    {"Codes", "&Preceding block", "Fly_bForPreceeding", kRadio, "0"},
-    {"Codes", "&Following block", "Fly_bForFollowing", kRadio, "1"},
-    {"Codes", "Use &fly mode", "T1_Fly_bUse", kCheck, "0"},
-    {"Codes", "for &devation angle <=", "T1_Fly_rDEG_MaxAngDeviation", kPlaces, "10.0"},
-    {"Codes", "Min &radius:", "Fly_rMM_Threshold", kLength, "1.0", "0.25"},
-
-    {"AxisData", "Is &rotary axis", "bAx1IsRot", kCheck, "0"},
-    {"AxisData", "Is &rotary axis", "bAx2IsRot", kCheck, "0"},
-    {"AxisData", "In &degrees", "bRotAxisInDegrees", kRadio, "0"},
-    {"AxisData", "In &degrees", "bRotAxisInDegrees#2", kRadio, "0"},
-    {"AxisData", "Pseudo &linear", "bRotAxisPLinear", kRadio, "1"},
-    {"AxisData", "Pseudo &linear", "bRotAxisPLinear#2", kRadio, "1"},
-    {"AxisData", "&Factor by:", "IN_AX1_rFactor", kFactor, "1.0"},
-    {"AxisData", "&Round to:", "IN_AX1_nNDec", kDecimals, "3"},
-    {"AxisData", "&Factor by:", "MM_AX1_rFactor", kFactor, "1.0"},
-    {"AxisData", "&Round to:", "MM_AX1_nNDec", kDecimals, "2"},
-    {"AxisData", "&Factor by:", "IN_AX2_rFactor", kFactor, "1.0"},
-    {"AxisData", "&Round to:", "IN_AX2_nNDec", kDecimals, "3"},
-    {"AxisData", "&Factor by:", "MM_AX2_rFactor", kFactor, "1.0"},
-    {"AxisData", "&Round to:", "MM_AX2_nNDec", kDecimals, "2"},
-    {"AxisData", "&Modal", "bAxisDataModal", kCheck, "0"},
-    {"AxisData", "Use &separate address for start data", "bStartEndOnBlock", kCheck, "0"},
-    {"AxisData", "Axis &1:", "sAx1Addr", kText},
-    {"AxisData", "Axis &2:", "sAx2Addr", kText},
-    {"AxisData", "Axis &1:", "sAx1AddrStart", kText},
-    {"AxisData", "Axis &2:", "sAx2AddrStart", kText},
-    {"AxisData", "Default effective radius:", "rDefRotRadiusMM", kSixLength, "0.0"},
-
-    {"ArcData", "By &center", "bArcByCen", kRadio, "1"},
-    {"ArcData", "By &radius", "bArcByRad", kRadio, "0"},
-    {"ArcData", "By &sub angle", "bArcBySub", kRadio, "0"},
-    {"ArcData", "&Modal", "bArcDataModal", kCheck, "0"},
-    {"ArcData", "In absolute mode, center point measured &by:", "bInAbsCenFromStart", kEntry, "1"},
-    {"ArcData", "In absolute mode, center point measured &by:", "bInAbsCenFromEnd", kEntry, "0"},
-    {"ArcData", "In absolute mode, center point measured &by:", "bInAbsCenIsAbs", kEntry, "0"},
-    {"ArcData", "In incremental mode, center point measured &by:", "bInIncCenFromStart", kEntry, "1"},
-    {"ArcData", "In incremental mode, center point measured &by:", "bInIncCenFromEnd", kEntry, "0"},
-    {"ArcData", "Axis &1:", "sCenAx1Addr", kText},
-    {"ArcData", "Axis &2:", "sCenAx2Addr", kText},
-    {"ArcData", "&Short arc", "bRadCWArcPosIsShort", kRadio, "1"},
-    {"ArcData", "&Long arc", "bRadCWArcPosIsLong", kRadio, "0"},
-    {"ArcData", "&Short arc", "bRadCCWArcPosIsShort", kRadio, "1"},
-    {"ArcData", "&Long arc", "bRadCCWArcPosIsLong", kRadio, "0"},
-    {"ArcData", "&Address for radius:", "sRadArcAddr", kText},
-    {"ArcData", "Address for subtended angle:", "sSubArcAddr", kText},
-    {"ArcData", "&CW", "bSubArcPosCW", kRadio, "1"},
-    {"ArcData", "&CCW", "bSubArcPosCCW", kRadio, "0"},
-    {"ArcData", "Factor by:", "rSubArcFactor", kFactor, "1.0"},
-    {"ArcData", "&Round to:", "nSubArcNDec", kDecimals, "2"},
-    {"ArcData", "Facet &tolerance:", "rFacetTolMM", kLength, "0.01"},
-    {"ArcData", "&Inch data <", "rMaxOrdMM", kPlaces, "1000000.0"},
-    {"ArcData", "&Metric data <", "rMaxOrdIN", kPlaces, "100000.0"},
-    {"ArcData", "&Facet small radii", "T1_SmFacet_bUse", kCheck, "0"},
-    {"ArcData", "&Less than:", "T1_SmFacet_rMaxRadiusMM", kLength, "0.0"},
-    {"ArcData", "&Deviation angle:", "T1_SmFacet_rLiftAngleDEG", kPlaces, "0.0"},
-
-    {"Speed", "&Value", "Speed_bAsValue", kRadio, "0"},
-    {"Speed", "&Expression", "Speed_bAsExpress", kRadio, "1"},
-    {"Speed", "&Modal", "Speed_bModal", kCheck, "1"},
-    {"Speed", "&Factor speed by", "Speed_bFactor", kCheck, "0"},
-    {"Speed", "", "Speed_sFactor", kText},
-    {"Speed", "&Round to:", "Speed_nNDec", kDecimals, "3"},
-    {"Speed", "&Single value", "Speed_b1", kRadio, "1"},
-    {"Speed", "&One value per axis", "Speed_b2", kRadio, "0"},
-    {"Speed", "&Two values per axis", "Speed_b4", kRadio, "0"},
-    {"Speed", "&Nearest axis value", "Speed_bNearest1", kRadio, "1"},
-    {"Speed", "&Pro rata between axes", "Speed_bNearest2", kRadio, "0"},
-    {"Speed", "&1", "Speed_b1Param", kRadio, "1"},
-    {"Speed", "&2", "Speed_b2Params", kRadio, "0"},
-    {"Speed", "Parameter &1:", "Speed_sParam1Addr", kText},
-    {"Speed", "Parameter &2:", "Speed_sParam2Addr", kText},
-    {"Speed", "<=", "SRF_rThreshold5MM", kLength, "0.0"},
-    {"Speed", "<=", "SRF_rThreshold25MM", kLength, "0.0"},
-    {"Speed", "<=", "SRF_rThreshold50MM", kLength, "0.0"},
-    {"Speed", "<=", "SRF_rThreshold100MM", kLength, "0.0"},
-    {"Speed", "Param 1", "T1_Speed_P1_sV1", kText},
-    {"Speed", "Param 1", "T1_Speed_P1_sV2", kText},
-    {"Speed", "Param 1", "T1_Speed_P1_sV3", kText},
-    {"Speed", "Param 1", "T1_Speed_P1_sV4", kText},
-    {"Speed", "Param 2", "T1_Speed_P2_sV1", kText},
-    {"Speed", "Param 2", "T1_Speed_P2_sV2", kText},
-    {"Speed", "Param 2", "T1_Speed_P2_sV3", kText},
-    {"Speed", "Param 2", "T1_Speed_P2_sV4", kText},
-    {"Speed", "&Use separate speed for arcs", "T1_Speed_bSepForArcs", kCheck, "0"},
-    {"Speed", "Param 1", "T1_Speed_sForArcs_P1", kText},
-    {"Speed", "Param 2", "T1_Speed_sForArcs_P2", kText},
-    {"Speed", "Use small radii factor &formula", "T1_Speed_bUseSmallRadiiFormula", kCheck, "0"},
-
-    {"Text", "&Support text", "bUseText", kCheck, "0"},
-    {"Text", "&Address:", "TextData_sAddr", kText},
-    {"Text", "&Replace:", "TextData_sFROM_1", kText},
-    {"Text", "&With:", "TextData_sTO_1", kText},
-    {"Text", "&Address:", "TextRot_sAddr", kText},
-    {"Text", "&Factor by:", "TextRot_rFactor", kFactor, "1.0"},
-    {"Text", "&Round to:", "TextRot_nNDec", kDecimals, "2", "3"},
-    {"Text", "&Modal", "TextRot_bModal", kCheck, "1"},
-    {"Text", "&Address:", "TextHgt_sAddr", kText},
-    {"Text", "&Modal", "TextHgt_bModal", kCheck, "1"},
-    {"Text", "Output in text &points", "TextHgt_bOutInPts", kCheck, "0"},
-    {"Text", "&Factor by:", "TextHgt_rFactor_in", kFactor, "1.0"},
-    {"Text", "&Round to:", "TextHgt_nNDec_in", kDecimals, "3"},
-    {"Text", "&Factor by:", "TextHgt_rFactor_mm", kFactor, "1.0"},
-    {"Text", "&Round to:", "TextHgt_nNDec_mm", kDecimals, "2"},
-};
-
-// What stands above the controls; a heading within another stands behind a bar.
-struct Heading {
-    const char* page;
-    const char* heading;
-    const char* keys;
-};
-
-constexpr Heading kHeadings[] = {
-    {"General", "Output units", "bOutUnitsInches bOutUnitsMetric bOutUnitsAuto"},
-    {"General", "Output mode for main program", "bOutModeAbs bOutModeInc"},
-    {"General", "Main program number    (@MainProgNum)", "sMainProgNum"},
-    {"General", "", "bUseFileSeg nMaxBytes bUsePrimaryTool nPrimaryTool bPrimaryToolUseToolOn"},
-    {"General", "Block end delimiter", "bBlockDelimStd bBlockDelimCus sBlockDelim"},
-    {"General", "Expression parentheses", "bParenSquare bParenRound bParenCurly"},
-    {"General", "Comment indicators", "bErrorsAsComments sOpenComment sCloseComment"},
-    {"General", "Readability", "bUseSpace bTrimZeros bTrimDPoint"},
-    {"General", "Block numbering", "sNWordAddr nNWordInitVal nNWordBigInc nNWordSmInc"},
-
-    {"Subs", "", "bUseSubs"},
-    {"Subs", "Output mode for subs", "bSubsInAbs bSubsInInc"},
-    {"Subs", "Output subs", "bOutputSubsAfter bOutputSubsFirst"},
-    {"Subs", "Subprogram numbering scheme    (@CurProgNum)",
-     "SubNum_bUseFormula SubNum_bUseSequence SubNum_bUseBlockNum SubNum_nMainOffset SubNum_nMainFactor "
-     "SubNum_nSubOffset SubNum_nSubFactor SubNum_nTotalOffset"},
-    {"Subs", "Subprogram mirroring    (@IncludeMirCode, @IncludeMirResetCode)",
-     "bUseMirror sMirrorX sMirrorY sMirrorXY sMirrorReset"},
-    {"Subs", "Subprogram rotation    (@IncludeRotWord, @IncludeRotResetWord)",
-     "bUseRotations SubRot_sAddr SubRot_rFactor SubRot_nNDec SubRot_sCode SubRot_sResetCode"},
-    {"Subs", "Start subprograms at", "bStartSubsAtCen bStartSubsAtLine"},
-    {"Subs", "End subprograms at", "bEndSubsAtCen bEndSubsAtLine"},
-
-    {"Codes", "Units    (@UnitsCode)", "sInchCode sMetricCode bUCodeModal"},
-    {"Codes", "Abs/Inc Mode    (@AbsIncCode)", "sAbsCode sIncCode bMCodeModal"},
-    {"Codes", "Interpolation Code    (@InterpCode)",
-     "bToolDependInterp bICodesModal sRTCode sLTCode sCWCode sCCWCode rMinRapidMoveMM"},
-    {"Codes", "Flute/Grain Code    (@FluteCode)", "sHorizCode sVertCode"},
-    {"Codes", "Design Side Code    (@SideCode)", "sInsideCode sOutsideCode"},
-    {"Codes", "Fly Mode   (@FlyModeCode)", "Fly_bSupport Fly_sOnCode Fly_sOffCode Fly_rMM_Threshold"},
-    {"Codes", "Fly Mode   (@FlyModeCode)|Fly mode OFF code applies to:", "Fly_bForPreceeding Fly_bForFollowing"},
-    {"Codes", "Fly Mode   (@FlyModeCode)|Per tool", "Fly_bUse Fly_rDEG_MaxAngDeviation"},
-
-    {"AxisData", "Axis 1", "bAx1IsRot"},
-    {"AxisData", "Axis 1|Output:", "bRotAxisInDegrees bRotAxisPLinear"},
-    {"AxisData", "Axis 1|Format for inch", "IN_AX1_rFactor IN_AX1_nNDec"},
-    {"AxisData", "Axis 1|Format for mm", "MM_AX1_rFactor MM_AX1_nNDec"},
-    {"AxisData", "Axis 2", "bAx2IsRot"},
-    {"AxisData", "Axis 2|Output:", "bRotAxisInDegrees#2 bRotAxisPLinear#2"},
-    {"AxisData", "Axis 2|Format for inch", "IN_AX2_rFactor IN_AX2_nNDec"},
-    {"AxisData", "Axis 2|Format for mm", "MM_AX2_rFactor MM_AX2_nNDec"},
-    {"AxisData", "Addresses", "bAxisDataModal bStartEndOnBlock"},
-    {"AxisData", "Addresses|Address for axis data", "sAx1Addr sAx2Addr"},
-    {"AxisData", "Addresses|Address for start point data", "sAx1AddrStart sAx2AddrStart"},
-    {"AxisData", "Rotary Radius", "rDefRotRadiusMM"},
-
-    {"ArcData", "Arcs defined by:", "bArcByCen bArcByRad bArcBySub"},
-    {"ArcData", "", "bArcDataModal sRadArcAddr sSubArcAddr rSubArcFactor nSubArcNDec"},
-    {"ArcData", "&Addresses...", "sCenAx1Addr sCenAx2Addr"},
-    {"ArcData", "For CW arcs, positive radius indicates:", "bRadCWArcPosIsShort bRadCWArcPosIsLong"},
-    {"ArcData", "For CCW arcs, positive radius indicates:", "bRadCCWArcPosIsShort bRadCCWArcPosIsLong"},
-    {"ArcData", "&Positive angle is:", "bSubArcPosCW bSubArcPosCCW"},
-    {"ArcData", "Faceting for Large Radii", "rFacetTolMM"},
-    {"ArcData", "Maximum ordinate", "rMaxOrdMM rMaxOrdIN"},
-    {"ArcData", "Faceting for Small Radii", "SmFacet_bUse SmFacet_rMaxRadiusMM SmFacet_rLiftAngleDEG"},
-
-    {"Speed", "Format", "Speed_bModal Speed_bFactor Speed_sFactor Speed_nNDec"},
-    {"Speed", "Format|Output speed as:", "Speed_bAsValue Speed_bAsExpress"},
-    {"Speed", "Number of speed values", "Speed_b1 Speed_b2 Speed_b4"},
-    {"Speed", "Use of speed values", "Speed_bNearest1 Speed_bNearest2"},
-    {"Speed", "Speed parameters", "Speed_sParam1Addr Speed_sParam2Addr"},
-    {"Speed", "Speed parameters|# of parameters:", "Speed_b1Param Speed_b2Params"},
-    {"Speed", "Small radius factor formula",
-     "SRF_rThreshold5MM SRF_rThreshold25MM SRF_rThreshold50MM SRF_rThreshold100MM"},
-    {"Speed", "Per tool|Speed values|Param 1", "Speed_P1_sV1 Speed_P1_sV2 Speed_P1_sV3 Speed_P1_sV4"},
-    {"Speed", "Per tool|Speed values|Param 2", "Speed_P2_sV1 Speed_P2_sV2 Speed_P2_sV3 Speed_P2_sV4"},
-    {"Speed", "Per tool|Arcs", "Speed_bSepForArcs Speed_sForArcs_P1 Speed_sForArcs_P2 Speed_bUseSmallRadiiFormula"},
-
-    {"Text", "", "bUseText"},
-    {"Text", "Text data   (@TextDataWord)", "TextData_sAddr TextData_sFROM_1 TextData_sTO_1"},
-    {"Text", "Text rotation   (@TextRotWord)", "TextRot_sAddr TextRot_rFactor TextRot_nNDec TextRot_bModal"},
-    {"Text", "Text height   (@TextHgtWord)", "TextHgt_sAddr TextHgt_bModal TextHgt_bOutInPts"},
-    {"Text", "Text height   (@TextHgtWord)|Format for inch", "TextHgt_rFactor_in TextHgt_nNDec_in"},
-    {"Text", "Text height   (@TextHgtWord)|Format for metric", "TextHgt_rFactor_mm TextHgt_nNDec_mm"},
-};
+// Those with edits of keys.
+constexpr std::string_view kPagesOfKeys[] = {"General", "Subs",  "Codes",   "AxisData", "ArcData",
+                                             "Speed",   "Tools", "ToolRot", "Text"};
 
 // Keys of which exactly one is true: radio buttons, or entries of a drop-down list.
 struct Choice {
@@ -353,106 +67,37 @@ std::string TrueKeys(const CEditorSession& editor, const std::vector<std::string
     return found;
 }
 
-std::string Printed(double value, int decimals) {
-    std::array<char, 64> text{};
-    std::snprintf(text.data(), text.size(), "%.*f", decimals, value);
-    return text.data();
-}
-
 class EditorPages : public testing::TestWithParam<bool> {
 protected:
     bool inches() const { return GetParam(); }
-    const char* Default(const Expected& row) const {
-        return inches() && row.in_inch_sheet != nullptr ? row.in_inch_sheet : row.by_default;
-    }
-    std::string Word(const Expected& row) const {
-        switch (row.kind) {
-            case kCheck: return "check";
-            case kRadio: return "radio";
-            case kText: return "text";
-            case kInteger: return "integer";
-            case kDecimals: return "decimals";
-            case kEntry: return "entries";
-            default: return "real";
-        }
-    }
-    std::string Shown(const Expected& row) const {
-        const std::string value = Default(row);
-        const int places = inches() ? 3 : 2;
-        const double unit = inches() ? 25.4 : 1.0;
-        switch (row.kind) {
-            case kDecimals: return Printed(std::stod(value) + 1, 0) + " ." + value;
-            case kEntry: return "0 From START point";
-            case kFactor: return Printed(std::stod(value), 6);
-            case kLength: return Printed(std::stod(value) / unit, places);
-            case kSixLength: return Printed(std::stod(value) / unit, 6);
-            case kPlaces: return Printed(std::stod(value), places);
-            default: return value;
-        }
-    }
-    std::string Stored(const Expected& row) const {
-        const std::string key = KeyOf(row);
-        const std::string value = Default(row);
-        switch (row.kind) {
-            case kText: return "TEXT " + key + ' ' + (value.empty() ? "!#EMPTY#!" : value);
-            case kInteger:
-            case kDecimals: return "INT  " + key + ' ' + value;
-            case kCheck:
-            case kRadio:
-            case kEntry: return "BOOL " + key + (value == "1" ? " true" : " false");
-            default: return "REAL " + key + ' ' + Printed(std::stod(value), 9);
-        }
-    }
-    static std::string KeyOf(const Expected& row) { return WithoutPlace(row.key); }
-    static std::string NameOf(const Expected& row) {
-        const std::string key = row.key;
-        if (row.kind == kEntry) return row.label;
-        return key.starts_with("T1_") ? key.substr(3) : key;
-    }
 };
 
 INSTANTIATE_TEST_SUITE_P(Sheets, EditorPages, testing::Bool());
 
-TEST_P(EditorPages, ShowAndStoreTheirDefaults) {
-    CEditorSession empty{"INT nNumOfTools 1"};
-    CEditorSession of_other_kinds{"INT nNumOfTools 1"};
-    for (const Expected& row : kExpected) of_other_kinds.Tune("MULTI " + KeyOf(row) + " NNUL 1");
-    const auto check = [&](CEditorSession& editor, const Expected& row) {
-        SCOPED_TRACE(std::string(row.page) + ' ' + row.key);
-        ASSERT_EQ(editor.toolkit.GoToPage(row.page), "");
-        const CHeadlessControl* const control = editor.toolkit.Find(NameOf(row));
-        ASSERT_NE(control, nullptr);
-        EXPECT_EQ(ClassWord(control->spec().kind), Word(row));
-        EXPECT_EQ(control->Label(), row.label);
-        EXPECT_EQ(control->Value(), Shown(row));
-        EXPECT_EQ(editor.Line(KeyOf(row)), Stored(row));
-    };
-    for (CEditorSession* const editor : {&empty, &of_other_kinds}) {
-        editor->Play({[&] {
-                         for (const Expected& row : kExpected) check(*editor, row);
-                     }},
-                     inches());
-    }
+bool IsNumberEdit(const CHeadlessControl& control) {
+    return control.spec().kind == ControlKind::kInteger || control.spec().kind == ControlKind::kReal;
 }
 
 // Without a session nothing is bound, and so nothing is refused; the two messages warn of a choice.
 TEST_P(EditorPages, WithoutATuningTakeAnything) {
     CListUser user;
     CHeadlessToolkit toolkit{user};
-    const auto use = [&](const Expected& row) {
-        SCOPED_TRACE(std::string(row.page) + ' ' + row.key);
-        ASSERT_EQ(toolkit.GoToPage(row.page), "");
-        CHeadlessControl* const control = toolkit.Find(NameOf(row));
-        ASSERT_NE(control, nullptr);
-        const bool is_edit = row.kind == kText || row.kind == kInteger || row.kind >= kFactor;
-        EXPECT_EQ(is_edit ? control->Value() : "", "");
-        EXPECT_EQ(control->Click(), row.kind == kCheck || row.kind == kRadio);
-        control->Type("0");
-        control->LoseFocus();
-        EXPECT_FALSE(control->Pick(0));
+    const auto use = [](CHeadlessControl& control) {
+        const ControlKind kind = control.spec().kind;
+        SCOPED_TRACE(control.spec().name);
+        EXPECT_EQ(IsNumberEdit(control) || kind == ControlKind::kText ? control.Value() : "", "");
+        EXPECT_EQ(control.Click(), kind == ControlKind::kCheck || kind == ControlKind::kRadio);
+        control.Type("0");
+        control.LoseFocus();
+        EXPECT_FALSE(control.Pick(0));
     };
     user.acts.emplace_back([&] {
-        for (const Expected& row : kExpected) use(row);
+        for (const std::string_view page : kPagesOfKeys) {
+            ASSERT_EQ(toolkit.GoToPage(page), "");
+            for (const auto& control : toolkit.Top()->Controls()) {
+                if (!control->spec().name.empty()) use(*control);
+            }
+        }
         toolkit.GoToPage("Subs");
         EXPECT_TRUE(toolkit.Find("bSubsInAbs")->enabled());  // as with an absolute main program
         toolkit.GoToPage("Speed");
@@ -464,32 +109,37 @@ TEST_P(EditorPages, WithoutATuningTakeAnything) {
     EXPECT_EQ(user.messages, std::vector<std::string>(2, std::string(messages::kNoOffsetWithMirrorOrRotation)));
 }
 
-// Factors can't be zero, and those of axes can't be negative.
+// What a number edit says to -1 and to 0.
+std::vector<std::string> Refusals(const std::string& key) {
+    const bool of_axis = key.find("_AX") != std::string::npos;
+    std::vector<std::string> expected;
+    if (of_axis) expected.emplace_back("Negative values are not allowed.");
+    if (key.find("Factor") != std::string::npos) expected.emplace_back("Zero value not allowed");
+    return expected;
+}
+
 TEST_P(EditorPages, RefuseNumbersThatMakeNoSense) {
     CEditorSession editor{"INT nNumOfTools 1"};
-    const auto check = [&](const Expected& row) {
-        const std::string key = KeyOf(row);
-        const bool no_zero = row.kind == kFactor || key == "SubNum_nMainFactor" || key == "SubNum_nSubFactor";
-        const bool no_negative = row.kind == kFactor && std::string_view(row.page) == "AxisData";
-        std::vector<std::string> expected;
-        if (no_negative) expected.emplace_back("Negative values are not allowed.");
-        if (no_zero) expected.emplace_back("Zero value not allowed");
-        ASSERT_EQ(editor.toolkit.GoToPage(row.page), "");
-        CHeadlessControl* const control = editor.toolkit.Find(NameOf(row));
-        ASSERT_NE(control, nullptr);
+    size_t count = 0;
+    const auto check = [&](CHeadlessControl& control) {
         for (const char* const typed : {"-1", "0"}) {
-            control->Type(typed);
-            control->LoseFocus();
+            control.Type(typed);
+            control.LoseFocus();
         }
-        EXPECT_EQ(editor.user.messages, expected) << key;
+        EXPECT_EQ(editor.user.messages, Refusals(control.spec().name)) << control.spec().name;
         editor.user.messages.clear();
+        ++count;
     };
     editor.Play({[&] {
-                    for (const Expected& row : kExpected) {
-                        if (row.kind >= kFactor || row.kind == kInteger) check(row);
+                    for (const std::string_view page : kPagesOfKeys) {
+                        ASSERT_EQ(editor.toolkit.GoToPage(page), "");
+                        for (const auto& control : editor.toolkit.Top()->Controls()) {
+                            if (IsNumberEdit(*control)) check(*control);
+                        }
                     }
                 }},
                 inches());
+    EXPECT_EQ(count, 42U);
 }
 
 // The headings above a control from the outside in; those without text only keep controls side by side.
@@ -506,15 +156,22 @@ std::string HeadingOf(const CHeadlessControl& control) {
 
 TEST(EditorHeadings, StandAboveTheirControls) {
     CEditorSession editor;
-    editor.Play({[&] {
-        for (const Heading& row : kHeadings) {
-            ASSERT_EQ(editor.toolkit.GoToPage(row.page), "");
-            for (const std::string_view key : KeysOf(row.keys)) {
-                const CHeadlessControl* const control = editor.toolkit.Find(key);
-                ASSERT_NE(control, nullptr) << key;
-                EXPECT_EQ(HeadingOf(*control), row.heading) << key;
-            }
+    const auto check = [&editor](const std::string& line) {
+        std::istringstream fields(line);
+        std::string page, heading, keys;
+        std::getline(std::getline(std::getline(fields, page, '\t'), heading, '\t'), keys);
+        ASSERT_EQ(editor.toolkit.GoToPage(page), "");
+        for (const std::string_view key : KeysOf(keys)) {
+            const CHeadlessControl* const control = editor.toolkit.Find(key);
+            ASSERT_NE(control, nullptr) << key;
+            EXPECT_EQ(HeadingOf(*control), heading) << key;
         }
+    };
+    editor.Play({[&] {
+        std::ifstream file("tests/data/headings.txt");
+        std::string line;
+        ASSERT_TRUE(std::getline(file, line));  // says what the others hold
+        while (std::getline(file, line)) check(line);
     }});
 }
 
@@ -565,18 +222,23 @@ std::string DefaultLine(const KeyInfo& info, const std::string& key, bool inches
 }
 
 TEST_P(EditorPages, TogetherAddExactlyTheDefaultsOfTheCatalogue) {
-    CEditorSession editor{"INT nNumOfTools 1"};
-    editor.VisitAllPages(inches());
-    size_t count = 1;
+    CEditorSession empty{"INT nNumOfTools 1"};
+    CEditorSession of_other_kinds{"INT nNumOfTools 1"};
+    std::vector<std::string> expected;
     for (const KeyInfo& info : KeyCatalogue()) {
         const std::string key = (info.scope == KeyScope::kTool ? "T1_" : "") + std::string(info.name);
-        std::string expected = DefaultLine(info, key, inches());
-        if (key.starts_with("T1_s")) expected.clear();  // codes of interpolation: there are some for all tools
-        if (expected.empty()) continue;
-        EXPECT_EQ(editor.Line(key), expected);
-        ++count;
+        const std::string line = DefaultLine(info, key, inches());
+        // The tool's codes of interpolation are left to those for all tools.
+        if (line.empty() || key.starts_with("T1_s")) continue;
+        of_other_kinds.Tune("MULTI " + key + " NNUL 1");
+        expected.push_back(line);
     }
-    EXPECT_EQ(editor.tuning().items().size(), count);
+    const size_t others = 1;  // the number of tools
+    for (CEditorSession* const editor : {&empty, &of_other_kinds}) {
+        editor->VisitAllPages(inches());
+        for (const std::string& line : expected) EXPECT_EQ(editor->Line(line.substr(5, line.find(' ', 5) - 5)), line);
+        EXPECT_EQ(editor->tuning().items().size(), expected.size() + others);
+    }
 }
 
 // What the editor adds to an example by looking at it changes nothing.

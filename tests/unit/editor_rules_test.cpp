@@ -15,7 +15,6 @@ constexpr const char* kMirrorFields = "!sMirrorX !sMirrorY !sMirrorXY !sMirrorRe
 constexpr const char* kRotationFields = "!SubRot_sAddr !SubRot_rFactor !SubRot_nNDec !SubRot_sCode !SubRot_sResetCode";
 
 const RuleCase kCases[] = {
-    {"General", "", "!nMaxBytes !sBlockDelim !sOpenComment !sCloseComment !nPrimaryTool !bPrimaryToolUseToolOn"},
     {"General", "bUseFileSeg bBlockDelimCus bErrorsAsComments bUsePrimaryTool", ""},
 
     {"Subs", "bUseSubs bUseRotations", kMirrorFields},
@@ -27,16 +26,7 @@ const RuleCase kCases[] = {
      "!SubNum_nSubFactor !SubNum_nTotalOffset"},
     {"Subs", "bUseSubs bUseMirror bUseRotations !bOutModeAbs",
      "!bSubsInAbs !bSubsInInc !bEndSubsAtCen !bEndSubsAtLine"},
-    {"Subs", "",
-     "!bSubsInAbs !bSubsInInc !bOutputSubsAfter !bOutputSubsFirst !SubNum_bUseFormula !SubNum_bUseSequence "
-     "!SubNum_bUseBlockNum !SubNum_nMainOffset !SubNum_nMainFactor !SubNum_nSubOffset !SubNum_nSubFactor "
-     "!SubNum_nTotalOffset !bUseMirror !sMirrorX !sMirrorY !sMirrorXY !sMirrorReset !bUseRotations !SubRot_sAddr "
-     "!SubRot_rFactor !SubRot_nNDec !SubRot_sCode !SubRot_sResetCode !bStartSubsAtCen !bStartSubsAtLine "
-     "!bEndSubsAtCen !bEndSubsAtLine"},
 
-    {"Codes", "",
-     "!Fly_sOnCode !Fly_sOffCode !Fly_bForPreceeding !Fly_bForFollowing !Fly_bUse !Fly_rDEG_MaxAngDeviation "
-     "!Fly_rMM_Threshold"},
     {"Codes", "Fly_bSupport", "!Fly_rDEG_MaxAngDeviation"},
     {"Codes", "Fly_bSupport T1_Fly_bUse bToolDependInterp", ""},
     {"Codes", "Fly_bSupport T1_Fly_bUse bToolDependInterp T1_bToolSubordinate",
@@ -72,10 +62,6 @@ const RuleCase kCases[] = {
      "!Speed_sParam2Addr -Speed_P2_sV1 -Speed_P2_sV2 -Speed_P2_sV3 -Speed_P2_sV4 !Speed_sForArcs_P2"},
 
     {"Text", "bUseText", ""},
-    {"Text", "",
-     "!TextData_sAddr !TextData_sFROM_1 !TextData_sTO_1 !TextRot_sAddr !TextRot_rFactor !TextRot_nNDec "
-     "!TextRot_bModal !TextHgt_sAddr !TextHgt_bModal !TextHgt_bOutInPts !TextHgt_rFactor_in !TextHgt_nNDec_in "
-     "!TextHgt_rFactor_mm !TextHgt_nNDec_mm"},
 };
 
 // The controls that are bound to a key and not open.

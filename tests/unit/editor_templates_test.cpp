@@ -1,20 +1,14 @@
-// What of templates, preview and dialogs no transcript can show: lists of a tool's templates, files, and the exports
-// without windows.
+// What of templates, preview and dialogs no transcript can show: files, and what happens without a tuning or a toolkit.
 #include <gtest/gtest.h>
-
-#include <filesystem>
-#include <fstream>
-#include <sstream>
 
 #include "api/brindle_mgr.h"
 #include "editor/code_preview.h"
 #include "editor/edit_template_dlg.h"
-#include "editor/load_segment_dlg.h"
 #include "editor/params_sheet.h"
-#include "editor/template_list_ctrl.h"
 #include "editor/toolkit/active_toolkit.h"
 #include "unit/editor_user.h"
 #include "unit/host_session.h"
+#include "unit/temp_folder.h"
 
 namespace brindle {
 namespace {
@@ -33,41 +27,6 @@ protected:
     CListUser user_;
     CHeadlessToolkit toolkit_{user_};
 };
-
-TEST_F(EditorDialogs, TemplatesOfAToolHaveColumnsForWhatTheyClear) {
-    Tune("MULTI T2_ToolOn_tTmpl NNUL M3 NNUL G4");
-    Tune("BOOL T2_ToolOn_bClearAbsInc true");
-    Tune("BOOL T2_ToolOn_bTerminiate false");
-    const auto dialog = toolkit_.MakeDialog("Tool");
-    CNCTemplateListCtrl list(toolkit_, dialog->AddTable(PlainSpec(ControlKind::kTable)));
-    list.InitColumns(true);
-    list.AddInfo("No prefix", "");
-    list.AddInfo("Tool On", "T2_ToolOn_");
-    list.AddInfo("Tool Off", "T2_ToolOff_");
-    list.Fill(&session_.tuning, false);
-    list.control().double_clicked.Set([&] { list.EditAtPointer(&session_.tuning); });
-    user_.acts.emplace_back([this] {
-        EXPECT_EQ(Rows("table"), "Tool On\tM3\tY\tN\tY\tN\n\tG4\tN\tN\tY\tN\nTool Off\t\t\t\t\t\n");
-        EXPECT_EQ(toolkit_.DoubleClick("table", {1, 0}), "");
-        // Once its dialog was open, the flags that were absent exist and are true.
-        EXPECT_EQ(Rows("table"), "Tool On\tM3\tY\tY\tN\tY\n\tG4\tN\tY\tN\tY\nTool Off\t\t\t\t\t\n");
-    });
-    user_.acts.emplace_back([this] {
-        EXPECT_EQ(toolkit_.Find("label")->Value(), "Tool On");
-        EXPECT_EQ(toolkit_.Find("multi")->Value(), "M3\r\nG4");
-        EXPECT_EQ(toolkit_.Find("ToolOn_bTerminiate")->Value(), "0");
-        EXPECT_EQ(toolkit_.Find("ToolOn_bClearSpeed")->Value(), "1");
-        EXPECT_EQ(toolkit_.Click("ToolOn_bClearAbsInc"), "");
-        EXPECT_EQ(toolkit_.PressOk(), "");
-    });
-    dialog->RunModal();
-    list.Fill(nullptr, true);
-    list.ClearInfos();
-    list.Fill(&session_.tuning, true);
-    const std::vector<std::string> screen = {"open Tool", "open Edit Template Dialog", "ok Edit Template Dialog",
-                                             "cancel Tool"};
-    EXPECT_EQ(user_.screen, screen);
-}
 
 TEST_F(EditorDialogs, WithoutATuningATemplateCantBeStored) {
     user_.acts.emplace_back([this] { toolkit_.PressOk(); });
@@ -107,16 +66,8 @@ public:
     int closed = 0;
 };
 
-std::string Contents(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
-}
-
 TEST_F(EditorDialogs, SavingTakesThePiecesOutOfTheBuffer) {
-    const std::filesystem::path folder = std::filesystem::path(testing::TempDir()) / "editor_preview";
-    std::filesystem::create_directories(folder);
+    const CTempFolder folder;
     Tune("MULTI FileStart_tTmpl NNUL % NNUL A");
     COwner owner;
     const auto sheet = toolkit_.MakeSheet("Sheet");
@@ -128,43 +79,20 @@ TEST_F(EditorDialogs, SavingTakesThePiecesOutOfTheBuffer) {
     preview.ShowRun(parts_);
     preview.SaveToFile();  // the user cancels
     EXPECT_EQ(user_.file_question, ".txt Text Files (*.txt)|*.txt|All Files (*.*)|*.*||");
-    user_.file = (folder / "missing" / "code.txt").string();
+    user_.file = folder.path() / "missing/code.txt";
     preview.SaveToFile();
     EXPECT_EQ(user_.messages, std::vector<std::string>{"Could not create file: " + *user_.file});
-    user_.file = (folder / "code.txt").string();
+    user_.file = folder.path() / "code.txt";
     preview.SaveToFile();
-    EXPECT_EQ(Contents(*user_.file), "%\r\nA\r\n");
+    EXPECT_EQ(folder.Get("code.txt"), "%\r\nA\r\n");
     EXPECT_FALSE(session_.buffers.CurBufferHasMoreData());
     preview.SaveToFile();
-    EXPECT_EQ(Contents(*user_.file), "");
+    EXPECT_EQ(folder.Get("code.txt"), "");
 
     EXPECT_EQ(toolkit_.Find("list")->Rows().size(), 2U);  // the list shows the trace, which is still there
     EXPECT_EQ(toolkit_.PressClose(), "");
     EXPECT_EQ(owner.closed, 1);
     EXPECT_EQ(toolkit_.Top(), nullptr);
-    std::filesystem::remove_all(folder);
-}
-
-TEST_F(EditorDialogs, AWindowThatIsClosedIsForgottenAndMadeAnew) {
-    CNCParamsSheet sheet(toolkit_, &parts_, false, "Sheet");
-    sheet.AddPages();
-    for (int i = 0; i < 3; ++i) {
-        user_.acts.emplace_back([this] {
-            toolkit_.GoToPage("Templates");
-            toolkit_.Click("Preview...");
-            toolkit_.PressClose();
-        });
-    }
-    EXPECT_FALSE(sheet.RunModal());
-    const std::vector<std::string> screen = {"open Sheet",
-                                             "open NC Code Preview",
-                                             "cancel NC Code Preview",
-                                             "open NC Code Preview",
-                                             "cancel NC Code Preview",
-                                             "open NC Code Preview",
-                                             "cancel NC Code Preview",
-                                             "cancel Sheet"};
-    EXPECT_EQ(user_.screen, screen);
 }
 
 TEST_F(EditorDialogs, APreviewTakesThePagesMark) {
@@ -198,8 +126,6 @@ TEST_F(EditorDialogs, ASheetWithoutASessionEditsNothing) {
     EXPECT_EQ(user_.file_question, "");
 }
 
-// ---- Exports ----
-
 TEST(EditorExports, WithoutAToolkitEndAsCancelled) {
     const CHostSession session;
     SetActiveToolkit(nullptr);
@@ -211,61 +137,6 @@ TEST(EditorExports, WithoutAToolkitEndAsCancelled) {
     GBrn_DisplayRTDataDlg(L"", L"Steel", L"", &chosen);
     EXPECT_EQ(Taken(chosen), "");
     GBrn_DisplayLoadSegmentDialog();
-}
-
-TEST(EditorExports, AKeyThatWasChangedStaysChangedBehindCancel) {
-    CHostSession session;
-    CListUser user;
-    CHeadlessToolkit toolkit(user);
-    SetActiveToolkit(&toolkit);
-    int result = 7;
-    const auto edit = [&](const char* text, bool with_ok) {
-        user.acts.emplace_back([&toolkit] {
-            toolkit.GoToPage("Templates");
-            toolkit.DoubleClick("table", {0, 0});
-        });
-        user.acts.emplace_back([&toolkit, text] {
-            toolkit.Type("multi", text);
-            toolkit.PressOk();
-        });
-        user.acts.emplace_back([&toolkit, with_ok] { with_ok ? toolkit.PressOk() : toolkit.PressCancel(); });
-        GBrn_DisplayTuningDialog(0, L"", &result);
-    };
-    edit("A", false);
-    EXPECT_EQ(result, 0);
-    EXPECT_EQ(session.Run(), "A\r\n");
-    edit("B", true);
-    EXPECT_EQ(result, 1);
-    EXPECT_EQ(session.Run(), "B\r\n");
-    SetActiveToolkit(nullptr);
-}
-
-TEST(EditorExports, ASegmentIsChosenOnlyWhereThereIsAChoice) {
-    CBufferMgr buffers;
-    CListUser user;
-    CHeadlessToolkit toolkit(user);
-    ChooseSegment(toolkit, buffers);
-    buffers.NewBuffer();
-    ChooseSegment(toolkit, buffers);
-    EXPECT_EQ(user.screen.size(), 0U);
-
-    std::string block = "one";
-    buffers.AddToBuffer(block);
-    buffers.NewBuffer();
-    for (const char* const refused : {"0", "3", "-1", "4294967297", "x1", ""}) {
-        user.acts.emplace_back([&toolkit, refused] {
-            toolkit.Type("Segment to output:", refused);
-            toolkit.PressOk();
-        });
-    }
-    user.acts.emplace_back([&] {
-        EXPECT_EQ(user.messages, std::vector<std::string>(6, "Segment must be between 1 and 2"));
-        toolkit.Type("Segment to output:", " 1");
-        toolkit.PressOk();
-    });
-    ChooseSegment(toolkit, buffers);
-    EXPECT_EQ(user.screen.back(), "ok NC Output Load Segment");
-    EXPECT_EQ(buffers.GetOutputBuffer(), "one");
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// The pages of tools: what each control is bound to, how it shows it, and what no transcript can show.
+// What of the pages of tools no transcript can show.
 #include <gtest/gtest.h>
 
 #include "api/brindle_mgr.h"
@@ -11,82 +11,6 @@
 
 namespace brindle {
 namespace {
-
-using enum ControlKind;
-
-enum Unit { kNoUnit, kSheetUnit };
-
-struct BoundRow {
-    const char* label;
-    const char* key;
-    ControlKind kind;
-    const char* stored;  // the default, as a line of the tuning has it
-    const char* shown_mm;
-    const char* shown_inch;
-    Unit unit = kNoUnit;
-};
-
-constexpr BoundRow kToolRows[] = {
-    {"&Tool down/on after tool selection", "bOnAfterSelect", kCheck, "false", "0", "0"},
-    {"&Up/off required before deselection", "bOffReqBeforeDesel", kCheck, "true", "1", "1"},
-    {"&Tangential tool", "bTangential", kCheck, "false", "0", "0"},
-    {"180 &Symmetry", "b180Symmetry", kCheck, "false", "0", "0"},
-    {"&Lift angle:", "rLiftAngDEG", kReal, "0.000000000", "0.00", "0.000"},
-    {"&Facet small radii", "SmFacet_bUse", kCheck, "false", "0", "0"},
-    {"&Less than:", "SmFacet_rMaxRadiusMM", kReal, "0.000000000", "0.00", "0.000", kSheetUnit},
-    {"&Deviation angle:", "SmFacet_rLiftAngleDEG", kReal, "0.000000000", "0.00", "0.000"},
-    {"Minimum move &distance for: tool up/off:", "rMinMoveMM", kReal, "0.000000000", "0.00", "0.000", kSheetUnit},
-    {"Tool &offset done by software", "ToolOff_bUse", kCheck, "false", "0", "0"},
-    {"Axis &1:", "ToolOff_rAxis1MM", kReal, "0.000000000", "0.00", "0.000", kSheetUnit},
-    {"Axis &2:", "ToolOff_rAxis2MM", kReal, "0.000000000", "0.00", "0.000", kSheetUnit},
-    {"&Use fly mode", "Fly_bUse", kCheck, "false", "0", "0"},
-    {"For &devation angle <=", "Fly_rDEG_MaxAngDeviation", kReal, "10.000000000", "10.00", "10.000"},
-    {"Param 1", "Speed_P1_sV1", kText, "!#EMPTY#!", "", ""},
-    {"Param 1", "Speed_P1_sV2", kText, "!#EMPTY#!", "", ""},
-    {"Param 1", "Speed_P1_sV3", kText, "!#EMPTY#!", "", ""},
-    {"Param 1", "Speed_P1_sV4", kText, "!#EMPTY#!", "", ""},
-    {"Param 2", "Speed_P2_sV1", kText, "!#EMPTY#!", "", ""},
-    {"Param 2", "Speed_P2_sV2", kText, "!#EMPTY#!", "", ""},
-    {"Param 2", "Speed_P2_sV3", kText, "!#EMPTY#!", "", ""},
-    {"Param 2", "Speed_P2_sV4", kText, "!#EMPTY#!", "", ""},
-    {"&Use separate speed for arcs", "Speed_bSepForArcs", kCheck, "false", "0", "0"},
-    {"Param 1", "Speed_sForArcs_P1", kText, "!#EMPTY#!", "", ""},
-    {"Param 2", "Speed_sForArcs_P2", kText, "!#EMPTY#!", "", ""},
-    {"&Use small radii factor formula", "Speed_bUseSmallRadiiFormula", kCheck, "false", "0", "0"},
-};
-
-constexpr BoundRow kRotationRows[] = {
-    {"&Address:", "ToolRot_sAddr", kText, "!#EMPTY#!", "", ""},
-    {"&Factor by:", "ToolRot_rFactor", kReal, "1.000000000", "1.000000", "1.000000"},
-    {"&Round to:", "ToolRot_nNDec", kDecimals, "2", "3 .2", "3 .2"},
-    {"Modal", "ToolRot_bModal", kCheck, "false", "0", "0"},
-    {"&CW", "ToolRot_bPosIsCW", kRadio, "false", "0", "0"},
-    {"CC&W", "ToolRot_bPosIsCCW", kRadio, "true", "1", "1"},
-    {"&Measure angles from:", "ToolRot_rDEG_Offset", kReal, "0.000000000", "0.00", "0.000"},
-    {"Always &absolute", "ToolRot_bAlwaysAbs", kCheck, "false", "0", "0"},
-    {"Sign indicates &direction of travel", "ToolRot_bUseSign", kCheck, "false", "0", "0"},
-    {"Aux. Code 1:", "sTangAuxCode1", kText, "!#EMPTY#!", "", ""},
-    {"Aux. Code 2:", "sTangAuxCode2", kText, "!#EMPTY#!", "", ""},
-};
-
-constexpr BoundRow kToolRotationRows[] = {
-    {"&Tangential tool", "bTangential", kCheck, "false", "0", "0"},
-    {"180 &Symmetry", "b180Symmetry", kCheck, "false", "0", "0"},
-    {"&Lift angle:", "rLiftAngDEG", kReal, "0.000000000", "0.000000", "0.000000"},
-};
-
-struct ToolCase {
-    const char* prefix;
-    const char* tuning;
-    bool inches;
-};
-
-constexpr ToolCase kToolCases[] = {
-    {"T1_", "INT nNumOfTools 1", false},
-    {"T1_", "INT nNumOfTools 1", true},
-    {"T_", "BOOL bDefaultTool true", false},
-    {"T_", "BOOL bDefaultTool true", true},
-};
 
 class EditorTools : public testing::Test {
 protected:
@@ -106,20 +30,6 @@ protected:
         user_.acts.emplace_back([&acts, &page] { acts(page); });
         sheet.RunModal();
     }
-    void ExpectRows(std::span<const BoundRow> rows, const std::string& prefix, bool inches) const {
-        for (const BoundRow& row : rows) {
-            const CHeadlessControl* const control = toolkit_.Find(row.key);
-            ASSERT_NE(control, nullptr) << row.key;
-            EXPECT_EQ(control->Label(), row.label) << row.key;
-            EXPECT_EQ(control->spec().kind, row.kind) << row.key;
-            EXPECT_EQ(control->Value(), inches ? row.shown_inch : row.shown_mm) << row.key;
-            EXPECT_EQ(Stored(prefix + row.key), row.stored) << prefix << row.key;
-        }
-    }
-    size_t CountOfBoundControls() const {
-        return static_cast<size_t>(std::ranges::count_if(
-            toolkit_.Top()->Controls(), [](const auto& control) { return !control->spec().name.empty(); }));
-    }
     size_t CountOfEntries(std::string_view list) const { return toolkit_.Find(list)->Rows().size(); }
 
     CBrindleMgr session_;
@@ -128,69 +38,32 @@ protected:
     CHeadlessToolkit toolkit_{user_};
 };
 
-// ---- Bindings ----
-
-TEST_F(EditorTools, ControlsOfAToolShowAndStoreTheirDefaults) {
-    for (const auto& [prefix, tuning, inches] : kToolCases) {
-        session_.tuning.ClearItems();
-        Tune(tuning);
-        OnPage<CNCParamsToolData>(inches, [&](CNCParamsToolData&) {
-            ExpectRows(kToolRows, prefix, inches);
-            EXPECT_EQ(toolkit_.Find("units")->Value(), inches ? "in." : "mm.");
-            EXPECT_EQ(CountOfBoundControls(), std::size(kToolRows) + 1);
-        });
-        const std::string tool = prefix;
-        EXPECT_EQ(Stored(tool + "bToolTool"), "true");
-        EXPECT_EQ(Stored(tool + "bToolSubordinate"), "false");
-        EXPECT_EQ(Stored(tool + "bToolUnused"), "false");
-        EXPECT_EQ(Stored("bDefaultTool"), tool == "T_" ? "true" : "false");
-        const size_t counts = tool == "T_" ? 0 : 1;
-        EXPECT_EQ(session_.tuning.items().size(), std::size(kToolRows) + 4 + counts);  // and nothing else
-    }
-}
-
-TEST_F(EditorTools, ControlsOfRotationShowAndStoreTheirDefaults) {
-    for (const auto& [prefix, tuning, inches] : kToolCases) {
-        session_.tuning.ClearItems();
-        Tune(tuning);
-        OnPage<CNCParamsToolRot>(inches, [&](CNCParamsToolRot&) {
-            ExpectRows(kRotationRows, "", inches);
-            ExpectRows(kToolRotationRows, prefix, inches);
-            EXPECT_EQ(CountOfBoundControls(), std::size(kRotationRows) + std::size(kToolRotationRows));
-        });
-        EXPECT_EQ(session_.tuning.items().size(), std::size(kRotationRows) + std::size(kToolRotationRows) + 1);
-    }
-}
-
 TEST_F(EditorTools, LengthsAreInTheUnitOfTheSheetAndAnglesAreNot) {
+    const std::string lengths[] = {"SmFacet_rMaxRadiusMM", "rMinMoveMM", "ToolOff_rAxis1MM", "ToolOff_rAxis2MM"};
+    const std::string angles[] = {"rLiftAngDEG", "SmFacet_rLiftAngleDEG", "Fly_rDEG_MaxAngDeviation"};
+    const auto edit = [this](const std::string& key, const char* shown, const char* stored) {
+        EXPECT_EQ(toolkit_.Find(key)->Value(), shown) << key;
+        EXPECT_EQ(toolkit_.Type(key, "-2"), "");
+        toolkit_.Leave();
+        EXPECT_EQ(Stored("T1_" + key), stored);
+    };
     for (const bool inches : {false, true}) {
-        session_.tuning.ClearItems();
         for (const char* const line :
              {"INT nNumOfTools 1", "BOOL Fly_bSupport true", "BOOL T1_Fly_bUse true", "BOOL T1_bTangential true",
               "BOOL T1_SmFacet_bUse true", "BOOL T1_ToolOff_bUse true"}) {
             Tune(line);
         }
-        for (const BoundRow& row : kToolRows) {
-            if (row.kind == kReal) session_.tuning.SetReal(std::string("T1_") + row.key, 25.4);
-        }
+        for (const std::string& key : lengths) Tune("REAL T1_" + key + " 25.4");
+        for (const std::string& key : angles) Tune("REAL T1_" + key + " 25.4");
         OnPage<CNCParamsToolData>(inches, [&](CNCParamsToolData&) {
-            for (const BoundRow& row : kToolRows) {
-                if (row.kind != kReal) continue;
-                const bool converted = inches && row.unit == kSheetUnit;
-                EXPECT_EQ(toolkit_.Find(row.key)->Value(), converted ? "1.000"
-                                                           : inches  ? "25.400"
-                                                                     : "25.40")
-                    << row.key;
-                EXPECT_EQ(toolkit_.Type(row.key, "-2"), "");
-                toolkit_.Leave();
-                EXPECT_EQ(Stored(std::string("T1_") + row.key), converted ? "-50.800000000" : "-2.000000000");
+            for (const std::string& key : lengths) {
+                edit(key, inches ? "1.000" : "25.40", inches ? "-50.800000000" : "-2.000000000");
             }
+            for (const std::string& key : angles) edit(key, inches ? "25.400" : "25.40", "-2.000000000");
         });
     }
     EXPECT_TRUE(user_.messages.empty());
 }
-
-// ---- Tools ----
 
 TEST_F(EditorTools, ATuningMayClaimAnyNumberOfTools) {
     Tune("INT nNumOfTools 2000000000");
@@ -284,8 +157,6 @@ TEST_F(EditorTools, WithoutATuningNothingHappens) {
     const std::vector<std::string> screen = {"open Sheet", "cancel Sheet"};
     EXPECT_EQ(user_.screen, screen);
 }
-
-// ---- All options of all tools ----
 
 TEST_F(EditorTools, AllOptionsCanBeListedByToolAndByOption) {
     for (const char* const line :

@@ -33,16 +33,17 @@ void COutputRun::OutputFile() {
     SettleComments();
     TakeSettings();
     ResetController();
+    run_.controller.SetTransform(run_.PlaneTransform());
     run_.settings.segment_reserve = segments_.MeasureSegmentEnd();
     ResetController();
-    run_.controller.SetTransform(run_.PlaneTransform());
     executor_.ExecuteTemplate(run_.file_start);
     OutputPrograms();
     executor_.ExecuteTemplate(run_.file_end);
 }
 
-// The opener is in force while the closer is being resolved.
+// The opener is in force while the closer is being resolved. Neither sees what the run before wrote last.
 void COutputRun::SettleComments() {
+    run_.state.ClearModalWords();
     RunSettings& settings = run_.settings;
     settings.errors_as_comments = run_.options.blocks.errors_as_comments;
     settings.open_comment.clear();

@@ -21,6 +21,24 @@ bool IsCalendarTime(int32_t year, int32_t month, int32_t day, int32_t hour, int3
            IsWithin(minute, 0, 59) && IsWithin(second, 0, 59);
 }
 
+// How far the local clock is ahead of UTC at that time, in seconds.
+int64_t OffsetAt(int64_t seconds) {
+    const std::time_t time = static_cast<std::time_t>(seconds);
+    std::tm local = {};
+    return localtime_r(&time, &local) ? local.tm_gmtoff : 0;
+}
+
+// The time at which the local clock shows what the clock of UTC shows at `clock`. Of two such times it is the earlier
+// one; where the clock leaps over them, the time since the leap counts. mktime would choose by what it was asked
+// before.
+int64_t TimeOfLocalClock(int64_t clock) {
+    constexpr int64_t kDay = 86400;
+    const int64_t before = OffsetAt(clock - kDay);
+    const int64_t after = OffsetAt(clock + kDay);
+    if (OffsetAt(clock - before) == before) return clock - before;
+    return OffsetAt(clock - after) == after ? clock - after : clock - before;
+}
+
 // A field of the text, with its separator in front.
 std::string Field(int value) { return std::string(value < 10 ? "_0" : "_").append(std::to_string(value)); }
 
@@ -55,8 +73,8 @@ int64_t ParseTimeStamp(std::string_view text) {
     local.tm_hour = hour;
     local.tm_min = minute;
     local.tm_sec = second;
-    local.tm_isdst = -1;
-    return std::mktime(&local);
+    tzset();
+    return TimeOfLocalClock(timegm(&local));
 }
 
 }  // namespace brindle

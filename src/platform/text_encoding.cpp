@@ -75,4 +75,11 @@ std::wstring NarrowToWide(std::string_view text) {
     return wide;
 }
 
+std::string AsUtf8(std::string_view text) {
+    std::string valid;
+    valid.reserve(text.size());
+    while (!text.empty()) AppendUtf8(valid, TakeCharacter(text));
+    return valid;
+}
+
 }  // namespace brindle

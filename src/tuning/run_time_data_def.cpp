@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "platform/local_time.h"
+#include "platform/text_encoding.h"
 #include "platform/text_file.h"
 #include "text/ascii.h"
 #include "text/numbers.h"
@@ -194,7 +195,8 @@ bool CRunTimeDataDef::ReadFromFile(const std::string& path, ReadMode mode) {
     datasets_.Clear();
     const std::optional<std::string> text = ReadWholeFile(path);
     if (!text) return false;
-    for (const std::string_view line : SplitLines(*text)) ReadLine(line, mode);
+    // Names and expressions go out to the host, which gives them back as characters.
+    for (const std::string_view line : SplitLines(*text)) ReadLine(AsUtf8(line), mode);
     return true;
 }
 

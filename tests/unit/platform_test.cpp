@@ -147,10 +147,23 @@ TEST(LocalTime, RoundTrip) {
             ASSERT_LE(std::abs(ParseTimeStamp(text) - seconds), 3600) << name;
         }
     }
-    // The hour that a spring leaves out is some time near.
-    SetZone("CET-1CEST,M3.5.0,M10.5.0/3");
-    EXPECT_NEAR(static_cast<double>(ParseTimeStamp("2024_03_31_02_30_00")), 1711848600.0, 3600.0);
     EXPECT_GT(Now(), 1700000000);
+}
+
+// Whatever was asked before: the hour that an autumn repeats is the first one, that which a spring leaves out counts
+// on.
+TEST(LocalTime, ChangesOfTheClock) {
+    SetZone("CET-1CEST,M3.5.0,M10.5.0/3");
+    const std::pair<const char*, int64_t> rows[] = {
+        {"2024_10_27_01_59_59", 1729987199}, {"2024_10_27_02_00_00", 1729987200}, {"2024_10_27_02_59_59", 1729990799},
+        {"2024_10_27_03_00_00", 1729994400}, {"2024_03_31_01_59_59", 1711846799}, {"2024_03_31_02_30_00", 1711848600},
+        {"2024_03_31_03_00_00", 1711846800}};
+    for (const char* const before : {"2024_07_01_00_00_00", "2024_12_01_00_00_00"}) {
+        for (const auto& [text, seconds] : rows) {
+            EXPECT_NE(ParseTimeStamp(before), 0);
+            EXPECT_EQ(ParseTimeStamp(text), seconds) << text << " after " << before;
+        }
+    }
 }
 
 TEST(TextFile, Lines) {

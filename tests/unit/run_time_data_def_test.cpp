@@ -202,6 +202,11 @@ TEST(RunTimeDataDef, ReadsFiles) {
     EXPECT_EQ(Dump(definition.def.pending_expressions()), Lines{"REAL a 0.000000000 "});
     EXPECT_EQ(definition.def.expression_values().items().size(), 0U);
 
+    // A file that is no UTF-8: the host will ask for the dataset with the character that it was given.
+    std::ofstream(path, std::ios::binary) << "DATASETDEF Gr\xFCn";
+    EXPECT_TRUE(definition.def.ReadFromFile(path, Mode::kCollect));
+    EXPECT_EQ(definition.Written(), Lines{"DATASETDEF Gr\xC3\xBCn"});
+
     std::remove(path.c_str());
     EXPECT_FALSE(definition.def.ReadFromFile(path, Mode::kCollect));
     EXPECT_EQ(definition.Written(), Lines{});

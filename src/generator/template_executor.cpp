@@ -64,7 +64,7 @@ void CTemplateExecutor::ExecuteLine(const CompiledLine& line, bool terminate) {
         block_ += text_;
     }
     if (!terminate) {
-        pending = block_;
+        pending.swap(block_);  // copies would make a block of many lines quadratic
         return;
     }
     WriteBlock(block_);

@@ -53,10 +53,16 @@ bool CTextResolver::MayRead(const OptionText& option) {
 }
 
 void CTextResolver::AddBlockDelimiter(std::string& block) {
-    if (!run_.options.blocks.standard_delimiter) return AppendText(run_.options.blocks.delimiter, block);
-    // Ready characters where they come to the same: a block with character codes of its own is expanded as a whole
-    // later.
-    block += block.find("chr(") == std::string::npos ? kLineEnd : kLineEndCodes;
+    OptionText& custom = run_.options.blocks.delimiter;
+    if (run_.options.blocks.standard_delimiter) {
+        // Ready characters where they come to the same: a block with character codes of its own is expanded as a whole
+        // later.
+        block += block.find("chr(") == std::string::npos ? kLineEnd : kLineEndCodes;
+    } else if (custom.text.is_constant()) {
+        block += custom.text.constant();  // ends the message that no more texts may be read, too
+    } else {
+        AppendText(custom, block);
+    }
 }
 
 void CTextResolver::ReportError(std::string_view message) {

@@ -68,6 +68,16 @@ TEST_F(Explosions, AMillionCallsOfOneProgram) {
     }
 }
 
+TEST_F(Explosions, ABlockOfHalfAMillionLines) {
+    constexpr size_t kLines = 500000;
+    CHostSession session(Tuning(true));
+    session.Tune("BOOL Line_bTerminiate false");
+    session.Tune("MULTI FileEnd_tTmpl NNUL end");
+    GBrn_StartMain(L"M", 0.0, 0.0, 1, 1);
+    for (size_t i = 0; i < kLines; ++i) session.Line(0.0, 0.0, 1.0, 0.0);
+    EXPECT_EQ(session.Run(), std::string(kLines, 'L') + "end\r\n");
+}
+
 // Words that begin and never end, as the text of a template, of an option that it reads, and of a run-time value.
 TEST_F(Explosions, TextsOfMegabytes) {
     for (const std::string part :

@@ -65,6 +65,8 @@ TEST(GuardsTest, OneReadOfAnOptionTextReadsTenThousandOthers) {
     tuning.push_back("TEXT sInsideCode " + Repeated("<@GrainCode>", 25));
     tuning.push_back("TEXT sHorizCode " + Repeated("<@UnitsCode[NONMODAL]>", 25));
     tuning.push_back("TEXT sMetricCode #");
+    tuning.push_back("BOOL bBlockDelimStd false");
+    tuning.push_back("TEXT sBlockDelim |");
     tuning.push_back("MULTI FileStart_tTmpl NNUL <@MainProgNum> NNUL <@MainProgNum>");
     CHostSession session(tuning);
     const std::string text = session.Run();
@@ -72,6 +74,7 @@ TEST(GuardsTest, OneReadOfAnOptionTextReadsTenThousandOthers) {
     EXPECT_NEAR(static_cast<double>(std::count(text.begin(), text.end(), '#')), 2 * 9599.0, 4.0);
     EXPECT_GT(CountOf(text, "(Could not evaluate: sHorizCode)"), 0U);
     EXPECT_LT(CountOf(text, "(Could not evaluate"), 2U * 3U * 25U);
+    EXPECT_EQ(CountOf(text, ")|"), CountOf(text, "(Could not evaluate")) << "each message is a block of its own";
 }
 
 // Option texts of which each reads the next one.

@@ -20,6 +20,7 @@ use several processes, as examples/python/post_folder.py does. A Host belongs to
 The library is found, in this order, at the path given to Host, at that of the environment variable BRINDLE_LIBRARY,
 beside this file, and where the system looks for libraries.
 """
+import collections
 import ctypes
 import dataclasses
 import math
@@ -32,7 +33,7 @@ __all__ = ["BrindleError", "LibraryMissing", "HostInUse", "InputError", "RunErro
 _LIBRARY_NAME = "libBrindleDrv.so"
 _SONAME = "libBrindleDrv.so.1"
 
-# The arguments of the exports in use: h short, i int, d double, t text; in capitals the same as results.
+# The arguments of the exports in use: h short, i flag, d double, t text; in capitals results, I an int.
 _EXPORTS = {
     "GBrn_Clear": "",
     "GBrn_SetTuningFileName": "t",
@@ -95,7 +96,7 @@ class InputError(BrindleError):
 
 
 class RunError(BrindleError):
-    """A run that reported something; `messages` are the library's messages, in order."""
+    """A run that has messages; `messages` are those of Host.messages()."""
 
     def __init__(self, messages):
         super().__init__("\n".join(messages))
@@ -142,18 +143,36 @@ def _open_library(path):
 
 
 def _argument(code, value):
-    """`value` as the library takes it: what would arrive as something else is a ValueError here."""
+    """`value` as the library takes it: what would arrive as something else is a ValueError or TypeError here."""
     if code == "t":
+        if not isinstance(value, str):
+            raise TypeError(f"not a text: {value!r}")
         if "\0" in value:
             raise ValueError(f"text with a NUL character: {value!r}")
         return value
+    if code == "i":
+        return int(bool(value))
+    try:
+        finite = math.isfinite(value)
+    except TypeError:
+        raise TypeError(f"not a number: {value!r}") from None
+    except OverflowError:
+        finite = False
+    if not finite:
+        raise ValueError(f"not a finite number: {value}")
     if code == "d":
-        if not math.isfinite(value):
-            raise ValueError(f"not a finite number: {value}")
         return float(value)
-    if code == "h" and not -32768 <= value <= 32767:
-        raise ValueError(f"not a number of 16 bits: {value}")
+    if value != int(value) or not -32768 <= value <= 32767:
+        raise ValueError(f"not a whole number of 16 bits: {value}")
     return int(value)
+
+
+def _point(value):
+    try:
+        x, y = value
+    except (TypeError, ValueError) as error:
+        raise type(error)(f"not a pair (x, y): {value!r}") from None
+    return x, y
 
 
 # ---- Text ----
@@ -194,6 +213,90 @@ def _name(path):
     return os.path.basename(os.fspath(path))
 
 
+# ---- What a run leaves out in silence ----
+
+_DEFINITION_WORDS = {"UPD", "ROW", "COL", "MSG", "DATASETDEF", "DSD"}
+
+
+class _Records:
+    """What a run can leave out in silence: lines and arcs by tool, and calls by the program called."""
+
+    def __init__(self, main_name=None):
+        self.programs = set() if main_name is None else {main_name}
+        self.tools = collections.Counter()
+        self.calls = collections.Counter()
+
+    def start_sub(self, name):
+        self.programs.add(name)
+
+    def add_cut(self, tool):
+        # Before the first program the library drops what comes.
+        if self.programs:
+            self.tools[int(tool)] += 1
+
+    def add_call(self, name):
+        if self.programs:
+            self.calls[name] += 1
+
+
+def _records_of_drawing(lines):
+    """The records that the library takes from a CFF2 drawing; None without a main program."""
+    records, main_name, has_main = _Records(), "", False
+    rest = iter(lines)
+    for line in rest:
+        words = re.findall("[^ \t,]+", line)
+        count = len(words)
+        if count < 2:
+            continue
+        kind = words[0]
+        if kind.upper() == "MAIN":
+            main_name = words[1]
+        elif kind == "UR" and count >= 3:
+            records, has_main = _Records(main_name), True
+        elif kind == "SUB":
+            records.start_sub(words[1])
+        elif kind == "C" and count >= 7:
+            records.add_call(words[1])
+        elif kind == "T":
+            next(rest, None)  # the text itself, which may look like a record
+        elif (kind == "L" and count >= 10) or (kind == "A" and count >= 13):
+            number = re.match("[+-]?[0-9]+", words[2])
+            records.add_cut(ctypes.c_short(int(number[0]) if number else 0).value)
+    return records if has_main else None
+
+
+def _words(line):
+    """The words of a line of a definition; quoted ones stay whole."""
+    return re.findall("\"[^\"]*\"?|'[^']*'?|[^ ]+", line.replace("\t", " "))
+
+
+def _unescaped(word):
+    return word.replace("!#SP#!", " ").replace("!#EMPTY#!", "")
+
+
+def _open_expressions(lines, has_value):
+    """The expressions of a definition that have no value: for each dataset by the run-time data word that needs it."""
+    datasets = {}
+    for line in lines:
+        words = _words(line)
+        if len(words) >= 2 and words[0] == "DATASETDEF":
+            datasets.setdefault(_unescaped(words[1]), {})
+        if len(words) < 5 or words[0] != "DSD" or _unescaped(words[1]) not in datasets:
+            continue
+        expression = _unescaped(words[4])
+        is_open = words[2].upper() in ("R_EXPR", "T_EXPR") and expression and not has_value(expression)
+        datasets[_unescaped(words[1])][words[3]] = expression if is_open else ""
+    return datasets
+
+
+def _is_number(text):
+    return re.fullmatch(r"[+-]?([0-9]+\.?[0-9]*|\.[0-9]+)([eE][+-]?[0-9]+)?", text) is not None
+
+
+def _counted(count, noun):
+    return f"{count} {noun}" if count == 1 else f"{count} {noun}s"
+
+
 class Host:
     """The session of this process: give it a tuning and geometry, run it, and take the NC text.
 
@@ -201,7 +304,8 @@ class Host:
     libBrindleDrv.so, if it is not where this module looks for it.
 
     A program must be started before geometry is added; start_main() drops all geometry. Tuning, job data and geometry
-    stay for further runs. Arguments that the library could not take as they are raise ValueError.
+    stay for further runs. Arguments that the library could not take as they are raise ValueError, those of a wrong type
+    TypeError.
     """
 
     _live_in = None  # the process that has a live Host
@@ -210,7 +314,10 @@ class Host:
         if Host._live_in == os.getpid():
             raise HostInUse("the library has one session in a process: close the other Host first")
         self._library = _open_library(library)
-        self._tuning_lines = []
+        self._item_lines = []
+        self._open_expressions = {}
+        self._dataset = ""
+        self._records = _Records()
         Host._live_in = os.getpid()
         self._call("GBrn_Clear")
         self._dwell_marker = self._call("GBrn_GetIODwellStr")
@@ -235,22 +342,29 @@ class Host:
         self.read_tuning(_decoded(_read(path)), expressions, os.fspath(path))
 
     def read_tuning(self, text, expressions=(), path="tuning"):
-        """Takes a tuning, one item a line, in the place of the tuning. Lines that are no item are dropped.
+        """Takes a tuning, one item a line, in the place of the tuning and its run-time data; geometry stays.
 
-        `expressions` maps expressions of the tuning's run-time data to their values, texts or numbers. `path` is for
-        messages, and its last part for NC text.
+        Lines that can't be understood are dropped in silence: `brindle check` tells them. `expressions` maps
+        expressions of the tuning's run-time data to their values, texts or numbers. `path` is for messages, and its
+        last part for NC text.
         """
         lines = _lines(text)
+        values = {expression: str(value) for expression, value in dict(expressions).items()}
         for number, line in enumerate(lines, 1):
             if "\0" in line:
                 raise InputError(f"{path}:{number}: the line holds a NUL character: this is no tuning")
         self._call("GBrn_ClearTuning")
-        for expression, value in dict(expressions).items():
-            self._call("GBrn_SetRTDExprValue", expression, str(value))
+        # The definition of the tuning before stays, and so does its date: an empty one takes its place.
+        self._call("GBrn_ReadRTDDefFromFile", os.devnull)
+        self._call("GBrn_ReadTuneLine", "UPD 0")
+        for expression, value in values.items():
+            self._call("GBrn_SetRTDExprValue", expression, value)
         for line in lines:
             self._call("GBrn_ReadTuneLine", line)
         self._call("GBrn_SetTuningFileName", _name(path))
-        self._tuning_lines = lines
+        self._item_lines = [line for line in lines if not _DEFINITION_WORDS.intersection(_words(line)[:1])]
+        # Without a value an expression stands for itself, which is right for a number.
+        self._open_expressions = _open_expressions(lines, lambda text: text in values or _is_number(text))
 
     def tuning(self):
         """The tuning as the library holds it, one item a line."""
@@ -262,8 +376,9 @@ class Host:
         `value_of(expression, is_text)` is asked for the value of each expression that the file has; None leaves the
         expression without one.
         """
-        _read(path)
+        lines = _lines(_decoded(_read(path)))
         path = _library_path(path)
+        values = {}
         self._call("GBrn_ReadRTDDefFromFile", path)
         while True:
             expression, is_text = self._call("GBrn_GetNextRTDExpr")
@@ -271,8 +386,10 @@ class Host:
                 break
             value = value_of(expression, bool(is_text))
             if value is not None:
-                self._call("GBrn_SetRTDExprValue", expression, str(value))
+                values[expression] = str(value)
+                self._call("GBrn_SetRTDExprValue", expression, values[expression])
         self._call("GBrn_UpdateDefaultValuesForExpressions", path)
+        self._open_expressions = _open_expressions(lines, values.__contains__)
 
     # ---- Job data ----
 
@@ -288,7 +405,7 @@ class Host:
         rotary_radius: of the rotary axis, in the host's units: millimetres, or inches if they are set by now
         tile: other than 0, the main program alone is output, with its calls expanded
         tuning_name, drawing_name, output_name, material: names of files, for the NC text
-        dataset: the dataset of run-time data to use, by default the first
+        dataset: the dataset of run-time data to use, by default and if empty the first
         tuning_pick: the name under which the user's values of run-time data are stored
         """
         texts = {"Date": date, "Time": time, "TuningFileName": tuning_name, "FileName": drawing_name,
@@ -301,10 +418,12 @@ class Host:
             self._call("GBrn_SetAutoUnitsToInches", inches)
         if rotary_radius is not None:
             self._call("GBrn_SetRotaryRadius", rotary_radius)
+        if dataset is not None:
+            self._dataset = dataset
         if blank is not None:
-            self._call("GBrn_SetBlankSize", *blank)
+            self._call("GBrn_SetBlankSize", *_point(blank))
         if final_position is not None:
-            self._call("GBrn_SetFinalPosition", *final_position)
+            self._call("GBrn_SetFinalPosition", *_point(final_position))
         if tile is not None:
             self._call("GBrn_SetTileToOutput", tile)
 
@@ -316,11 +435,13 @@ class Host:
         `center` is that of the program's bounding box, mm. `inside` tells that the job is seen from the inside of the
         board, `horizontal` that its grain is horizontal, for tunings that print them.
         """
-        self._call("GBrn_StartMain", name, *center, inside, horizontal)
+        self._call("GBrn_StartMain", name, *_point(center), inside, horizontal)
+        self._records = _Records(name)
 
     def start_sub(self, name, center=(0.0, 0.0), inside=False, horizontal=False):
         """Starts a sub-program, behind the main program; add_call() places it."""
-        self._call("GBrn_StartSub", name, *center, inside, horizontal)
+        self._call("GBrn_StartSub", name, *_point(center), inside, horizontal)
+        self._records.start_sub(name)
 
     def add_line(self, tool, start, end, *, line_type=None, width=0.0, bridge_width=0.0, bridges=0):
         """Adds a line from `start` to `end`, mm.
@@ -329,47 +450,54 @@ class Host:
         width: of the cut, mm
         bridge_width, bridges: width of a bridge, mm, and how many there are
         """
-        self._call("GBrn_AddLine", tool, _type(line_type, tool), width, *start, *end, bridge_width, bridges)
+        self._call("GBrn_AddLine", tool, _type(line_type, tool), width, *_point(start), *_point(end), bridge_width,
+                   bridges)
+        self._records.add_cut(tool)
 
     def add_arc(self, tool, start, end, center, *, clockwise=False, line_type=None, width=0.0, bridge_width=0.0,
                 bridges=0):
         """Adds an arc around `center`, mm; one that ends where it starts is a full circle."""
+        start, center = ([_argument("d", value) for value in _point(point)] for point in (start, center))
         radius = math.dist(start, center)
-        self._call("GBrn_AddArc", tool, _type(line_type, tool), width, *start, *end, *center,
+        self._call("GBrn_AddArc", tool, _type(line_type, tool), width, *start, *_point(end), *center,
                    radius if clockwise else -radius, bridge_width, bridges)
+        self._records.add_cut(tool)
 
     def add_text(self, tool, text, start, end, height, *, rotation=0.0, line_type=None):
         """Adds a text to the main program, from `start` to `end`, `height` mm high, rotated by `rotation` radians.
 
         While a sub-program is current it is dropped.
         """
-        self._call("GBrn_AddText", tool, _type(line_type, tool), *start, *end, 0.0, rotation, 0.0, 0.0, height, text)
+        self._call("GBrn_AddText", tool, _type(line_type, tool), *_point(start), *_point(end), 0.0, rotation, 0.0, 0.0,
+                   height, text)
 
     def add_call(self, name, at, center=(0.0, 0.0), *, rotation=0.0, mirror_x=False, mirror_y=False):
         """Adds a call of the sub-program `name`, placed at `at`, mm, and rotated by `rotation` radians.
 
         mirror_x negates x, mirror_y negates y. A call of a program that is not there gives no output.
         """
-        self._call("GBrn_AddInclude", name, *at, *center, rotation, mirror_x, mirror_y)
+        self._call("GBrn_AddInclude", name, *_point(at), *_point(center), rotation, mirror_x, mirror_y)
+        self._records.add_call(name)
 
     def open_drawing(self, path):
         """Reads a CFF2 drawing in the place of all programs; a record of it may set the host's units."""
         path = os.fspath(path)
-        first_words = {line.split(",", 1)[0].strip().upper() for line in _lines(_decoded(_read(path)))}
-        if "UR" not in first_words:
+        records = _records_of_drawing(_lines(_decoded(_read(path))))
+        if records is None:
             raise InputError(f"{path}: holds no UR record, with which a CFF2 drawing starts")
         self._call("GBrn_SetFileName", _name(path))
         self._call("GBrn_OpenCF2File", _library_path(path))
+        self._records = records
 
     # ---- Run ----
 
     def run(self, strict=False):
         """Runs the tuning over the geometry and gives the output, an NcText.
 
-        The NC text may hold messages, if the tuning wants them there. With `strict` a run that has messages raises
-        RunError in the place of giving its output.
+        The NC text may hold messages, if the tuning wants them there. With `strict` a run that has messages() raises
+        RunError in the place of giving its output. A dataset that the run-time data lacks raises ValueError.
         """
-        self._call("GBrn_End")
+        self._end()
         nc = self._fetch()
         if strict:
             messages = self.messages()
@@ -378,24 +506,58 @@ class Host:
         return nc
 
     def messages(self):
-        """The messages of a run over tuning and geometry as they are, such as `Could not evaluate: @Foo`, in order.
+        """The messages of a run over tuning and geometry as they are, in order.
+
+        First what a run leaves out in silence: lines and arcs of a tool that the tuning lacks, calls of a program that
+        is not there, the values of expressions that a template needs. Then what the library reports, such as
+        `Could not evaluate: @Foo`. Lines of a tuning, definition or drawing that can't be understood are not told.
 
         The library tells messages in NC text only. So this is a run of its own, with a tuning that writes them there,
         and takes about as long as run().
         """
+        silent = self._silent_messages()
         settings = ["BOOL bErrorsAsComments true", "TEXT sOpenComment " + _MESSAGE_OPENER,
                     "TEXT sCloseComment " + _MESSAGE_CLOSER]
         for line in settings:
             self._call("GBrn_ReadTuneLineIgnoreRTDDefs", line)
         try:
-            self._call("GBrn_End")
+            self._end()
             pieces = [piece for pieces in self._buffers() for piece in pieces]
         finally:
             self._call("GBrn_ClearTuning")
-            for line in self._tuning_lines:
+            for line in self._item_lines:
                 self._call("GBrn_ReadTuneLineIgnoreRTDDefs", line)
         opener = len(_MESSAGE_OPENER)
-        return [piece[opener:].rpartition(_MESSAGE_CLOSER)[0] for piece in pieces if piece.startswith(_MESSAGE_OPENER)]
+        return silent + [piece[opener:].rpartition(_MESSAGE_CLOSER)[0] for piece in pieces
+                         if piece.startswith(_MESSAGE_OPENER)]
+
+    def _end(self):
+        if self._dataset and self._dataset not in (datasets := self._datasets()):
+            others = "; there are " + ", ".join(map(repr, datasets)) if datasets else ", nor any other"
+            raise ValueError(f"there is no dataset {self._dataset!r}{others}")
+        # A run leaves the name of the dataset that it used, and that could be one of the tuning before.
+        self._call("GBrn_SetDataSetName", self._dataset)
+        self._call("GBrn_End")
+
+    def _datasets(self):
+        lines = self.tuning().split("\n")
+        return [line.removeprefix("DATASETDEF ") for line in lines if line.startswith("DATASETDEF ")]
+
+    def _silent_messages(self):
+        items = [line for line in self.tuning().split("\n") if line.split(" ", 1)[0] not in _DEFINITION_WORDS]
+        values = dict(line.rstrip().rsplit(maxsplit=1) for line in items if re.match("(INT|BOOL) ", line))
+        messages = []
+        if values.get("BOOL bDefaultTool") != "true":
+            last = int(values.get("INT  nNumOfTools", 0))
+            messages += [f"tool {tool} is not in the tuning: {_counted(count, 'record')} ignored"
+                         for tool, count in sorted(self._records.tools.items()) if not 0 <= tool <= last]
+        messages += [f"program {name!r} is not there: {_counted(count, 'call')} ignored"
+                     for name, count in self._records.calls.items() if name not in self._records.programs]
+        dataset = self._dataset or next(iter(self._datasets()), "")
+        messages += [f"expression {expression!r} of {word} has no value"
+                     for word, expression in self._open_expressions.get(dataset, {}).items()
+                     if expression and any(word in line for line in items)]
+        return messages
 
     def _buffers(self):
         """The pieces of each buffer, a list each."""

@@ -167,6 +167,36 @@ class Jobs(Case):
         host.load_run_time_data(self.file("rtd", definition), lambda *question: asked.append(question) or len(asked))
         self.assertEqual(asked, [("2*A", False), ("B", True)])
         self.assertEqual(host.run().text, "Steel|1|2\r\n")
+        self.assertEqual(host.messages(), [])
+        host.load_run_time_data(self.file("rtd", definition.replace("Card", "Wood")), lambda *_: None)
+        self.assertEqual(host.messages(), ["expression '2*A' of RTD(1,1) has no value",
+                                           "expression 'B' of RTD(1) has no value"])
+        self.assertEqual(host.run().text, "Steel||\r\n")
+        self.assertNotIn("DATASETDEF Card", host.tuning())
+
+    def test_second_tuning(self):
+        first = "UPD 2030_01_01_00_00_00\nROW TEXT Cut\nDATASETDEF Card\nDATASETDEF Steel\nDSD Card TEXT RTD(1) 5\n"
+        second = "ROW TEXT Other\nDATASETDEF Wood\nDATASETDEF Card\nMULTI FileStart_tTmpl NNUL <@DataSetName>\n"
+        host = self.host_with(first)
+        host.run()
+        host.read_tuning(second)
+        self.assertEqual(host.messages(), [])
+        self.assertEqual(host.run().text, "Wood\r\n")
+        with_first_before = host.tuning()
+        host.close()
+        self.assertEqual(with_first_before, self.host_with(second).tuning())
+
+    def test_unknown_dataset(self):
+        host = self.host_with("DATASETDEF Steel\nDATASETDEF Card\nMULTI FileStart_tTmpl NNUL <@DataSetName>\n")
+        for dataset, text in [("Card", "Card\r\n"), ("", "Steel\r\n")]:
+            host.set_job(dataset=dataset)
+            self.assertEqual(host.run().text, text)
+        host.set_job(dataset="card")
+        with self.assertRaisesRegex(ValueError, "no dataset 'card'; there are 'Steel', 'Card'"):
+            host.run()
+        host.read_tuning(PLAIN)
+        with self.assertRaisesRegex(ValueError, "nor any other"):
+            host.messages()
 
     def test_segments_dwells_and_bytes(self):
         tuning = self.file("bytes.tun", b"\xef\xbb\xbfMULTI FileStart_tTmpl NNUL \xe9\xc3\xa4<@IODwell[1.5]>chr(0)\r\n"
@@ -195,6 +225,34 @@ class Jobs(Case):
         host.read_tuning("MULTI FileStart_tTmpl NNUL B\n")
         self.assertEqual(host.run(strict=True).text, "B\r\n")
 
+    def test_what_is_left_out_in_silence(self):
+        definition = ("DATASETDEF Steel\nDSD Steel T_EXPR RTD(1) B\nDSD Steel T_EXPR RTD(2) 1.5\n"
+                      "DSD Steel R_EXPR RTD(3) C\nDATASETDEF Card\nDSD Card T_EXPR RTD(1) D\n"
+                      "MULTI FileStart_tTmpl NNUL <RTD(1)><RTD(2)>\n")
+        drawing = self.file("part.cf2", "MAIN,A\nUR,9,9\nL,1,3,0,0,0,1,1,0,0\nL,1,-1,0,0,0,1,1,0,0\nC,B,0,0,0,0,0\n"
+                                        "C,C,0,0,0,0,0\nT,1,1,0,0,0,0,1,0\nL,1,4,0,0,0,1,1,0,0\nSUB,C\n"
+                                        "A,1,3,0,0,0,1,1,1,0,1,0,0\nL,1,2,0,0,0,1,1,0,0\nC,B,0,0,0,0,0\n")
+        host = self.host_with(PLAIN + definition)
+        host.add_line(3, (0, 0), (1, 1))  # before all programs
+        self.assertEqual(host.messages(), ["expression 'B' of RTD(1) has no value"])
+        expected = ["tool -1 is not in the tuning: 1 record ignored", "tool 3 is not in the tuning: 2 records ignored",
+                    "program 'B' is not there: 2 calls ignored"]
+        host.read_tuning(PLAIN + definition, {"B": ""})
+        host.start_main("A")
+        for tool in (3, -1, 2):
+            host.add_line(tool, (0, 0), (1, 1))
+        for name in "BCB":
+            host.add_call(name, (0, 0))
+        host.start_sub("C")
+        host.add_arc(3, (0, 0), (1, 1), (1, 0))
+        self.assertEqual(host.messages()[:3], expected)
+        host.open_drawing(drawing)
+        self.assertEqual(host.messages()[:3], expected)
+        host.read_tuning(PLAIN + "BOOL bDefaultTool true\n")
+        host.start_main("A")
+        host.add_line(3, (0, 0), (1, 1))
+        self.assertEqual(host.run(strict=True).text.count("G1"), 1)
+
 
 class BadInput(Case):
     def test_files(self):
@@ -216,13 +274,20 @@ class BadInput(Case):
     def test_arguments(self):
         host = self.host()
         host.start_main("MAIN")
-        for call in [lambda: host.add_line(70000, (0, 0), (1, 1)),
-                     lambda: host.add_line(1, (math.nan, 0), (1, 1)),
-                     lambda: host.add_arc(1, (0, 0), (1, math.inf), (0, 0)),
-                     lambda: host.add_line(1, (0, 0, 0), (1, 1)),
-                     lambda: host.set_job(material="a\0b")]:
-            with self.assertRaises(ValueError):
+        for error, text, call in [
+                (ValueError, "16 bits: 70000", lambda: host.add_line(70000, (0, 0), (1, 1))),
+                (ValueError, "whole number of 16 bits: 1.7", lambda: host.add_line(1.7, (0, 0), (1, 1))),
+                (TypeError, "not a number: '1'", lambda: host.add_line("1", (0, 0), (1, 1))),
+                (ValueError, "finite", lambda: host.add_line(1, (math.nan, 0), (1, 1))),
+                (ValueError, "finite", lambda: host.add_arc(1, (0, 0), (1, math.inf), (0, 0))),
+                (ValueError, r"pair \(x, y\): \(0, 0, 0\)", lambda: host.add_line(1, (0, 0, 0), (1, 1))),
+                (ValueError, r"pair \(x, y\): \(0,\)", lambda: host.add_arc(1, (0, 0), (1, 1), (0,))),
+                (TypeError, r"pair \(x, y\): 5", lambda: host.set_job(blank=5)),
+                (ValueError, "NUL", lambda: host.set_job(material="a\0b")),
+                (TypeError, "not a text: 7", lambda: host.set_job(dataset=7))]:
+            with self.assertRaisesRegex(error, text):
                 call()
+        self.assertEqual(host.messages(), [])
 
 
 class NcFiles(Case):
@@ -276,6 +341,14 @@ class Examples(Case):
         self.assertEqual(bad.returncode, 1)
         self.assertRegex(bad.stderr.decode(), r"letter.cf2: holds no UR record.*\n.*plate.cf2: .*Is a directory")
         self.assertEqual(len(os.listdir(output)), 3, "a half-written file is left")
+        (drawings / "plate.cf2").write_text("UR,1,1\nL,1,9,0,0,0,1,1,0,0\n")
+        (output / "plate.nc").rmdir()
+        laser = EXAMPLES / "laser_mm/laser_mm.tun"
+        told = self.example("post_folder.py", laser, drawings, output).stderr.decode()
+        self.assertIn("plate.cf2: warning: tool 9 is not in the tuning: 1 record ignored", told)
+        nowhere = self.example("post_folder.py", self.folder / "none.tun", drawings, self.folder / "other")
+        self.assertEqual((nowhere.returncode, nowhere.stderr.count(b"\n"), nowhere.stderr.count(b"No such file")),
+                         (1, 1, 1), nowhere.stderr)
 
     def test_progress_is_for_terminals(self):
         (self.folder / "a.cf2").write_text("UR,1,1\nL,0.5,1,0,0,0,1,1,0,0\n")

@@ -7,8 +7,10 @@
  * Build it with `cc -std=c11 main.c -lBrindleDrv`. Run without arguments it takes the example laser_mm.
  *
  * Brindle opens no tuning file and writes no NC file: the host reads the one and writes the other. Every function
- * returns 0, always, so nothing is asked of results here; what went wrong stands in the NC text, if the tuning wants it
- * there.
+ * returns 0, always, so nothing is asked of results here. What a run meets stands in the NC text, if the tuning wants
+ * it there. What is dropped in silence does not: tuning lines that can't be understood (`brindle check` finds them),
+ * lines and arcs of a tool that the tuning lacks, calls of a missing program, a drawing without records. A host that
+ * takes these from its users looks at them first.
  */
 #include <brindle/brindle.h>
 
@@ -20,7 +22,7 @@
 #include <time.h>
 #include <wchar.h>
 
-enum { kLongestTransfer = 200 };
+enum { kLongestTransfer = 200, kLongestName = 4096 };
 
 static void Fail(const char* what, const char* name) {
     fprintf(stderr, "host_c: %s: %s\n", name, what);
@@ -99,19 +101,25 @@ static char* FileText(const char* path) {
     if (ferror(file)) Fail("can't be read", path);
     fclose(file);
     text[size] = '\0';
+    if (strlen(text) != size) Fail("holds a NUL character", path);
     return text;
 }
 
+/* Lines are handed over without their ends, and without the byte order mark that some editors write. */
 static void SendTuning(const char* path) {
-    GBrn_ClearTuning();
     SetFileName(GBrn_SetTuningFileName, path);
     char* const text = FileText(path);
-    for (char* line = text; *line != '\0';) {
+    const char byte_order_mark[] = "\xEF\xBB\xBF";
+    const size_t mark = strlen(byte_order_mark);
+    int number = 1;
+    for (char* line = strncmp(text, byte_order_mark, mark) == 0 ? text + mark : text; *line != '\0'; ++number) {
         const size_t length = strcspn(line, "\n");
         const bool is_last = line[length] == '\0';
         line[length] = '\0';
         line[strcspn(line, "\r")] = '\0';
-        wchar_t* const wide = Widened(line, path);
+        char place[kLongestName];
+        snprintf(place, sizeof place, "%s:%d", path, number);
+        wchar_t* const wide = Widened(line, place);
         SendTuningLine(wide);
         free(wide);
         line += is_last ? length : length + 1;
@@ -201,13 +209,15 @@ static void SegmentName(char* name, size_t size, const char* path, int number) {
     snprintf(name, size, "%.*s-%d%s", stem, path, number, path + stem);
 }
 
-/* There is more than one buffer if the tuning limits the size of a file; each is a complete NC file. */
-static void WriteAll(const char* path) {
+/* There is more than one buffer if the tuning limits the size of a file; each is a complete NC file. There is none if
+ * the tuning gave no text at all, as one whose lines were all dropped, or if memory ran out. */
+static void WriteAll(const char* path, const char* tuning) {
     short count = 0;
     GBrn_GetNumOfBuffers(&count);
+    if (count == 0) Fail("gives no NC text", tuning);
     for (short number = 1; number <= count; ++number) {
         GBrn_SetCurBuffer(number);
-        char name[4096];
+        char name[kLongestName];
         if (count > 1 && path != NULL) SegmentName(name, sizeof name, path, number);
         const char* const target = count > 1 ? name : path;
         FILE* const out = path != NULL ? fopen(target, "wb") : stdout;
@@ -223,6 +233,7 @@ int main(int argc, char** argv) {
     const char* const drawing = argc > 2 ? argv[2] : NULL;
     const char* const output = argc > 3 ? argv[3] : NULL;
 
+    GBrn_Clear(); /* each job begins so: GBrn_ClearTuning alone keeps the run-time data definition of the last tuning */
     GBrn_SetAutoUnitsToInches(0); /* before the drawing, which may know better */
     SendTuning(tuning);
     SetPresentTime();
@@ -233,7 +244,7 @@ int main(int argc, char** argv) {
         SendPart();
 
     GBrn_End();
-    WriteAll(output);
+    WriteAll(output, tuning);
     GBrn_Clear(); /* ends the session; the next call would begin a new one */
     return EXIT_SUCCESS;
 }

@@ -69,6 +69,16 @@ def report(drawings, jobs):
     return all_good
 
 
+def tuning_fault(tuning):
+    """What keeps all jobs from running, or None."""
+    try:
+        with brindle.Host() as host:
+            host.load_tuning(tuning)
+    except brindle.BrindleError as error:
+        return str(error)
+    return None
+
+
 def post_all(tuning, drawings, output_folder):
     now = datetime.datetime.now()
     date, time = f"{now:%Y-%m-%d}", f"{now:%H:%M:%S}"
@@ -90,8 +100,9 @@ def main(arguments):
         return 2
     tuning, folder, output_folder = map(pathlib.Path, arguments)
     drawings = sorted(folder.glob("*.cf2"))
-    if not drawings:
-        print(f"post_folder: {folder}: holds no .cf2 file", file=sys.stderr)
+    fault = tuning_fault(tuning) if drawings else f"{folder}: holds no .cf2 file"
+    if fault:
+        print(f"post_folder: {fault}", file=sys.stderr)
         return 1
     output_folder.mkdir(parents=True, exist_ok=True)
     try:

@@ -7,10 +7,11 @@
  *
  *  1. There is one session per process. It comes into being with the first call that needs it and ends with GBrn_Clear.
  *     Nothing is guarded: call from one thread at a time.
- *  2. Every function returns 0, always. Trouble shows as messages in the NC text (`bErrorsAsComments`), and in the text
- *     itself. Functions may be called in any order; one that makes no sense at its time has no effect. No C++ exception
- *     leaves a function. If memory runs out in one, the session ends, and GBrn_End gives no buffer before the host has
- *     called GBrn_Clear: a job that lacks a record must not reach a machine.
+ *  2. Every function returns 0, always. Trouble that a run meets shows as messages in the NC text
+ *     (`bErrorsAsComments`), and in the text itself; what was dropped before the run shows nowhere. Functions may be
+ *     called in any order; one that makes no sense at its time has no effect. No C++ exception leaves a function. If
+ *     memory runs out in one, the session ends, and GBrn_End gives no buffer before the host has called GBrn_Clear: a
+ *     job that lacks a record must not reach a machine.
  *  3. Coordinates and lengths are millimetres and angles are radians, whatever the output units are. A number that
  *     is not finite makes the call have no effect.
  *  4. Strings are wide (wchar_t), NUL-terminated. A null string argument counts as empty. The library keeps no
@@ -20,9 +21,10 @@
  *     for it; a piece of the output then stays in its buffer. A null out-parameter is skipped.
  *  6. A flag is true for any value but 0.
  *
- * Order of a job: GBrn_ClearTuning, GBrn_ReadTuneLine for each line; the GBrn_Set... functions; GBrn_StartMain and its
+ * Order of a job: GBrn_Clear; GBrn_ReadTuneLine for each line; the GBrn_Set... functions; GBrn_StartMain and its
  * records, GBrn_StartSub and its records; GBrn_End; then for each buffer GBrn_SetCurBuffer and, while
  * GBrn_CurBufferHasMoreData gives 1, GBrn_GetOutputBuffer. To run again, change what changes and call GBrn_End again.
+ * For another tuning begin anew with GBrn_Clear; GBrn_ClearTuning tells how job data and geometry can stay.
  */
 #ifndef BRINDLE_BRINDLE_H
 #define BRINDLE_BRINDLE_H
@@ -52,12 +54,16 @@ BRINDLE_API int GBrn_Clear(void);
 
 /* Sets the name that `@TuneFile` prints. */
 BRINDLE_API int GBrn_SetTuningFileName(const wchar_t* name);
-/* Destroys the items of the tuning. The run-time data definition stays. */
+/* Destroys the items of the tuning. The run-time data definition stays, and so does its date: lines that are read later
+ * add to it, so the rows and columns of another tuning would follow those of the old one. For another tuning begin with
+ * GBrn_Clear or, to keep job data and geometry, empty the definition too: GBrn_ReadRTDDefFromFile with an empty file,
+ * then the tuning line `UPD 0`. */
 BRINDLE_API int GBrn_ClearTuning(void);
 /* Keeps a piece of a line that is too long for one transfer; the next line that is read gets all pieces in front. Needs
  * no session. */
 BRINDLE_API int GBrn_AddToTunelineBuffer(const wchar_t* piece);
-/* Reads one line: the kept pieces and `text`. */
+/* Reads one line: the kept pieces and `text`. It comes without its line end, and the first of a file without the byte
+ * order mark, with which it would be dropped. */
 BRINDLE_API int GBrn_ReadTuneLine(const wchar_t* text);
 /* The same, but run-time data rows, columns, messages and values are dropped. */
 BRINDLE_API int GBrn_ReadTuneLineIgnoreRTDDefs(const wchar_t* text);
@@ -98,8 +104,8 @@ BRINDLE_API int GBrn_GetTileToOutput(short* tile);
 BRINDLE_API int GBrn_SetOutputName(const wchar_t* name);
 BRINDLE_API int GBrn_SetFileName(const wchar_t* name);
 BRINDLE_API int GBrn_SetMaterialFile(const wchar_t* name);
-/* Text of `@DataSetName`, and the dataset of run-time data that the run uses; one that the tuning lacks gives its
- * first. */
+/* Text of `@DataSetName`, and the dataset of run-time data that the run uses. For one that the tuning lacks, or none,
+ * the run sets the name of its first, in silence: set it again for another tuning. */
 BRINDLE_API int GBrn_SetDataSetName(const wchar_t* name);
 /* Text of `@TuneMenuPick`, and the name under which run-time data values are stored for the user. */
 BRINDLE_API int GBrn_SetTuneMenuPick(const wchar_t* name);
@@ -109,11 +115,15 @@ BRINDLE_API int GBrn_SetTuneMenuPick(const wchar_t* name);
  * first there is none, and records are dropped. */
 
 /* Destroys all programs and starts the main program. The centre is that of the program's bounding box, millimetres.
- * `inside` and `horizontal` decide what `@SideCode` and `@GrainCode` print. */
+ * `inside` and `horizontal` decide what `@SideCode` and `@GrainCode` print. A start that is refused, for a number that
+ * is not finite, leaves all programs and the current one as they are: the records that follow go there. */
 BRINDLE_API int GBrn_StartMain(const wchar_t* name, double center_x, double center_y, int inside, int horizontal);
-/* Starts a sub-program. The main program must come first: the first program is the main program. */
+/* Starts a sub-program. The main program must come first: the first program is the main program. A refused start is as
+ * for GBrn_StartMain. */
 BRINDLE_API int GBrn_StartSub(const wchar_t* name, double center_x, double center_y, int inside, int horizontal);
-/* Adds a line. `tool_id` is the number of a tool of the tuning, from 1. */
+/* Adds a line. `tool_id` is the number of a tool of the tuning, from 1. A line or arc with another number is output
+ * with the default tool if `bDefaultTool` is true; a number below 1 never switches it on. Otherwise it is left out: in
+ * silence for a number above `nNumOfTools` or below 0, with a message for 0 and for the number of an unused tool. */
 BRINDLE_API int GBrn_AddLine(short tool_id, short line_type, double cut_width, double start_x, double start_y,
                              double end_x, double end_y, double bridge_width, short bridge_count);
 /* Adds an arc, or a circle whose start is its end. A positive radius means clockwise, a negative one
@@ -122,13 +132,13 @@ BRINDLE_API int GBrn_AddArc(short tool_id, short line_type, double cut_width, do
                             double end_x, double end_y, double center_x, double center_y, double radius,
                             double bridge_width, short bridge_count);
 /* Adds a text to the main program; while a sub-program is current it is dropped. `rotation` is radians. The two extra
- * lengths and the extra value are stored; no output uses them. */
+ * lengths and the extra value are stored; no output uses them. A text of an unknown tool is left out with a message. */
 BRINDLE_API int GBrn_AddText(short tool_id, short line_type, double start_x, double start_y, double end_x, double end_y,
                              double first_length, double rotation, double extra_value, double second_length,
                              double height, const wchar_t* text);
 /* Adds a call of the sub-program `name`, placed at (x, y), rotated by `rotation` radians counter-clockwise and
  * mirrored: `mirror_x` negates x, `mirror_y` negates y. The sub-program may be sent later. A call of an unknown one
- * gives no output. */
+ * gives no output, in silence. */
 BRINDLE_API int GBrn_AddInclude(const wchar_t* name, double x, double y, double center_x, double center_y,
                                 double rotation, int mirror_x, int mirror_y);
 /* Reads a CFF2 drawing in the place of all programs, as if it came through the functions above. A file that can't be
@@ -139,7 +149,8 @@ BRINDLE_API int GBrn_OpenCF2File(const wchar_t* path);
  * Values that templates use (`<RTD(1,2)>`) but that are settled at output time. The exchange: read the definition file,
  * take each expression and set its value, then update the defaults. */
 
-/* Reads a definition file in the place of the tuning's definition; its expressions become pending. */
+/* Reads a definition file in the place of the tuning's definition; its expressions become pending. A file that can't be
+ * opened leaves the definition empty. */
 BRINDLE_API int GBrn_ReadRTDDefFromFile(const wchar_t* path);
 /* Takes the next pending expression: its text, and 1 for a text or 0 for a number. With none left `expression` is empty
  * and `is_text` is left alone. */

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "geometry/plane_math.h"
 #include "host/messages.h"
 #include "host/number_words.h"
 #include "text/numbers.h"
@@ -12,24 +13,38 @@
 namespace brindle::host {
 namespace {
 
-// How each word is read: r a real number, i a whole one, s one of 16 bits, . not as a number.
+// How each word is read: r a real number, a an angle, i a whole one, m the whole number of a mirror flag, s a whole one
+// of 16 bits, . not as a number.
 struct WordKinds {
     std::string_view type;
     std::string_view kinds;
 };
 constexpr WordKinds kRecords[] = {
-    {"UR", ".rr"}, {"C", "..rrrii"}, {"L", ".rs.rrrrsr"}, {"A", ".rs.rrrrrrrrs"}, {"T", "....rrri"},
+    {"UR", ".rr"}, {"C", "..rramm"}, {"L", ".rs.rrrrsr"}, {"A", ".rs.rrrrrrrrs"}, {"T", "....rrai"},
 };
 
 double ReadAs(char kind, std::string_view word) {
-    if (kind == 'r') return LeadingDouble(word);
-    return kind == 'i' ? LeadingInt(word) : static_cast<int16_t>(LeadingInt(word));
+    if (kind == 'r' || kind == 'a') return LeadingDouble(word);
+    return kind == 's' ? static_cast<int16_t>(LeadingInt(word)) : LeadingInt(word);
+}
+
+// What is wrong with a number that was read as it stands.
+std::optional<std::string> FaultOfValue(char kind, double value) {
+    constexpr double kRoundedTurn = kFullTurn + 0.01;
+    if (kind == 'a' && std::fabs(value) > kRoundedTurn) {
+        return "rotation " + ShortNumber(value) +
+               " is more than a full turn: rotations are in radians, 90 degrees are 1.570796";
+    }
+    if (kind == 'm' && value != 0.0 && value != 1.0) {
+        return "mirror word " + ShortNumber(value) + " counts as mirrored: write 0 or 1";
+    }
+    return std::nullopt;
 }
 
 std::optional<std::string> FaultOf(char kind, std::string_view word) {
     const double read = ReadAs(kind, word);
     const std::optional<double> meant = WholeNumberText(word);
-    if (meant == read) return std::nullopt;
+    if (meant == read) return FaultOfValue(kind, read);
     const std::string quoted = Quoted(word) + " ";
     const std::string counts = ": it counts as " + ShortNumber(read);
     if (!meant) return quoted + "is no number that can be read" + counts;

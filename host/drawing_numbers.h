@@ -9,7 +9,8 @@
 namespace brindle::host {
 
 // One text per word that doesn't mean the number that is read from it, e.g. "'10mm' is no number that can be read: it
-// counts as 10". `words` are the words of a line of which the first is the record's type.
+// counts as 10", or whose number can't be meant, such as a rotation in degrees. `words` are the words of a line of
+// which the first is the record's type.
 std::vector<std::string> FindBadNumbers(const std::vector<std::string_view>& words);
 
 }  // namespace brindle::host

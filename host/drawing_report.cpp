@@ -14,7 +14,7 @@ bool ReportOnDrawing(const std::string& name, std::string_view text, const CBrin
     }
     for (const DrawingFinding& finding : survey.findings) PrintWarning({name, finding.line}, finding.text);
     if (tuning == nullptr) return true;
-    for (const DrawingFinding& finding : FindUnknownTools(survey, *tuning)) {
+    for (const DrawingFinding& finding : FindMisfits(survey, *tuning)) {
         PrintWarning({name, finding.line}, finding.text);
     }
     return true;

@@ -9,7 +9,7 @@
 namespace brindle::host {
 
 // Surveys the drawing of that name, whose whole file is `text`, and prints its findings and, unless `tuning` is null,
-// the tools that the tuning lacks. False, with an error printed, if it is none.
+// what of it the tuning can't do. False, with an error printed, if it is none.
 bool ReportOnDrawing(const std::string& name, std::string_view text, const CBrindleOpts* tuning, DrawingSurvey& survey);
 
 }  // namespace brindle::host

@@ -1,62 +1,21 @@
 #include "host/drawing_survey.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <initializer_list>
 #include <unordered_map>
 
 #include "cff2/cff2_record.h"
 #include "host/drawing_numbers.h"
+#include "host/drawing_other_lines.h"
+#include "host/drawing_words.h"
 #include "host/messages.h"
 #include "platform/text_file.h"
-#include "text/ascii.h"
 
 namespace brindle::host {
 namespace {
 
-enum class Kind {
-    kShort,
-    kNotFinite,
-    kBadNumber,
-    kNoProgram,
-    kDiscarded,
-    kTextDropped,
-    kOddText,
-    kUnits,
-    kCase,
-    kName
-};
-constexpr size_t kKinds = 10;
-constexpr size_t kMostOfAKind = 20;
-
-// Findings as they come, with a limit per kind.
-class CFindingList {
-public:
-    void Add(Kind kind, size_t line, std::string text) {
-        LineUse& use = uses_[static_cast<size_t>(kind)];
-        use.Add(line);
-        if (use.count <= kMostOfAKind) findings_.push_back({line, std::move(text)});
-        if (use.count == kMostOfAKind) last_line_[static_cast<size_t>(kind)] = line;
-    }
-
-    std::vector<DrawingFinding> Take() {
-        for (size_t kind = 0; kind < kKinds; ++kind) {
-            if (uses_[kind].count <= kMostOfAKind) continue;
-            const size_t more = uses_[kind].count - kMostOfAKind;
-            findings_.push_back(
-                {last_line_[kind], "and " + std::to_string(more) + " more of this kind behind this line"});
-        }
-        std::stable_sort(findings_.begin(), findings_.end(),
-                         [](const DrawingFinding& a, const DrawingFinding& b) { return a.line < b.line; });
-        return std::move(findings_);
-    }
-
-private:
-    std::array<LineUse, kKinds> uses_ = {};
-    std::array<size_t, kKinds> last_line_ = {};
-    std::vector<DrawingFinding> findings_;
-};
+using Kind = FindingKind;
 
 // Follows the reader through a drawing, record by record, with what it keeps and what it drops.
 class CSurveyor {
@@ -65,6 +24,7 @@ public:
         const std::vector<std::string_view> lines = SplitLines(text);
         for (size_t i = 0; i < lines.size(); ++i) {
             line_ = i + 1;
+            text_ = lines[i];
             next_ = i + 1 < lines.size() ? &lines[i + 1] : nullptr;
             const cff2::Record record = cff2::ParseLine(lines[i], words_);
             if (std::holds_alternative<cff2::Other>(record)) {
@@ -73,8 +33,9 @@ public:
             }
             if (!std::holds_alternative<cff2::Short>(record)) {
                 survey_.has_records = true;
-                ReportNumbers();
+                ReportWords();
             }
+            others_.SeeRecord();
             std::visit([this](const auto& r) { Take(r); }, record);
             if (TakesNextLine(record)) ++i;
         }
@@ -91,8 +52,12 @@ private:
 
     void Report(Kind kind, std::string text) { findings_.Add(kind, line_, std::move(text)); }
 
-    void ReportNumbers() {
-        for (std::string& fault : FindBadNumbers(words_)) Report(Kind::kBadNumber, std::move(fault));
+    // Words that are out of place make bad numbers too: that they are is enough.
+    void ReportWords() {
+        std::vector<std::string> faults = FindMisplacedWords(text_, words_);
+        const Kind kind = faults.empty() ? Kind::kBadNumber : Kind::kWords;
+        if (faults.empty()) faults = FindBadNumbers(words_);
+        for (std::string& fault : faults) Report(kind, std::move(fault));
     }
 
     // Whether lengths are finite in millimetres; reported if not.
@@ -123,7 +88,8 @@ private:
 
     void Take(const cff2::Short& r) {
         Report(Kind::kShort, std::string(r.type) + " record with " + std::to_string(words_.size()) + " of " +
-                                 std::to_string(r.words_needed) + " words: dropped");
+                                 std::to_string(r.words_needed) + " words: dropped" +
+                                 (HasEmptyWord(text_) ? "; " + std::string(kEmptyWord) : ""));
     }
 
     void Take(const cff2::UpperRight& r) {
@@ -166,6 +132,7 @@ private:
                        r.center.y})) {
             return;
         }
+        arc_check_.Add(line_, r, scale_, findings_);
         ++survey_.arcs;
         survey_.tools[r.cut.tool_id].Add(line_);
     }
@@ -190,30 +157,12 @@ private:
             has_marks_ = true;
             has_end_mark_ |= type == "$EOF";
         }
-        if (words_.size() == 1) return LookAtLoneType(type);
-        if (IsType(UpperCase(type))) {
-            Report(Kind::kCase, "record type " + Quoted(type) + " is not in upper case: line ignored");
-        }
-    }
-
-    void LookAtLoneType(std::string_view type) {
-        if (type == "UI") {
-            if (!survey_.inches)
-                Report(Kind::kUnits, "UI has no effect without a second word: lengths stay millimetres");
-        } else if (type == "UM") {
-            if (survey_.inches) Report(Kind::kUnits, "UM has no effect without a second word: lengths stay inches");
-        } else if (IsType(type)) {
-            Report(Kind::kShort, std::string(type) + " record without further words: dropped");
-        }
-    }
-
-    // The types that are known in upper case only.
-    static bool IsType(std::string_view type) {
-        constexpr std::string_view kTypes[] = {"UR", "SUB", "C", "UI", "UM", "T", "A", "L"};
-        return std::find(std::begin(kTypes), std::end(kTypes), type) != std::end(kTypes);
+        others_.Look(line_, words_, survey_.inches, findings_);
     }
 
     void LookAtWhole() {
+        others_.ReportNames(findings_);
+        survey_.habits = arc_check_.Report(findings_);
         if (!has_main_) {
             findings_.Add(Kind::kNoProgram, 0,
                           programs_ > 0 ? "no UR record: the first sub-program is taken as the main program"
@@ -223,7 +172,7 @@ private:
             if (names_.contains(name)) continue;
             findings_.Add(Kind::kName, use.first_line,
                           "call of program " + Quoted(name) + ", which is not in the drawing: ignored" +
-                              (use.count > 1 ? ", like " + Counted(use.count - 1, "further call") : ""));
+                              LikeFurther(use, "call"));
         }
         if (has_marks_ && !has_end_mark_) {
             findings_.Add(Kind::kDiscarded, 0, "no $EOF at the end: the drawing seems cut off");
@@ -234,8 +183,11 @@ private:
 
     DrawingSurvey survey_;
     CFindingList findings_;
+    COtherLines others_;
+    CArcCheck arc_check_;
     std::vector<std::string_view> words_;
     size_t line_ = 0;
+    std::string_view text_;  // of the line
     const std::string_view* next_ = nullptr;
     double scale_ = 1.0;
     std::string main_name_;
@@ -258,15 +210,14 @@ DrawingSurvey SurveyDrawing(std::string_view text) {
     return binary;
 }
 
-std::vector<DrawingFinding> FindUnknownTools(const DrawingSurvey& survey, const CBrindleOpts& tuning) {
-    std::vector<DrawingFinding> findings;
+std::vector<DrawingFinding> FindMisfits(const DrawingSurvey& survey, const CBrindleOpts& tuning) {
+    std::vector<DrawingFinding> findings = FindHabitFaults(survey.habits, tuning, survey.tools);
     for (const auto& [tool, use] : survey.tools) {
         if (!tuning.ToolKeyPrefix(tool, true).empty()) continue;
         findings.push_back({use.first_line, "tool " + std::to_string(tool) +
                                                 " is not in the tuning: " + Counted(use.count, "record") + " ignored"});
     }
-    std::stable_sort(findings.begin(), findings.end(),
-                     [](const DrawingFinding& a, const DrawingFinding& b) { return a.line < b.line; });
+    SortByLine(findings);
     return findings;
 }
 

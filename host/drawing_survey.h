@@ -5,30 +5,15 @@
 #include <cstddef>
 #include <cstdint>
 #include <map>
-#include <string>
 #include <string_view>
 #include <vector>
 
 #include "geometry/plane_math.h"
+#include "host/drawing_arcs.h"
+#include "host/drawing_findings.h"
 #include "tuning/options.h"
 
 namespace brindle::host {
-
-// Something that the user should know of. Line 0 stands for the drawing as a whole.
-struct DrawingFinding {
-    size_t line = 0;
-    std::string text;
-};
-
-// Lines that have something in common.
-struct LineUse {
-    size_t first_line = 0;
-    size_t count = 0;
-
-    void Add(size_t line) {
-        if (count++ == 0) first_line = line;
-    }
-};
 
 // What the library takes from a drawing. Counts are of records that reach the geometry store.
 struct DrawingSurvey {
@@ -37,15 +22,16 @@ struct DrawingSurvey {
     bool inches = false;       // units of the last unit record
     Point corner;              // upper right, millimetres
     size_t lines = 0, arcs = 0, texts = 0, calls = 0, subs = 0;
-    std::map<int32_t, LineUse> tools;  // by tool number, of lines and arcs
-    std::vector<DrawingFinding>
-        findings;  // in order of lines; at most 20 of a kind and a last one that tells how many more
+    std::map<int32_t, LineUse> tools;      // by tool number, of lines and arcs
+    std::vector<DrawingFinding> findings;  // in order of lines, limited for each kind
+    RadiusHabits habits;
 };
 
 // `text` is the whole file.
 DrawingSurvey SurveyDrawing(std::string_view text);
 
-// One finding per tool that the drawing uses and `tuning` doesn't know.
-std::vector<DrawingFinding> FindUnknownTools(const DrawingSurvey& survey, const CBrindleOpts& tuning);
+// What of the drawing `tuning` can't do: a finding per tool that it doesn't know, radius words of a kind that
+// it can't use.
+std::vector<DrawingFinding> FindMisfits(const DrawingSurvey& survey, const CBrindleOpts& tuning);
 
 }  // namespace brindle::host

@@ -58,9 +58,13 @@ TEST(HostDrawing, Findings) {
          {"2: the next line, which looks like a record, is taken as the text of this one"}},
         {"UR,9,9\nT,0,0,0,1,2,0,3,0\n", {"2: T record at the end, without a line of text: dropped"}},
         {"UI\nUR,9,9\nur,1,2\n",
-         {"1: UI has no effect without a second word: lengths stay millimetres",
+         {"1: UI has no effect without a second word: lengths stay millimetres; for inches write UI,1",
           "3: record type 'ur' is not in upper case: line ignored"}},
-        {"UI,x\nUM\nUR,9,9\n", {"2: UM has no effect without a second word: lengths stay inches"}},
+        {"UI,x\nUM\nUR,9,9\n",
+         {"2: UM has no effect without a second word: lengths stay inches; for millimetres write UM,1"}},
+        {"\xEF\xBB\xBF$BOF\nUR,9,9\n", {}},
+        {"\xEF\xBB\xBFMAIN,A\nUR,9,9\n", {"1: a byte order mark stands before 'MAIN': line ignored"}},
+        {"UR,9,9\nA,1,1,0,1e300,0,0,1e300,0,0,1e300,0,0\n", {}},
     };
     for (const Case& c : cases) EXPECT_EQ(TextsOf(SurveyDrawing(c.drawing).findings), c.findings) << c.drawing;
 }
@@ -90,11 +94,36 @@ TEST(HostDrawing, UnknownToolsAreToldOnceEach) {
     const DrawingSurvey survey = SurveyDrawing(
         "UR,9,9\nL,1,9,0,0,0,1,1,0,0\nL,1,1,0,0,0,1,1,0,0\nA,1,2,0,0,0,1,1,0,0,1,0,0\nL,1,9,0,0,0,1,1,0,0\n"
         "L,1,0,0,0,0,1,1,0,0\n");
-    EXPECT_EQ(TextsOf(FindUnknownTools(survey, tuning)), (Texts{"2: tool 9 is not in the tuning: 2 records ignored",
-                                                                "4: tool 2 is not in the tuning: 1 record ignored",
-                                                                "6: tool 0 is not in the tuning: 1 record ignored"}));
+    EXPECT_EQ(TextsOf(FindMisfits(survey, tuning)), (Texts{"2: tool 9 is not in the tuning: 2 records ignored",
+                                                           "4: tool 2 is not in the tuning: 1 record ignored",
+                                                           "6: tool 0 is not in the tuning: 1 record ignored"}));
     tuning.SetBool("bDefaultTool", 1);
-    EXPECT_TRUE(FindUnknownTools(survey, tuning).empty());
+    EXPECT_TRUE(FindMisfits(survey, tuning).empty());
+}
+
+// Radius words that a whole drawing writes in a way of its own are told where the radius counts, once.
+TEST(HostDrawing, RadiusWordsThatAreNoRadius) {
+    const std::string line = "A,1,1,0,10,0,0,10,0,0,";
+    const std::string directions = "UR,9,9\n" + line + "-1,0,0\n" + line + "10,0,0\n" + line + "1,0,0\n";
+    const std::string inches = "UI,1\nUR,9,9\n" + line + "-10,0,0\n" + line + "10,0,0\n";
+    const std::string millimetres = "UI,1\nUR,9,9\n" + line + "-254,0,0\n";
+    const Texts direction_faults = {
+        "2: the radius word tells a direction alone, but this tuning uses the radius, like 1 further arc"};
+    const Texts inch_faults = {
+        "3: the radius word is in inches, but counts as millimetres, and this tuning uses the radius, like 1 further "
+        "arc"};
+    for (const char* const use : {"", "BOOL bArcByRad true", "BOOL T1_SmFacet_bUse true", "BOOL T2_SmFacet_bUse true",
+                                  "MULTI T_Arc_tTmpl NNUL <@Radius>"}) {
+        CBrindleOpts tuning;
+        tuning.SetInt("nNumOfTools", 2);
+        tuning.ParseLine(use);
+        const bool counts = *use != '\0' && std::string_view(use).find("T2") == std::string_view::npos;
+        EXPECT_EQ(TextsOf(FindMisfits(SurveyDrawing(directions), tuning)), counts ? direction_faults : Texts{}) << use;
+        EXPECT_EQ(TextsOf(FindMisfits(SurveyDrawing(inches), tuning)), counts ? inch_faults : Texts{}) << use;
+        EXPECT_TRUE(FindMisfits(SurveyDrawing(millimetres), tuning).empty()) << use;
+    }
+    EXPECT_TRUE(SurveyDrawing(directions).findings.empty());
+    EXPECT_TRUE(SurveyDrawing(inches).findings.empty());
 }
 
 // The survey follows the reader without being it: whatever it counts must have reached the store.

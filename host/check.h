@@ -1,7 +1,8 @@
 // The checks of `brindle check`, each of one kind. All look at one tuning and add what they find.
 //
-// An error is a line that the reader drops or reads as something else than it says. A warning is text that gives
-// something else than it seems to, or nothing. An info is what has no effect under the options of this tuning.
+// An error is a line that the reader drops, or a value that a run reads as something else than it says: nobody can have
+// meant it. A warning is what gives something else than it seems to, or nothing; so it is with comments, which a tuning
+// can't have. An info is what has no effect under the options of this tuning.
 #pragma once
 
 #include "host/check_findings.h"
@@ -18,7 +19,16 @@ void CheckRunTimeData(const CCheckedTuning& tuning, CFindings& findings);
 // Values that are of the right kind but can't be meant.
 void CheckValues(const CCheckedTuning& tuning, CFindings& findings);
 
-// Tools without templates, tools beyond nNumOfTools, master tools that don't exist.
+// Keys of one choice of which none or several are true.
+void CheckChoices(const CCheckedTuning& tuning, CFindings& findings);
+
+// Speeds that are no numbers, and tools that lack one.
+void CheckSpeeds(const CCheckedTuning& tuning, CFindings& findings);
+
+// Directives that no template has though the options need them.
+void CheckMissingWords(const CCheckedTuning& tuning, CFindings& findings);
+
+// Tools without templates, tools beyond nNumOfTools, master tools that don't exist, tools that stay on.
 void CheckTools(const CCheckedTuning& tuning, CFindings& findings);
 
 // Words in templates and option texts: brackets, names of directives, keywords, run-time data words.

@@ -56,8 +56,8 @@ int Check(const CheckOptions& options) {
 
 void CheckAll(const CCheckedTuning& tuning, CFindings& findings) {
     constexpr void (*kChecks[])(const CCheckedTuning&, CFindings&) = {
-        CheckLines,  CheckRunTimeData,  CheckValues, CheckTools,  CheckWords,
-        CheckPlaces, CheckEmptyOptions, CheckCycles, CheckUnread,
+        CheckLines, CheckRunTimeData, CheckValues, CheckChoices,      CheckSpeeds, CheckMissingWords,
+        CheckTools, CheckWords,       CheckPlaces, CheckEmptyOptions, CheckCycles, CheckUnread,
     };
     for (const auto check : kChecks) check(tuning, findings);
 }
@@ -68,8 +68,9 @@ void AddCheckCommand(CLI::App& app, int& status) {
     command->add_option("TUNING", options->paths, "Tunings; - is standard input")->required()->type_name("FILE");
     command->add_flag("--strict", options->strict, "Warnings count as errors in the exit status");
     command->footer(
-        "error    a line that is dropped, or that is read as something else than it says\n"
-        "warning  text that gives something else than it seems to, or nothing\n"
+        "error    a line that is dropped, or a value that is read as something else than it says\n"
+        "warning  what gives something else than it seems to, or nothing; a dropped line that looks\n"
+        "         like a comment, which a tuning can't have\n"
         "info     what has no effect under the options of the tuning; keys that hold their default\n"
         "         value are not told\n"
         "Exit status 0 without errors, 1 with errors, 2 for wrong usage.");

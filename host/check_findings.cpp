@@ -16,7 +16,8 @@ void CFindings::Add(Severity severity, size_t line, size_t column, size_t length
     if (findings_.size() < kMostKept) findings_.push_back({severity, line, column, length, std::move(text)});
 }
 
-void CFindings::Print(const TuningFile& file) {
+void CFindings::Print(const TuningFile& file, Severity least) {
+    std::erase_if(findings_, [least](const Finding& finding) { return finding.severity > least; });
     std::stable_sort(findings_.begin(), findings_.end(), [](const Finding& a, const Finding& b) {
         return std::tie(a.line, a.column) < std::tie(b.line, b.column);
     });
@@ -26,7 +27,8 @@ void CFindings::Print(const TuningFile& file) {
         const std::string_view line = finding.line == 0 ? std::string_view() : file.lines[finding.line - 1];
         PrintDiagnostic(finding.severity, {name, finding.line, finding.column, finding.length}, finding.text, line);
     }
-    const size_t count = counts_[0] + counts_[1] + counts_[2];
+    size_t count = 0;
+    for (size_t severity = 0; severity <= static_cast<size_t>(least); ++severity) count += counts_[severity];
     if (count > kMostPrinted)
         PrintNote({name}, std::to_string(count - kMostPrinted) + " further messages are left out");
 }

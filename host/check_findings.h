@@ -26,8 +26,8 @@ class CFindings {
 public:
     void Add(Severity severity, size_t line, size_t column, size_t length, std::string text);
     size_t Count(Severity severity) const { return counts_[static_cast<size_t>(severity)]; }
-    // Prints all in the order of their places, each with its line.
-    void Print(const TuningFile& file);
+    // Prints those that are at least so severe in the order of their places, each with its line.
+    void Print(const TuningFile& file, Severity least = Severity::kInfo);
 
 private:
     std::vector<Finding> findings_;

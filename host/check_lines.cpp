@@ -2,6 +2,7 @@
 #include <unordered_map>
 
 #include "host/check.h"
+#include "host/intended_key.h"
 #include "host/nearest_name.h"
 #include "host/number_words.h"
 #include "platform/text_encoding.h"
@@ -18,6 +19,15 @@ std::string NearestType(std::string_view word) {
     constexpr std::string_view kTypes[] = {"BOOL", "INT", "REAL", "TEXT", "R_EXPR", "T_EXPR",    "MULTI",
                                            "UPD",  "ROW", "COL",  "MSG",  "DSD",    "DATASETDEF"};
     return Suggestion(NearestName(word, kTypes));
+}
+
+bool LooksLikeComment(std::string_view word) {
+    return word.starts_with('!') || word.starts_with('#') || word.starts_with(';') || word.starts_with("//");
+}
+
+std::string NearestNWord(std::string_view word) {
+    constexpr std::string_view kNWords[] = {"NNUL", "NBIG", "NSM", "NINIT"};
+    return NearestName(word, kNWords);
 }
 
 // The first byte that is part of no UTF-8 character, npos if there is none.
@@ -41,8 +51,7 @@ public:
         if (IsRunTimeDataLine(line)) {
             if (line.words.size() < 2) Error(line, line.words[0], "the line is dropped: it has one word only");
         } else if (!kind) {
-            Error(line, line.words[0],
-                  "unknown type word " + Quoted(line.words[0]) + ": the line is dropped" + NearestType(line.words[0]));
+            CheckUnknownType(line);
         } else if (line.words.size() < 3) {
             CheckShort(line, *kind);
         } else if (CheckKey(line, *kind)) {
@@ -70,6 +79,12 @@ private:
             Warn(line, line.text.substr(stray, 1), "a byte that is no UTF-8: it counts as the character of its code");
         }
         return true;
+    }
+
+    void CheckUnknownType(const CheckedLine& line) {
+        const std::string_view word = line.words[0];
+        if (LooksLikeComment(word)) return Warn(line, word, "the line is dropped: a tuning has no comments");
+        Error(line, word, "unknown type word " + Quoted(word) + ": the line is dropped" + NearestType(word));
     }
 
     // The writer gives a template without lines as two words.
@@ -107,7 +122,7 @@ private:
     }
 
     void WarnOfUnknownKey(const CheckedLine& line, std::string_view key) {
-        const std::string nearest = suggestions_++ < kMostSuggestions ? NearestKey(key) : std::string();
+        const std::string nearest = suggestions_++ < kMostSuggestions ? IntendedKey(key) : std::string();
         Warn(line, key, "unknown key " + Quoted(key) + Suggestion(nearest));
     }
 
@@ -128,9 +143,9 @@ private:
     void WarnOfFurtherWords(const CheckedLine& line, KeyKind kind) {
         const std::string_view next = line.words[3];
         if (kind != KeyKind::kText) return Warn(line, next, "words behind the value are ignored");
-        Warn(line, next,
-             line.HasTabBefore(next) ? "a tab ends the text: what stands behind it is ignored"
-                                     : "a blank ends the text: within it a blank is written !#SP#!");
+        Error(line, next,
+              line.HasTabBefore(next) ? "a tab ends the text: what stands behind it is ignored"
+                                      : "a blank ends the text: within it a blank is written !#SP#!");
     }
 
     void CheckNumber(const CheckedLine& line, KeyKind kind, std::string_view value) {
@@ -141,7 +156,7 @@ private:
                          Quoted(value) + " is no number that can be read: it counts as " + ShortNumber(read));
         }
         if (kind != KeyKind::kInt || *number == TruncateToInt32(*number)) return;
-        Warn(
+        Error(
             line, value,
             Quoted(value) + " is no whole number of 32 bits: it counts as " + std::to_string(TruncateToInt32(*number)));
     }
@@ -150,17 +165,27 @@ private:
     void CheckTemplate(const CheckedLine& line) {
         CNWordInfo n_word;
         size_t i = 2;
-        for (; i + 1 < line.words.size(); i += 2) {
-            if (ParseNWord(line.words[i], n_word)) continue;
-            const std::string_view word = line.words[i];
-            std::string text =
-                Quoted(word) + " is no N word (NNUL, NBIG, NSM, NINITn): it and the text behind it are dropped";
-            if (line.HasTabBefore(word)) text += "; a tab ends a text";
-            return Error(line, word, std::move(text));
-        }
+        while (i < line.words.size() && ParseNWord(line.words[i], n_word)) i += 2;
         if (i < line.words.size()) {
-            Error(line, line.words[i], Quoted(line.words[i]) + " is dropped: N words and texts stand in pairs");
+            const std::string dropped =
+                i + 1 < line.words.size() ? "it and the text behind it are dropped" : "it is dropped";
+            Error(
+                line, line.words[i],
+                Quoted(line.words[i]) + " is no N word (NNUL, NBIG, NSM, NINITn): " + dropped + HintForNWord(line, i));
+        } else if (i > line.words.size()) {
+            Error(line, line.words.back(),
+                  Quoted(line.words.back()) +
+                      " is dropped: no text stands behind it (an empty one is written !#EMPTY#!)");
         }
+    }
+
+    // Why another word stands in the place of an N word.
+    static std::string HintForNWord(const CheckedLine& line, size_t at) {
+        const std::string_view word = line.words[at];
+        const std::string nearest = NearestNWord(word);
+        if (!nearest.empty()) return Suggestion(nearest);
+        if (at == 2) return "; NNUL is missing before the first text";
+        return line.HasTabBefore(word) ? "; a tab ends a text" : "; within a text a blank is written !#SP#!";
     }
 
     const CCheckedTuning& tuning_;

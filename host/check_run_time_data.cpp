@@ -66,11 +66,11 @@ private:
         }
         const bool known_type =
             EqualNoCase(words[2], "TEXT") || EqualNoCase(words[2], "R_EXPR") || EqualNoCase(words[2], "T_EXPR");
-        if (!known_type) Warn(line, 2, Quoted(words[2]) + " is none of TEXT, R_EXPR and T_EXPR: it counts as TEXT");
+        if (!known_type) Error(line, 2, Quoted(words[2]) + " is none of TEXT, R_EXPR and T_EXPR: it counts as TEXT");
         if (!values_.emplace(dataset, words[3]).second) {
             Warn(line, 3, words[3] + " of dataset " + Quoted(dataset) + " is set again: the last line counts");
         }
-        if (words.size() > 5) Warn(line, 5, "words behind the value are ignored; within it a blank is written !#SP#!");
+        if (words.size() > 5) Error(line, 5, "words behind the value are ignored; within it a blank is written !#SP#!");
         const std::string fault = FaultOfRunTimeWord(words[3], tuning_.options().definition());
         if (!fault.empty()) Warn(line, 3, fault);
     }

@@ -1,7 +1,9 @@
+#include <algorithm>
 #include <cstdint>
 #include <set>
 
 #include "host/check.h"
+#include "tuning/template_text.h"
 
 namespace brindle::host {
 namespace {
@@ -18,6 +20,8 @@ public:
         for (const auto& [prefix, tool] : tuning_.tools()) {
             if (!tool.own && !tool.physical) CheckOutOfUse(prefix, tool);
             if (tool.own) CheckMaster(prefix, tool);
+            if (tool.own) CheckOnAndOff(prefix, tool);
+            if (tool.physical) CheckFacets(prefix);
         }
         CheckTemplates();
     }
@@ -64,6 +68,63 @@ private:
         if (!fault.empty()) AddAtKey(findings_, Severity::kWarning, *place, std::move(fault));
     }
 
+    // The prefixes of a tool that a record can ask for: its own and that of the master whose templates go with its own.
+    struct ToolPrefixes {
+        std::string own, physical;
+    };
+
+    // The item of the tool's template for an event, or of its master's; null if neither writes anything.
+    const CheckedItem* TemplateOf(const ToolPrefixes& tool, std::string_view event) const {
+        for (const std::string& prefix : {tool.own, tool.physical}) {
+            const std::string key = std::string(prefix).append(event).append("tTmpl");
+            if (CountLines(key) > 0) return tuning_.Find(key);
+        }
+        return nullptr;
+    }
+
+    // Lines that are more than a comment.
+    ptrdiff_t CountLines(std::string_view key) const {
+        TemplateLines lines;
+        if (!options_.GetMulti(key, lines)) return 0;
+        return std::count_if(lines.begin(), lines.end(),
+                             [](const CTemplateLine& line) { return !WithoutComment(line.text).empty(); });
+    }
+
+    void CheckOnAndOff(const std::string& prefix, const CheckedTool& tool) {
+        const ToolPrefixes prefixes{prefix, options_.ToolKeyPrefix(tool.number, true)};
+        const CheckedItem* const on = TemplateOf(prefixes, "ToolOn_");
+        if (on == nullptr || !told_as_on_.insert(on->key).second) return;
+        if (TemplateOf(prefixes, "ToolOff_") != nullptr) return CheckChange(prefixes, *on);
+        // A move of several blocks may lift the tool itself.
+        if (options_.ReadBool(Key("bStartEndOnBlock")) || CountLines("Move_tTmpl") > 1) return;
+        AddAtKey(findings_, Severity::kWarning, *on,
+                 std::string(on->key) + " switches the tool on, but there is no " + std::string(on->match.tool_prefix) +
+                     "ToolOff_tTmpl: moves are made with the tool on");
+    }
+
+    // Where one tool begins at the point at which another one ends, there is no move that switches it off.
+    void CheckChange(const ToolPrefixes& tool, const CheckedItem& on) {
+        const auto is_physical = [](const auto& other) { return other.second.physical; };
+        const bool is_only_one = std::count_if(tuning_.tools().begin(), tuning_.tools().end(), is_physical) < 2;
+        if (is_only_one || options_.ReadBool(Key("bOffReqBeforeDesel"), tool.physical)) return;
+        if (TemplateOf(tool, "ToolDesel_") != nullptr) return;
+        const std::string key = tool.physical + "bOffReqBeforeDesel";
+        const CheckedItem* const item = tuning_.Find(key);
+        AddAtKey(
+            findings_, Severity::kWarning, item != nullptr ? *item : on,
+            key + " is not true: where another cut begins at the end of this tool's, the tool is changed while on");
+    }
+
+    void CheckFacets(const std::string& prefix) {
+        const CheckedItem* const item = tuning_.Find(prefix + "SmFacet_bUse");
+        if (item == nullptr || !options_.ReadBool(Key("SmFacet_bUse"), prefix)) return;
+        for (const KeyRef key : {Key("SmFacet_rMaxRadiusMM"), Key("SmFacet_rLiftAngleDEG")}) {
+            if (options_.ReadReal(key, prefix) != 0.0) continue;
+            return AddAtKey(findings_, Severity::kWarning, *item,
+                            std::string(item->key) + " has no effect: " + prefix + std::string(key->name) + " is 0");
+        }
+    }
+
     // Numbers of tools are told as ranges: nNumOfTools can be any number.
     void CheckTemplates() {
         if (last_ < 1) return;
@@ -102,6 +163,7 @@ private:
     const CBrindleOpts& options_;
     const int32_t last_;
     CFindings& findings_;
+    std::set<std::string_view> told_as_on_;
 };
 
 }  // namespace

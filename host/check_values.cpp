@@ -15,6 +15,8 @@ struct OptionCheck {
 
 bool IsEmpty(const CBrindleOpts& options, KeyRef key) { return options.ReadText(key).empty(); }
 
+constexpr int32_t kFewBytes = 100;
+
 // clang-format off
 constexpr OptionCheck kOptionChecks[] = {
     {"bErrorsAsComments", [](const CBrindleOpts& o) { return o.ReadBool(Key("bErrorsAsComments")) && IsEmpty(o, Key("sOpenComment")); },
@@ -23,10 +25,13 @@ constexpr OptionCheck kOptionChecks[] = {
      "blocks run together in one line: bBlockDelimStd is false and sBlockDelim empty"},
     {"bUseFileSeg", [](const CBrindleOpts& o) { return o.ReadBool(Key("bUseFileSeg")) && o.ReadInt(Key("nMaxBytes")) < 0; },
      "bUseFileSeg has no effect: nMaxBytes sets no limit"},
+    {"nMaxBytes", [](const CBrindleOpts& o) {
+         return o.ReadBool(Key("bUseFileSeg")) && o.ReadInt(Key("nMaxBytes")) >= 0 && o.ReadInt(Key("nMaxBytes")) < kFewBytes;
+     }, "segments of less than 100 bytes: a new one begins every few blocks"},
+    {"bUseText", [](const CBrindleOpts& o) { return o.ReadBool(Key("bUseText")) && !o.ReadBool(Key("bDefaultTool")); },
+     "the texts of drawings are left out: they need the default tool, and bDefaultTool is false"},
     {"bUsePrimaryTool", [](const CBrindleOpts& o) { return o.ReadBool(Key("bUsePrimaryTool")) && o.ToolKeyPrefix(o.ReadInt(Key("nPrimaryTool")), false).empty(); },
      "bUsePrimaryTool selects no tool: nPrimaryTool is the number of no tool in use"},
-    {"bArcBySub", [](const CBrindleOpts& o) { return o.ReadBool(Key("bArcBySub")) && o.ReadBool(Key("bArcByRad")); },
-     "bArcBySub has no effect: bArcByRad is true too"},
     {"bInAbsCenFromStart", [](const CBrindleOpts& o) {
          return !o.ReadBool(Key("bInAbsCenFromStart")) && !o.ReadBool(Key("bInAbsCenFromEnd")) && !o.ReadBool(Key("bInAbsCenIsAbs"));
      }, "in absolute mode all centre words are 0: no way of measuring the centre is chosen"},

@@ -82,6 +82,7 @@ public:
         for (const PlacedPiece& piece : text_.pieces) {
             at_ = piece.at;
             if (piece.piece.kind == Kind::kFixed) CheckFixed(piece);
+            if (piece.piece.kind == Kind::kFixed) CheckCharacters(piece.piece.text, &piece == &text_.pieces.back());
             if (piece.piece.kind == Kind::kDirective && CheckEnds(piece)) CheckDirective(piece.piece.text);
             if (piece.piece.kind == Kind::kRunValue && CheckEnds(piece)) CheckRunValue(piece.piece.text);
         }
@@ -123,6 +124,33 @@ private:
             if (name.empty() || name.size() > kLongestName || FindDirective(std::string("@").append(name)) == nullptr)
                 continue;
             Warn(open, end - open, "this is fixed text: a directive is written <@" + std::string(name) + ">");
+        }
+    }
+
+    // The codes of characters in fixed text. A word that follows, unless the text is the last piece, may bring the rest
+    // of one.
+    void CheckCharacters(std::string_view text, bool is_last) {
+        constexpr std::string_view kOpening = "chr(";
+        for (size_t at = text.find(kOpening); at != text.npos; at = text.find(kOpening, at + 1)) {
+            const size_t number = at + kOpening.size();
+            const size_t close = text.find(')', number);
+            if (close != text.npos) {
+                CheckCharacter(at, text.substr(number, close - number));
+            } else if (is_last) {
+                Warn(at, text.size() - at, "a ) is missing: a character is written chr(n)");
+            }
+        }
+    }
+
+    void CheckCharacter(size_t at, std::string_view code) {
+        const size_t length = code.size() + 5;
+        const std::optional<double> number = WholeNumberText(code);
+        const int32_t read = LeadingInt(code);
+        const std::string counts = " it counts as " + std::to_string(read & 0xFF);
+        if (!number || *number != read) {
+            Tell(Severity::kError, at, length, Quoted(code) + " is no code of a character:" + counts);
+        } else if (read < 0 || read > 255) {
+            Warn(at, length, "the codes of characters go from 0 to 255:" + counts);
         }
     }
 
@@ -194,7 +222,8 @@ private:
         const std::optional<double> number = WholeNumberText(value);
         const double read = ValueOf(keywords, info.keyword).value_or(0.0);
         if (!number || *number != read) {
-            return Warn(at, length, Quoted(value) + " is not read as it stands: it counts as " + ShortNumber(read));
+            return Tell(Severity::kError, at, length,
+                        Quoted(value) + " is not read as it stands: it counts as " + ShortNumber(read));
         }
         const std::string fault = info.keyword == Keyword::kNDec ? FaultOfDecimals(read) : std::string();
         if (!fault.empty()) Warn(at, length, fault);

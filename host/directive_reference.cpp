@@ -10,6 +10,7 @@
 #include "host/text_table.h"
 #include "platform/text_encoding.h"
 #include "platform/text_file.h"
+#include "text/ascii.h"
 
 namespace brindle::host {
 namespace {
@@ -34,16 +35,43 @@ Words act from left to right, each on what those before it have left. A line who
 an empty line writes an empty block. Text that can't be read is reported and left out: the run goes on. Options that are texts,
 such as addresses and codes, may hold words too.
 
-In a tuning file a blank within a text is written `!#SP#!`, and a whole template is one line of the file:
+In a tuning file a whole template is one line: behind its key stand, in turn, an N word, which begins a line of the template,
+and the text of that line. A blank ends the text, so a blank within it is written `!#SP#!`. This template has three lines, of
+which the second is empty:
 
-    MULTI Move_tTmpl NNUL G0!#SP#!<@StartPtWords>
+    MULTI Move_tTmpl NNUL G0!#SP#!<@StartPtWords> NNUL !#EMPTY#! NNUL M8
 
+A tuning file has no comments: a line that begins with `!`, `;` or `#` is dropped, and told by `brindle check`.
+
+)";
+
+constexpr std::string_view kKeywordsHeading = R"(
 ## Keywords
 
 Keywords stand between `[` and `]`, with commas or blanks between them, in any case; a directive ignores those that it does
 not know. A value stands in parentheses, as in `NDEC(3)`. There must be no blank before the `[`.
 
 )";
+
+// What texts and lines of a tuning hold besides directives.
+struct OtherWord {
+    std::string_view name;
+    std::string_view form;
+    std::string_view meaning;
+};
+
+constexpr OtherWord kOtherWords[] = {
+    {"RTD", "<RTD(r,c)>", "run-time data value of row r and column c; RTD(m) is that of message m"},
+    {"chr", "chr(n)",
+     "the character of code n, 0 to 255, put into the finished NC text: chr(33) is a !, which would begin a comment"},
+    {"!", "!", "begins a comment, to the end of the line of a template; not in options, where it is text"},
+    {"!#SP#!", "!#SP#!", "in a tuning file, a blank within a text"},
+    {"!#EMPTY#!", "!#EMPTY#!", "in a tuning file, a text without characters"},
+    {"NNUL", "NNUL", "N word: in a tuning file, begins a line of a template"},
+    {"NBIG", "NBIG", "N word, kept when a tuning is stored; acts as NNUL, for block numbers come from @NBlockOn"},
+    {"NSM", "NSM", "N word, as NBIG"},
+    {"NINIT", "NINITn", "N word with a whole number n, as NBIG"},
+};
 
 constexpr std::string_view kDefaults =
     R"(
@@ -147,6 +175,26 @@ std::string ExamplesPage(std::string_view directive) {
     return page;
 }
 
+std::string OtherWordTablePage() {
+    std::string page = "| Word | Meaning |\n|---|---|\n";
+    for (const OtherWord& word : kOtherWords) {
+        page.append("| `").append(word.form).append("` | ").append(word.meaning).append(" |\n");
+    }
+    return page;
+}
+
+std::string KeywordEntry(const KeywordInfo& keyword) {
+    std::string directives;
+    for (const DirectiveInfo& directive : DirectiveTable()) {
+        if (directive.keywords.Has(keyword.keyword))
+            directives.append(directives.empty() ? "" : " ").append(directive.name);
+    }
+    CTextTable facts("  ");
+    facts.AddRow({"keyword", std::string(keyword.meaning)});
+    facts.AddRow({"of", directives});
+    return Joined({keyword.form, "\n", facts.Text()});
+}
+
 std::string KeywordTablePage() {
     std::string page = "| Keyword | Meaning |\n|---|---|\n";
     for (const KeywordInfo& info : KeywordTable()) {
@@ -225,6 +273,20 @@ std::string DirectiveEntry(const DirectiveInfo& directive) {
     return text;
 }
 
+std::string OtherWordEntry(std::string_view word) {
+    const auto is_it = [word](std::string_view name, std::string_view form) {
+        const bool is_name = EqualNoCase(name, word.substr(0, word.find('(')));
+        return is_name || EqualNoCase(form, word);
+    };
+    for (const KeywordInfo& info : KeywordTable()) {
+        if (is_it(info.name, info.form)) return KeywordEntry(info);
+    }
+    for (const OtherWord& other : kOtherWords) {
+        if (is_it(other.name, other.form)) return Joined({other.form, "\n  ", other.meaning, "\n"});
+    }
+    return {};
+}
+
 std::string DirectiveList() {
     std::string_view group;
     CTextTable table("  ");
@@ -242,12 +304,16 @@ std::string DirectiveList() {
     }
     CTextTable words("  ");
     for (const KeywordInfo& info : KeywordTable()) words.AddRow({Joined({"  ", info.form}), std::string(info.meaning)});
-    return Joined({"Directives\n", table.Text(), "\nKeywords\n", words.Text()});
+    CTextTable others("  ");
+    for (const OtherWord& word : kOtherWords) {
+        others.AddRow({Joined({"  ", word.form}), std::string(word.meaning)});
+    }
+    return Joined({"Directives\n", table.Text(), "\nKeywords\n", words.Text(), "\nOther words\n", others.Text()});
 }
 
 std::string DirectivePage() {
     std::string page(kIntroduction);
-    page += KeywordTablePage();
+    page.append(OtherWordTablePage()).append(kKeywordsHeading).append(KeywordTablePage());
     page.append(kDefaults).append(JobPage()).append(kExampleTuning);
     AddLines("    ", ExampleTuning(), page);
     page.append("\n").append(ExamplesPage("")).append("## Directives\n\n");

@@ -5,6 +5,7 @@
 
 #include "host/check_findings.h"
 #include "host/commands.h"
+#include "host/intended_key.h"
 #include "host/messages.h"
 #include "host/number_words.h"
 #include "host/text_table.h"
@@ -39,20 +40,45 @@ bool Holds(std::string_view text, std::string_view pattern) {
     return UpperCase(text).find(UpperCase(pattern)) != std::string::npos;
 }
 
-// Which rows a pattern asks for: those whose names hold it, or the one that reads the key that it is.
+// A line of a tuning that holds no item: run-time data.
+struct LineForm {
+    std::string_view word;  // the first one
+    std::string_view form;
+    std::string_view meaning;
+};
+
+constexpr LineForm kLineForms[] = {
+    {"UPD", "UPD 2026_03_01_10_00_00", "When the run-time data were changed last."},
+    {"ROW", "ROW TEXT NAME [HIDE]", "The next row of the table of run-time data; HIDE keeps it from the dialog."},
+    {"COL", "COL TEXT NAME [HIDE]", "The next column of the table."},
+    {"MSG", "MSG TEXT NAME [HIDE]", "The next message: a value that stands in no row and column."},
+    {"DATASETDEF", "DATASETDEF NAME", "A dataset, such as one of a material, above the lines of its values."},
+    {"DSD", "DSD DATASET TYPE WORD VALUE",
+     "The value of a word such as RTD(1,2) or RTD(1) in a dataset; TYPE is TEXT, or R_EXPR or T_EXPR for an expression "
+     "that the host computes."},
+};
+
+// Which rows a pattern asks for: those whose names hold it, those under the heading that it is, or the one that reads
+// the key that it is. A tool's key may lack the prefix.
 class RowFilter {
 public:
-    explicit RowFilter(std::string_view pattern) : pattern_(pattern), match_(MatchKey(pattern)) {}
+    explicit RowFilter(std::string_view pattern)
+        : pattern_(pattern), of_tool_(std::string("T1_").append(pattern)), match_(MatchKey(pattern)) {
+        if (match_.event == nullptr && MatchKey(of_tool_).event != nullptr) match_ = MatchKey(of_tool_);
+    }
 
     bool Wants(const KeyInfo& info) const {
-        return match_.info != nullptr ? &info == match_.info : Holds(info.name, pattern_);
+        if (match_.info != nullptr) return &info == match_.info;
+        return Holds(info.name, pattern_) || EqualNoCase(info.group, pattern_);
     }
     bool Wants(const EventInfo& event) const {
         return match_.info != nullptr ? &event == match_.event : Holds(event.prefix, pattern_);
     }
+    bool Wants(const LineForm& line) const { return pattern_.empty() || EqualNoCase(line.word, pattern_); }
 
 private:
     std::string_view pattern_;
+    std::string of_tool_;  // the pattern as a key of a tool
     KeyMatch match_;
 };
 
@@ -82,6 +108,18 @@ std::string EventsText(const RowFilter& filter) {
     return has_rows ? "Events of templates\n" + table.Text() + "\n" : std::string();
 }
 
+std::string LinesText(const RowFilter& filter) {
+    CTextTable table("  ");
+    table.AddRow({"line", "meaning"});
+    bool has_rows = false;
+    for (const LineForm& line : kLineForms) {
+        if (!filter.Wants(line)) continue;
+        has_rows = true;
+        table.AddRow({std::string(line.form), std::string(line.meaning)});
+    }
+    return has_rows ? "Lines of run-time data\n" + table.Text() + "\n" : std::string();
+}
+
 int PrintKeys(const std::string& pattern) {
     const RowFilter filter(pattern);
     std::string text;
@@ -91,9 +129,9 @@ int PrintKeys(const std::string& pattern) {
         group = info.group;
         text += GroupText(group, filter);
     }
-    text += EventsText(filter);
+    text += EventsText(filter) + LinesText(filter);
     if (text.empty()) {
-        PrintError({}, "no key is or holds " + Quoted(pattern) + Suggestion(NearestKey(pattern)));
+        PrintError({}, "no key is or holds " + Quoted(pattern) + Suggestion(IntendedKey(pattern)));
         return kBadInput;
     }
     text.pop_back();
@@ -107,7 +145,8 @@ void AddKeysCommand(CLI::App& app, int& status) {
     const auto pattern = std::make_shared<std::string>();
     CLI::App* const command = app.add_subcommand("keys", "Lists the keys that a tuning can hold");
     command->add_option("PATTERN", *pattern,
-                        "A part of the keys that are wanted, or a whole key such as T3_Speed_P1_sV1");
+                        "A part of the keys that are wanted, a whole key such as T3_Speed_P1_sV1, a heading of the "
+                        "list, or the first word of a line of run-time data");
     command->footer(
         "default  what a run takes for a key that the tuning lacks, - if it then does without\n"
         "editor   what the tuning editor stores for it\n"

@@ -33,6 +33,12 @@ expect 'one key' 0 "Tools
 expect 'keys by a part in any case' 0 "$("$BRINDLE" keys facettol)" keys FacetTol
 expect 'no key' 1 "brindle: no key is or holds 'bUseSubz' (did you mean bUseSubs?)" keys bUseSubz
 [ "$("$BRINDLE" keys | grep -c 'SmFacet_')" -ge 3 ] || fail 'the list of all keys lacks some'
+expect 'a key without the prefix of its tool' 0 "$("$BRINDLE" keys T7_ToolOn_tTmpl)" keys ToolOn_tTmpl
+expect 'a key with a prefix too much' 1 "brindle: no key is or holds 'T1_Line_tTmpl' (did you mean Line_tTmpl?)" \
+    keys T1_Line_tTmpl
+while read -r name; do
+    "$BRINDLE" keys "$name" >/dev/null || fail "$name is listed, but not found"
+done < <("$BRINDLE" keys | sed -n '/^Lines of/,$p' | grep -o '^  [A-Z]*')
 "$BRINDLE" keys Fly | grep -q '^  Fly_PreCheck_ ' || fail 'an event is not found by a part of its name'
 
 expect 'directive without @' 0 "$("$BRINDLE" directives @CutWidth)" directives CutWidth
@@ -40,7 +46,9 @@ expect 'directive without @' 0 "$("$BRINDLE" directives @CutWidth)" directives C
 expect 'no directive' 1 "brindle: no directive '@endptword' (did you mean @EndPtWords?)" directives endptword
 while read -r name; do
     "$BRINDLE" directives "$name" >/dev/null || fail "$name has no entry"
-done < <("$BRINDLE" directives | grep -o '^    @[A-Za-z0-9]*')
+done < <("$BRINDLE" directives | grep -o '^    [^ ]*')
+expect 'a keyword' 0 $'SETTO(v)\n  keyword  set to a value\n  of       @SetToolDir @NBlockOn' directives setto
+expect 'a run-time word' 0 "$("$BRINDLE" directives '<RTD(r,c)>')" directives 'RTD(1,2)'
 [ "$("$BRINDLE" directives | grep -c '^    @')" = 58 ] || fail 'not all directives are listed'
 "$BRINDLE" directives CutWidth --markdown >/dev/null 2>&1
 [ $? = 2 ] || fail 'one entry as a page is wrong usage'

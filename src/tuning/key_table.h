@@ -380,9 +380,10 @@ inline constexpr KeyInfo kKeys[] = {
     {"Speed_bFactor", kBool, kGlobal, false, false, "Speed",
      "Speeds are multiplied by Speed_sFactor."},
     {"Speed_sFactor", kText, kGlobal, "", "", "Speed",
-     "Factor on speeds if Speed_bFactor is true; a text, so that it can refer to run-time data."},
+     "Factor on speeds if Speed_bFactor is true: a number, or a text that refers to one of the run-time data."},
     {"Speed_bAsValue", kBool, kGlobal, false, false, "Speed",
-     "A speed is written as a computed number; false means as an expression that the controller computes."},
+     "A speed is written as a computed number, so that all speeds must be numbers; "
+     "false means as an expression that the controller computes."},
     {"Speed_bAsExpress", kBool, kGlobal, kNone, true, "Speed",
      "Editor only: the button for expressions, which a run writes if Speed_bAsValue is false."},
     {"Speed_nNDec", kInt, kGlobal, 3, 3, "Speed",
@@ -493,7 +494,7 @@ inline constexpr KeyInfo kKeys[] = {
      "Code that @TangAuxCode2 writes while a tangential tool is selected."},
 
     {"bUseText", kBool, kGlobal, false, false, "Text",
-     "The machine can write texts; false leaves them out with a warning."},
+     "The machine can write texts; those of drawings take the default tool. False leaves them out with a warning."},
     {"TextData_sAddr", kText, kGlobal, "", "", "Text",
      "Address of a text."},
     {"TextData_sFROM_1", kText, kGlobal, "", "", "Text",

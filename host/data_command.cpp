@@ -10,6 +10,7 @@
 #include "host/messages.h"
 #include "host/run_time_words.h"
 #include "host/text_table.h"
+#include "host/tuning_report.h"
 #include "text/numbers.h"
 #include "text/words.h"
 
@@ -83,7 +84,7 @@ void PrintDefinition(const CRunTimeDataDef& definition, const std::string& datas
 int RunData(const DataArguments& arguments) {
     LoadedTuning tuning;
     std::string chosen;
-    if (!LoadTuning(arguments.tuning, arguments.definition, tuning)) return kBadInput;
+    if (!LoadTuning(arguments.tuning, arguments.definition, tuning) || !ReportOnTuning(tuning)) return kBadInput;
     if (!ChooseDataset(tuning, arguments.dataset, chosen)) return kBadInput;
     if (arguments.edit) return EditData(tuning, chosen, arguments.tuning_pick);
     if (IsEmpty(tuning.definition())) {

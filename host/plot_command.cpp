@@ -17,6 +17,7 @@
 #include "host/output_plan.h"
 #include "host/run_report.h"
 #include "host/scene_painter.h"
+#include "host/tuning_report.h"
 #include "text/ascii.h"
 
 namespace brindle::host {
@@ -85,7 +86,8 @@ PictureStyle StyleOf(const PlotArguments& arguments) {
 bool RunForScene(const PlotArguments& arguments, PathScene& scene) {
     LoadedTuning tuning;
     CLibraryInput drawing;
-    if (!LoadTuning(arguments.tuning, {}, tuning) || !drawing.Open(arguments.drawing)) return false;
+    if (!LoadTuning(arguments.tuning, {}, tuning) || !ReportOnTuning(tuning)) return false;
+    if (!drawing.Open(arguments.drawing)) return false;
     DrawingSurvey survey;
     if (!ReportOnDrawing(arguments.drawing, drawing.text(), &tuning.options, survey)) return false;
     CBrindleMgr session;

@@ -9,6 +9,7 @@
 #include "host/number_words.h"
 #include "host/parallel_jobs.h"
 #include "host/post_job.h"
+#include "host/tuning_report.h"
 #include "platform/local_time.h"
 #include "platform/worker_pool.h"
 
@@ -189,7 +190,7 @@ int Post(PostArguments& arguments) {
     TakeArguments(arguments);
     JobOptions& job = arguments.job;
     LoadedTuning tuning;
-    if (!LoadTuning(arguments.tuning, arguments.definition, tuning)) return kBadInput;
+    if (!LoadTuning(arguments.tuning, arguments.definition, tuning) || !ReportOnTuning(tuning)) return kBadInput;
     if (!ChooseDataset(tuning, job.dataset, job.run_data.dataset)) return kBadInput;
     if (!CheckSettings(tuning, job.run_data)) return kBadInput;
     const size_t at_a_time = arguments.jobs == 0 ? ProcessorCores() : arguments.jobs;

@@ -152,6 +152,16 @@ run 0 post -t plain.tun box.cf2
 mentions 'box-4.nc: warning: is older'
 mentions 'box.nc: warning: is older'
 
+begin 'a tuning with errors'
+printf 'REAL MM_AX1_rFactor 2,5\n' >>plain.tun
+run 1 post -t plain.tun box.cf2
+mentions "plain.tun:$(wc -l <plain.tun): error: '2,5' is no number that can be read: it counts as 2"
+mentions 'brindle: plain.tun: 1 error: no job is done with this file'
+leaves
+printf 'ROW TEXT Feed\nCOL TEXT Steel\nDATASETDEF A\nDSD A TXT RTD(1,1) 5\n' >words.rtd
+run 1 post -t plain.tun --rtd words.rtd box.cf2
+mentions "words.rtd:4: error: 'TXT' is none of"
+
 begin 'more segments than can be fetched'
 printf 'BOOL bUseFileSeg true\nINT nMaxBytes 0\n' >>plain.tun
 { printf 'UR,1,1\n'; yes 'L,0.5,1,0,0,0,25.4,0,0,0' | head -n 70000; } >box.cf2

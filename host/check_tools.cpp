@@ -14,6 +14,8 @@ public:
         : tuning_(tuning),
           options_(tuning.options()),
           last_(options_.ReadInt(Key("nNumOfTools"))),
+          physical_count_(std::count_if(tuning.tools().begin(), tuning.tools().end(),
+                                        [](const auto& tool) { return tool.second.physical; })),
           findings_(findings) {}
 
     void Check() {
@@ -104,9 +106,7 @@ private:
 
     // Where one tool begins at the point at which another one ends, there is no move that switches it off.
     void CheckChange(const ToolPrefixes& tool, const CheckedItem& on) {
-        const auto is_physical = [](const auto& other) { return other.second.physical; };
-        const bool is_only_one = std::count_if(tuning_.tools().begin(), tuning_.tools().end(), is_physical) < 2;
-        if (is_only_one || options_.ReadBool(Key("bOffReqBeforeDesel"), tool.physical)) return;
+        if (physical_count_ < 2 || options_.ReadBool(Key("bOffReqBeforeDesel"), tool.physical)) return;
         if (TemplateOf(tool, "ToolDesel_") != nullptr) return;
         const std::string key = tool.physical + "bOffReqBeforeDesel";
         const CheckedItem* const item = tuning_.Find(key);
@@ -162,6 +162,7 @@ private:
     const CCheckedTuning& tuning_;
     const CBrindleOpts& options_;
     const int32_t last_;
+    const ptrdiff_t physical_count_;
     CFindings& findings_;
     std::set<std::string_view> told_as_on_;
 };

@@ -131,14 +131,15 @@ private:
     // of one.
     void CheckCharacters(std::string_view text, bool is_last) {
         constexpr std::string_view kOpening = "chr(";
-        for (size_t at = text.find(kOpening); at != text.npos; at = text.find(kOpening, at + 1)) {
+        for (size_t at = text.find(kOpening); at != text.npos;) {
             const size_t number = at + kOpening.size();
             const size_t close = text.find(')', number);
-            if (close != text.npos) {
-                CheckCharacter(at, text.substr(number, close - number));
-            } else if (is_last) {
-                Warn(at, text.size() - at, "a ) is missing: a character is written chr(n)");
+            if (close == text.npos) {
+                if (is_last) Warn(at, text.size() - at, "a ) is missing: a character is written chr(n)");
+                return;
             }
+            CheckCharacter(at, text.substr(number, close - number));
+            at = text.find(kOpening, close);
         }
     }
 

@@ -65,8 +65,9 @@ void AddFileOptions(CLI::App& command, PostArguments& arguments) {
     command
         .add_option("-o,--output", arguments.output,
                     "NC file, or a folder for it; - is standard output. By default the drawing's\n"
-                    "name with .nc in the current folder. Several segments are numbered before\n"
-                    "the extension: box-1.nc, box-2.nc")
+                    "name with .nc in the current folder, and standard output for a drawing from\n"
+                    "standard input. Several segments are numbered before the extension: box-1.nc,\n"
+                    "box-2.nc")
         ->type_name("PATH");
     command
         .add_option("--trace", arguments.trace,
@@ -89,10 +90,10 @@ void AddFileOptions(CLI::App& command, PostArguments& arguments) {
 }
 
 void AddJobOptions(CLI::App& command, PostArguments& arguments) {
-    auto* const inches =
-        command.add_flag("--inches", arguments.inches, "The job is in inches, whatever the drawing says");
-    auto* const millimetres =
-        command.add_flag("--mm", arguments.millimetres, "The job is in millimetres, whatever the drawing says");
+    auto* const inches = command.add_flag("--inches", arguments.inches,
+                                          "NC text in inches, whatever the drawing's unit, if bOutUnitsAuto is true");
+    auto* const millimetres = command.add_flag("--mm", arguments.millimetres,
+                                               "The same in millimetres; the lengths of the drawing stay as they are");
     inches->excludes(millimetres);
     const auto add = [&command](const char* name, std::string& text, const char* form, auto is_good, const char* help) {
         CLI::Option* const option = command.add_option(name, text, help)->group(kJobGroup);

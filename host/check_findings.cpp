@@ -17,13 +17,14 @@ void CFindings::Add(Severity severity, size_t line, size_t column, size_t length
 }
 
 void CFindings::Print(const TuningFile& file, Severity least) {
-    std::erase_if(findings_, [least](const Finding& finding) { return finding.severity > least; });
     std::stable_sort(findings_.begin(), findings_.end(), [](const Finding& a, const Finding& b) {
         return std::tie(a.line, a.column) < std::tie(b.line, b.column);
     });
     const std::string name = file.path == "-" ? "standard input" : file.path;
-    for (size_t i = 0; i < std::min(findings_.size(), kMostPrinted); ++i) {
-        const Finding& finding = findings_[i];
+    size_t printed = 0;
+    for (const Finding& finding : findings_) {
+        if (finding.severity > least) continue;
+        if (++printed > kMostPrinted) break;
         const std::string_view line = finding.line == 0 ? std::string_view() : file.lines[finding.line - 1];
         PrintDiagnostic(finding.severity, {name, finding.line, finding.column, finding.length}, finding.text, line);
     }

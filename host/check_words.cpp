@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <optional>
 #include <vector>
 
@@ -145,7 +146,8 @@ private:
 
     void CheckCharacter(size_t at, std::string_view code) {
         const size_t length = code.size() + 5;
-        const std::optional<double> number = WholeNumberText(code);
+        const size_t first = std::min(code.find_first_not_of(' '), code.size());  // the writer of codes skips blanks
+        const std::optional<double> number = WholeNumberText(code.substr(first));
         const int32_t read = LeadingInt(code);
         const std::string counts = " it counts as " + std::to_string(read & 0xFF);
         if (!number || *number != read) {

@@ -35,8 +35,7 @@ std::optional<std::string> ReadStandardInput() {
 // Whether the library, given `path`, would read what we have read.
 bool CanBeReadAgain(const std::string& path) {
     std::error_code error;
-    return path != kStandardInput && fs::is_regular_file(path, error) &&
-           WideToNarrow(NarrowToWide(path).c_str()) == path;
+    return path != kStandardInput && fs::is_regular_file(path, error) && AsUtf8(path) == path;
 }
 
 }  // namespace

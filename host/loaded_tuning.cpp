@@ -36,7 +36,7 @@ bool LoadTuning(const std::string& path, const std::string& definition_path, Loa
     }
     // The library gets each line as wide characters, so what is no UTF-8 changes on the way.
     for (const std::string_view line : tuning.file.lines) {
-        tuning.options.ReadLine(WideToNarrow(Wide(line).c_str()), ReadMode::kTuning);
+        tuning.options.ReadLine(AsUtf8(line), ReadMode::kTuning);
     }
     tuning.definition_name = path;
     return definition_path.empty() || LoadDefinition(definition_path, tuning);

@@ -2,6 +2,7 @@
 
 #include "host/check.h"
 #include "platform/text_file.h"
+#include "text/words.h"
 
 namespace brindle::host {
 namespace {
@@ -16,21 +17,28 @@ bool ReportOnFile(const TuningFile& file, void (*check)(const CCheckedTuning&, C
     return errors == 0;
 }
 
-void CheckDefinition(const CCheckedTuning& tuning, CFindings& findings) {
-    CheckLines(tuning, findings);
-    CheckRunTimeData(tuning, findings);
+// Of a whole tuning that stands in the place of a definition file only the definition is read.
+bool ReportOnDefinition(const LoadedTuning& tuning) {
+    TuningFile file;
+    file.path = tuning.definition_name;
+    file.text = tuning.definition_file.text();
+    file.lines = SplitLines(file.text);
+    std::vector<std::string_view> words;
+    for (std::string_view& line : file.lines) {
+        SplitWords(line, words);
+        if (!words.empty() && KindOfType(words[0])) line = {};
+    }
+    return ReportOnFile(file, [](const CCheckedTuning& definition, CFindings& findings) {
+        CheckLines(definition, findings);
+        CheckRunTimeData(definition, findings);
+    });
 }
 
 }  // namespace
 
 bool ReportOnTuning(const LoadedTuning& tuning) {
     const bool good = ReportOnFile(tuning.file, CheckAll);
-    if (!tuning.has_definition_file) return good;
-    TuningFile definition;
-    definition.path = tuning.definition_name;
-    definition.text = tuning.definition_file.text();
-    definition.lines = SplitLines(definition.text);
-    return ReportOnFile(definition, CheckDefinition) && good;
+    return tuning.has_definition_file ? ReportOnDefinition(tuning) && good : good;
 }
 
 }  // namespace brindle::host

@@ -161,6 +161,9 @@ leaves
 printf 'ROW TEXT Feed\nCOL TEXT Steel\nDATASETDEF A\nDSD A TXT RTD(1,1) 5\n' >words.rtd
 run 1 post -t plain.tun --rtd words.rtd box.cf2
 mentions "words.rtd:4: error: 'TXT' is none of"
+printf 'INT nMaxBytes 3.5\nROW TEXT Feed\nCOL TEXT Steel\nDATASETDEF A\nDSD A TEXT RTD(1,1) 5\n' >words.rtd
+sed -i '$d' plain.tun
+run 0 post -t plain.tun --rtd words.rtd box.cf2
 
 begin 'more segments than can be fetched'
 printf 'BOOL bUseFileSeg true\nINT nMaxBytes 0\n' >>plain.tun

@@ -13,7 +13,7 @@ std::string WideToNarrow(const wchar_t* text);
 // (U+0080 to U+00FF), so that no byte is lost.
 std::wstring NarrowToWide(std::string_view text);
 
-// `text` as it comes back from the host: the bytes of no valid sequence are their characters, in UTF-8.
+// NarrowToWide and back: `text` as it comes from a host that was given it. Valid UTF-8 stays as it is.
 std::string AsUtf8(std::string_view text);
 
 }  // namespace brindle

@@ -3,9 +3,10 @@
 namespace brindle {
 
 void CNCOutputState::ClearModalWords() {
-    for (std::string* word : {&last_axis1, &last_axis2, &last_centre1, &last_centre2, &last_radius, &last_subtended,
-                              &last_abs_inc_code, &last_units_code, &last_interp_code, &last_tool_rotation,
-                              &last_speed1, &last_speed2, &last_text_rotation, &last_text_height}) {
+    ClearAxisWords();
+    for (std::string* word :
+         {&last_centre1, &last_centre2, &last_radius, &last_subtended, &last_abs_inc_code, &last_units_code,
+          &last_interp_code, &last_tool_rotation, &last_speed1, &last_speed2, &last_text_rotation, &last_text_height}) {
         word->clear();
     }
 }

@@ -9,8 +9,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "drawing/scene_colors.h"
 #include "qt_text.h"
+#include "scene/scene_colors.h"
 #include "stroke_lines.h"
 
 namespace brindle {

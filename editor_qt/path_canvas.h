@@ -7,7 +7,7 @@
 #include <memory>
 #include <vector>
 
-#include "drawing/path_scene.h"
+#include "scene/path_scene.h"
 
 namespace brindle {
 

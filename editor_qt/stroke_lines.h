@@ -6,7 +6,7 @@
 #include <QVector>
 #include <functional>
 
-#include "drawing/path_scene.h"
+#include "scene/path_scene.h"
 
 namespace brindle {
 

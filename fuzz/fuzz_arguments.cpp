@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "files.h"
-#include "host/command_line.h"
+#include "host/commands/command_line.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include "editor/toolkit/active_toolkit.h"
 #include "editor_job.h"
 #include "files.h"
-#include "host/play/headless_screen.h"
+#include "testing/play/headless_screen.h"
 
 namespace {
 

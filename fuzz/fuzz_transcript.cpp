@@ -7,8 +7,8 @@
 #include "brindle/brindle.h"
 #include "editor_job.h"
 #include "files.h"
-#include "host/play/headless_screen.h"
-#include "host/play/play_session.h"
+#include "testing/play/headless_screen.h"
+#include "testing/play/play_session.h"
 
 namespace {
 

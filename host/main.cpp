@@ -3,8 +3,8 @@
 #include <cstdio>
 #include <exception>
 
-#include "host/command_line.h"
-#include "host/commands.h"
+#include "host/commands/command_line.h"
+#include "host/commands/commands.h"
 
 int main(int argc, char** argv) {
     // A reader that goes away shows as a failed write, so that no temporary file is left.

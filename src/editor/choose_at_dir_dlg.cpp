@@ -2,7 +2,7 @@
 
 #include "editor/control_place.h"
 #include "editor/messages.h"
-#include "generator/directives.h"
+#include "language/directives.h"
 
 namespace brindle {
 namespace {

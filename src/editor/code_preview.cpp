@@ -4,10 +4,10 @@
 #include <fstream>
 
 #include "cff2/cff2_reader.h"
-#include "drawing/scene_of_path.h"
 #include "editor/control_place.h"
 #include "editor/messages.h"
 #include "generator/output_run.h"
+#include "scene/scene_of_path.h"
 
 namespace brindle {
 namespace {

@@ -5,7 +5,6 @@
 #include <string>
 
 #include "generator/buffer_mgr.h"
-#include "generator/compiled_text.h"
 #include "generator/debug_mgr.h"
 #include "generator/number_format.h"
 #include "generator/output_state.h"
@@ -13,6 +12,7 @@
 #include "generator/tool_table.h"
 #include "geometry/controller_state.h"
 #include "geometry/programs.h"
+#include "language/compiled_text.h"
 
 namespace brindle {
 

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "generator/compiled_text.h"
+#include "language/compiled_text.h"
 
 namespace brindle {
 

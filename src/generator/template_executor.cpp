@@ -1,8 +1,8 @@
 #include "generator/template_executor.h"
 
-#include "generator/directives.h"
 #include "generator/path_recorder.h"
 #include "geometry/plane_math.h"
+#include "language/directives.h"
 #include "text/numbers.h"
 
 namespace brindle {

@@ -1,6 +1,6 @@
 #include "generator/text_resolver.h"
 
-#include "generator/directives.h"
+#include "language/directives.h"
 
 namespace brindle {
 namespace {

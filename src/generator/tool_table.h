@@ -8,8 +8,8 @@
 #include <string>
 #include <unordered_map>
 
-#include "generator/compiled_text.h"
 #include "geometry/plane_math.h"
+#include "language/compiled_text.h"
 
 namespace brindle {
 

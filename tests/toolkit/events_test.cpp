@@ -1,8 +1,8 @@
 // Which events the two toolkits report, and in which order: one table of scenes, each played on both.
 #include <gtest/gtest.h>
 
-#include "host/play/headless_screen.h"
-#include "host/play_qt/qt_screen.h"
+#include "testing/play/headless_screen.h"
+#include "testing/play_qt/qt_screen.h"
 #include "unit/editor_user.h"
 
 namespace brindle {

@@ -13,13 +13,13 @@
 #include <filesystem>
 
 #include "editor/toolkit/active_toolkit.h"
-#include "host/commands.h"
-#include "host/play_qt/idle_user.h"
-#include "host/play_qt/qt_user.h"
-#include "host/play_qt/shown_widgets.h"
+#include "host/commands/commands.h"
 #include "platform/text_file.h"
 #include "qt_text.h"
 #include "qt_toolkit.h"
+#include "testing/play_qt/idle_user.h"
+#include "testing/play_qt/qt_user.h"
+#include "testing/play_qt/shown_widgets.h"
 
 namespace brindle::toolkit_test {
 namespace {

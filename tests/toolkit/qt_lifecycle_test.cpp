@@ -16,7 +16,7 @@
 #include <fstream>
 #include <thread>
 
-#include "host/play_qt/offscreen.h"
+#include "testing/play_qt/offscreen.h"
 
 namespace brindle::toolkit_test {
 namespace {

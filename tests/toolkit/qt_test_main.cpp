@@ -3,7 +3,7 @@
 
 #include <QApplication>
 
-#include "host/play_qt/offscreen.h"
+#include "testing/play_qt/offscreen.h"
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);

@@ -1,8 +1,8 @@
-#include "generator/compiled_text.h"
+#include "language/compiled_text.h"
 
 #include <gtest/gtest.h>
 
-#include "generator/directives.h"
+#include "language/directives.h"
 
 namespace brindle {
 namespace {

@@ -5,8 +5,8 @@
 #include <string_view>
 
 #include "brindle/brindle.h"
-#include "host/directive_examples.h"
-#include "host/directive_reference.h"
+#include "host/reference/directive_examples.h"
+#include "host/reference/directive_reference.h"
 #include "platform/text_encoding.h"
 #include "platform/text_file.h"
 

@@ -4,9 +4,9 @@
 #include <algorithm>
 
 #include "api/brindle_mgr.h"
-#include "drawing/path_scene.h"
 #include "editor/code_preview.h"
 #include "editor/toolkit/headless_windows.h"
+#include "scene/path_scene.h"
 #include "unit/editor_user.h"
 
 namespace brindle {

@@ -5,8 +5,8 @@
 #include <algorithm>
 
 #include "api/brindle_mgr.h"
-#include "generator/directives.h"
 #include "generator/text_resolver.h"
+#include "language/directives.h"
 #include "unit/host_session.h"
 
 namespace brindle {

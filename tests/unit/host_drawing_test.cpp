@@ -6,8 +6,8 @@
 
 #include "api/brindle_mgr.h"
 #include "brindle/brindle.h"
-#include "host/drawing_survey.h"
-#include "host/loaded_tuning.h"
+#include "check/drawing/drawing_survey.h"
+#include "host/post/loaded_tuning.h"
 #include "unit/temp_folder.h"
 
 namespace brindle::host {

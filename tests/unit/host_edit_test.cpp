@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "editor/toolkit/active_toolkit.h"
-#include "host/commands.h"
+#include "host/commands/commands.h"
 #include "unit/editor_user.h"
 #include "unit/temp_folder.h"
 

@@ -7,10 +7,10 @@
 #include <iterator>
 #include <vector>
 
-#include "host/messages.h"
-#include "host/number_words.h"
-#include "host/output_files.h"
-#include "host/output_plan.h"
+#include "check/number_words.h"
+#include "host/console/messages.h"
+#include "host/files/output_files.h"
+#include "host/post/output_plan.h"
 #include "unit/temp_folder.h"
 
 namespace brindle::host {

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <limits>
 
-#include "host/axis_ticks.h"
+#include "host/picture/axis_ticks.h"
 
 namespace brindle::host {
 namespace {

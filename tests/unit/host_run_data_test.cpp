@@ -1,5 +1,5 @@
 // Run-time data on the command line: settings, expressions, and how they reach a run.
-#include "host/run_data.h"
+#include "host/post/run_data.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
-#include "generator/keywords.h"
+#include "language/keywords.h"
 
 #include <gtest/gtest.h>
 
-#include "generator/directives.h"
+#include "language/directives.h"
 
 namespace brindle {
 namespace {

@@ -1,13 +1,13 @@
 // The scene of a tool path: looks, places, and what is found there.
-#include "drawing/path_scene.h"
+#include "scene/path_scene.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <limits>
 
-#include "drawing/scene_colors.h"
-#include "drawing/scene_of_path.h"
+#include "scene/scene_colors.h"
+#include "scene/scene_of_path.h"
 
 namespace brindle {
 namespace {

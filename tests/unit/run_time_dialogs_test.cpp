@@ -9,7 +9,7 @@
 #include "editor/rtd_def_editor.h"
 #include "editor/toolkit/active_toolkit.h"
 #include "editor/toolkit/headless_windows.h"
-#include "host/commands.h"
+#include "host/commands/commands.h"
 #include "platform/local_time.h"
 #include "platform/user_store.h"
 #include "unit/editor_user.h"

@@ -1,5 +1,5 @@
 // Texts of template lines cut into pieces, and their N words.
-#include "tuning/template_text.h"
+#include "language/template_text.h"
 
 #include <gtest/gtest.h>
 

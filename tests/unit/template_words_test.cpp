@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
-#include "host/checked_tuning.h"
-#include "host/template_words.h"
+#include "check/tuning/checked_tuning.h"
+#include "check/tuning/template_words.h"
 
 namespace brindle::host {
 namespace {

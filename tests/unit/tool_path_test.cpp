@@ -7,8 +7,8 @@
 #include <cmath>
 
 #include "api/brindle_mgr.h"
-#include "drawing/scene_of_path.h"
 #include "generator/output_run.h"
+#include "scene/scene_of_path.h"
 
 namespace brindle {
 namespace {

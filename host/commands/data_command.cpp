@@ -1,0 +1,118 @@
+#include <iostream>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "check/tuning/run_time_words.h"
+#include "host/commands/commands.h"
+#include "host/console/messages.h"
+#include "host/console/text_table.h"
+#include "host/console/tuning_report.h"
+#include "host/edit/edit_data.h"
+#include "host/post/date_text.h"
+#include "host/post/loaded_tuning.h"
+#include "text/numbers.h"
+#include "text/words.h"
+
+namespace brindle::host {
+namespace {
+
+struct DataArguments {
+    std::string tuning, definition, dataset, tuning_pick;
+    bool edit = false;
+};
+
+void PrintItems(const char* title, const std::vector<CRunTimeDefItem>& items) {
+    if (items.empty()) return;
+    std::cout << title << "\n";
+    CTextTable table("  ");
+    for (size_t i = 0; i < items.size(); ++i) {
+        table.AddRow({std::to_string(i + 1), items[i].name, items[i].hidden ? "hidden" : ""});
+    }
+    std::cout << table.Text() << "\n";
+}
+
+std::string NameAt(const std::vector<CRunTimeDefItem>& items, std::string_view number) {
+    return items[static_cast<size_t>(LeadingInt(number)) - 1].name;
+}
+
+// What the value of a word is for: the message, or row and column.
+std::string PurposeOf(const CRunTimeDataDef& definition, const std::string& word) {
+    if (!FaultOfRunTimeWord(word, definition).empty()) return "(not defined)";
+    std::vector<std::string_view> numbers;
+    SplitWords(word, numbers, "RTD(,)");
+    if (numbers.size() == 1) return NameAt(definition.messages(), numbers[0]);
+    return NameAt(definition.rows(), numbers[0]) + ", " + NameAt(definition.columns(), numbers[1]);
+}
+
+const char* KindText(TextKind kind) {
+    switch (kind) {
+        case TextKind::kPlain: return "";
+        case TextKind::kRealExpression: return "number expression";
+        case TextKind::kTextExpression: return "text expression";
+    }
+    return "";
+}
+
+void PrintDataset(const CRunTimeDataDef& definition, const CDataSetItem& dataset) {
+    std::cout << "Dataset " << PrintableText(dataset.name) << "\n";
+    CTextTable table("  ");
+    for (const auto& [word, item] : dataset.values.items()) {
+        const auto* const text = dynamic_cast<const CTextKVItem*>(item.get());
+        if (text == nullptr) continue;
+        table.AddRow({word, PurposeOf(definition, word), text->value(), KindText(text->kind()),
+                      definition.IsHidden(word) ? "hidden" : ""});
+    }
+    std::cout << table.Text() << "\n";
+}
+
+void PrintDefinition(const CRunTimeDataDef& definition, const std::string& dataset) {
+    if (definition.last_update() != 0) {
+        const DateText changed = LocalDateText(definition.last_update());
+        std::cout << "Last change  " << changed.date << " " << changed.time << "\n\n";
+    }
+    PrintItems("Rows", definition.rows());
+    PrintItems("Columns", definition.columns());
+    PrintItems("Messages", definition.messages());
+    const CDataSetContainer& datasets = definition.datasets();
+    for (size_t i = 0; i < datasets.size(); ++i) {
+        const std::string name = datasets.NameAt(i);
+        if (dataset.empty() || dataset == name) PrintDataset(definition, *datasets.Find(name));
+    }
+}
+
+int RunData(const DataArguments& arguments) {
+    LoadedTuning tuning;
+    std::string chosen;
+    if (!LoadTuning(arguments.tuning, arguments.definition, tuning) || !ReportOnTuning(tuning)) return kBadInput;
+    if (!ChooseDataset(tuning, arguments.dataset, chosen)) return kBadInput;
+    if (arguments.edit) return EditData(tuning, chosen, arguments.tuning_pick);
+    if (IsEmpty(tuning.definition())) {
+        PrintNote({tuning.definition_name}, "defines no run-time data");
+    }
+    PrintDefinition(tuning.definition(), arguments.dataset);
+    return kGood;
+}
+
+}  // namespace
+
+void AddDataCommand(CLI::App& app, int& status) {
+    CLI::App& command = *app.add_subcommand("data", "Prints the run-time data of a tuning, or edits its values");
+    const auto arguments = std::make_shared<DataArguments>();
+    command.add_option("TUNING", arguments->tuning, "Tuning; - is standard input")->required();
+    command.add_option("--rtd", arguments->definition, "Definition file, in the place of the tuning's own definition")
+        ->type_name("FILE");
+    command.add_option("--dataset", arguments->dataset, "Print this dataset alone, or edit it first")
+        ->type_name("NAME");
+    CLI::Option& edit = *command.add_flag("--edit", arguments->edit,
+                                          "Let the user edit the values of the next jobs in a dialog, and print the\n"
+                                          "dataset that he chose");
+    command
+        .add_option("--tune-pick", arguments->tuning_pick,
+                    "Name of the tuning in a host's menu; the values last used are stored under it")
+        ->type_name("TEXT")
+        ->needs(&edit);
+    command.callback([arguments, &status] { status = RunData(*arguments); });
+}
+
+}  // namespace brindle::host

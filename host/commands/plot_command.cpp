@@ -1,0 +1,149 @@
+#include <algorithm>
+#include <cmath>
+#include <filesystem>
+#include <memory>
+#include <string>
+
+#include "api/brindle_mgr.h"
+#include "cff2/cff2_reader.h"
+#include "check/number_words.h"
+#include "generator/output_run.h"
+#include "host/commands/commands.h"
+#include "host/console/drawing_report.h"
+#include "host/console/messages.h"
+#include "host/console/tuning_report.h"
+#include "host/files/output_files.h"
+#include "host/picture/scene_painter.h"
+#include "host/post/loaded_tuning.h"
+#include "host/post/output_plan.h"
+#include "host/post/run_report.h"
+#include "scene/scene_of_path.h"
+#include "text/ascii.h"
+
+namespace brindle::host {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr double kLeastPixels = 100.0;
+constexpr double kMostPixels = 10000.0;
+
+struct PlotArguments {
+    std::string tuning, drawing, output, size;
+    bool dark = false;
+};
+
+// ---- Arguments ----
+
+bool IsPictureSize(const std::string& text) {
+    const auto is_good = [](double pixels) {
+        return pixels >= kLeastPixels && pixels <= kMostPixels && pixels == std::floor(pixels);
+    };
+    const std::optional<Point> size = PairText(text, 'x');
+    return size && is_good(size->x) && is_good(size->y);
+}
+
+std::string ExtensionOf(const std::string& path) {
+    std::string extension = fs::path(path).extension().string();
+    std::transform(extension.begin(), extension.end(), extension.begin(), LowerAscii);
+    return extension;
+}
+
+// By default the drawing's name in the current folder, as of an NC file.
+std::string PathOfPicture(const PlotArguments& arguments) {
+    if (arguments.output == "/dev/stdout") return kStandardOutput;
+    const bool from_stream = arguments.drawing == kStandardInput;
+    if (arguments.output.empty() && from_stream) return kStandardOutput;
+    const std::string name = (from_stream ? "stdin" : fs::path(arguments.drawing).stem().string()) + ".svg";
+    if (arguments.output.empty()) return name;
+    std::error_code error;
+    return fs::is_directory(arguments.output, error) ? (fs::path(arguments.output) / name).string() : arguments.output;
+}
+
+// What is wrong with writing there, empty if nothing is.
+std::string FaultOfPath(const std::string& path, const PlotArguments& arguments) {
+    const std::string extension = ExtensionOf(path);
+    if (!IsStream(path) && extension != ".svg" && extension != ".png") {
+        return path + ": a picture is .svg or .png";
+    }
+    return PlanOutput({{arguments.drawing}, path, {}, {arguments.tuning}}).fault;
+}
+
+PictureStyle StyleOf(const PlotArguments& arguments) {
+    PictureStyle style;
+    style.dark = arguments.dark;
+    style.title =
+        fs::path(arguments.drawing).filename().string() + ", " + fs::path(arguments.tuning).filename().string();
+    if (const std::optional<Point> size = PairText(arguments.size, 'x')) {
+        style.width = static_cast<int>(size->x);
+        style.height = static_cast<int>(size->y);
+    }
+    return style;
+}
+
+// ---- Work ----
+
+bool RunForScene(const PlotArguments& arguments, PathScene& scene) {
+    LoadedTuning tuning;
+    CLibraryInput drawing;
+    if (!LoadTuning(arguments.tuning, {}, tuning) || !ReportOnTuning(tuning)) return false;
+    if (!drawing.Open(arguments.drawing)) return false;
+    DrawingSurvey survey;
+    if (!ReportOnDrawing(arguments.drawing, drawing.text(), &tuning.options, survey)) return false;
+    CBrindleMgr session;
+    ReadCF2(drawing.path(), session.geometry, session.controller.job);
+    ToolPath path;
+    RunOutput({tuning.options, session.run_values, session.controller, session.output_state, session.trace,
+               session.buffers, session.geometry, session.run_settings},
+              &path);
+    PrintRunMessages(session.trace, arguments.drawing, false);
+    if (!path.complete) PrintWarning({arguments.drawing}, "the calls lead to more than can be drawn");
+    scene = MakeScene(path);
+    if (scene.strokes.empty()) PrintWarning({arguments.drawing}, "the tool goes nowhere");
+    return true;
+}
+
+int Plot(const PlotArguments& arguments) {
+    const std::string path = PathOfPicture(arguments);
+    if (const std::string fault = FaultOfPath(path, arguments); !fault.empty()) {
+        PrintError({}, fault);
+        return kBadUsage;
+    }
+    PathScene scene;
+    if (!RunForScene(arguments, scene)) return kBadInput;
+    const PictureStyle style = StyleOf(arguments);
+    const std::string picture = ExtensionOf(path) == ".png" ? PngPicture(scene, style) : SvgPicture(scene, style);
+    if (picture.empty()) {
+        PrintError({path}, "there is not enough memory for the picture");
+        return kBadInput;
+    }
+    COutputFiles files;
+    return files.Add(path, picture) && files.Commit() ? kGood : kBadInput;
+}
+
+}  // namespace
+
+void AddPlotCommand(CLI::App& app, int& status) {
+    CLI::App& command = *app.add_subcommand("plot", "Draws the tool path of a drawing");
+    const auto arguments = std::make_shared<PlotArguments>();
+    command.add_option("TUNING", arguments->tuning, "Tuning of the machine; - is standard input")
+        ->required()
+        ->type_name("FILE");
+    command.add_option("DRAWING", arguments->drawing, "CFF2 drawing; - is standard input")
+        ->required()
+        ->type_name("FILE");
+    command
+        .add_option("-o,--output", arguments->output,
+                    "Picture, .svg or .png, or a folder for it; - is standard output, which gets\n"
+                    "SVG. By default the drawing's name with .svg in the current folder")
+        ->type_name("PATH");
+    command.add_option("--size", arguments->size, "Size of the picture, pixels; by default 1200x900")
+        ->type_name("WIDTHxHEIGHT")
+        ->check([](const std::string& text) {
+            return IsPictureSize(text) ? std::string() : Quoted(text) + " is no size from 100x100 to 10000x10000";
+        });
+    command.add_flag("--dark", arguments->dark, "Draw on a dark ground");
+    command.callback([arguments, &status] { status = Plot(*arguments); });
+}
+
+}  // namespace brindle::host

@@ -1,0 +1,218 @@
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "check/number_words.h"
+#include "host/commands/commands.h"
+#include "host/console/messages.h"
+#include "host/console/tuning_report.h"
+#include "host/post/date_text.h"
+#include "host/post/parallel_jobs.h"
+#include "host/post/post_job.h"
+#include "platform/local_time.h"
+#include "platform/worker_pool.h"
+
+namespace brindle::host {
+namespace {
+
+// The command line as it was given.
+struct PostArguments {
+    std::string tuning, output, trace, definition;
+    std::vector<std::string> drawings, settings;
+    bool inches = false, millimetres = false;
+    std::string blank, final_position, rotary_radius, encoding;
+    size_t jobs = 1;
+    JobOptions job;
+};
+
+constexpr int kMostJobs = 1024;
+
+// Headings of the help text.
+constexpr char kJobGroup[] = "Job";
+constexpr char kTextGroup[] = "Texts for the NC file";
+constexpr char kDataGroup[] = "Run-time data";
+
+// ---- Forms of arguments ----
+
+// An argument that must be good; `form` is what help and messages call it.
+void SetForm(CLI::Option& option, const char* form, bool (*is_good)(const std::string&)) {
+    option.type_name(form);
+    option.check([form, is_good](const std::string& text) {
+        return is_good(text) ? std::string() : Quoted(text) + " is not of the form " + form;
+    });
+}
+
+bool IsSize(const std::string& text) {
+    const std::optional<Point> size = PairText(text, 'x');
+    return size && size->x >= 0.0 && size->y >= 0.0;
+}
+
+bool IsPosition(const std::string& text) { return PairText(text, ',').has_value(); }
+bool IsLength(const std::string& text) { return WholeNumberText(text).has_value(); }
+bool IsSetting(const std::string& text) { return ParseSetting(text).has_value(); }
+bool IsAssignment(const std::string& text) { return text.find('=', 1) != std::string::npos; }
+
+// ---- Declaration ----
+
+void AddFileOptions(CLI::App& command, PostArguments& arguments) {
+    command.add_option("DRAWING", arguments.drawings, "CFF2 drawings; - is standard input")
+        ->required()
+        ->type_name("FILE");
+    command.add_option("-t,--tuning", arguments.tuning, "Tuning of the machine; - is standard input")
+        ->required()
+        ->type_name("FILE");
+    command
+        .add_option("-o,--output", arguments.output,
+                    "NC file, or a folder for it; - is standard output. By default the drawing's\n"
+                    "name with .nc in the current folder, and standard output for a drawing from\n"
+                    "standard input. Several segments are numbered before the extension: box-1.nc,\n"
+                    "box-2.nc")
+        ->type_name("PATH");
+    command
+        .add_option("--trace", arguments.trace,
+                    "Write which template made which block, and the messages where they\n"
+                    "happened, into a file or folder")
+        ->type_name("PATH");
+    command
+        .add_option("--encoding", arguments.encoding,
+                    "Characters of the NC file: utf8 (the default), or latin1, which has one byte\n"
+                    "for each and fails at a character above U+00FF")
+        ->check(CLI::IsMember({"utf8", "latin1"}))
+        ->type_name("NAME");
+    command
+        .add_option("-j,--jobs", arguments.jobs,
+                    "Drawings to work on at the same time; 0: as many as there are processor cores.\n"
+                    "By default one after the other")
+        ->check(CLI::Range(0, kMostJobs))
+        ->type_name("NUMBER");
+    command.add_flag("--verbose", arguments.job.verbose, "Print what fly mode measures, too");
+}
+
+void AddJobOptions(CLI::App& command, PostArguments& arguments) {
+    auto* const inches = command.add_flag("--inches", arguments.inches,
+                                          "NC text in inches, whatever the drawing's unit, if bOutUnitsAuto is true");
+    auto* const millimetres = command.add_flag("--mm", arguments.millimetres,
+                                               "The same in millimetres; the lengths of the drawing stay as they are");
+    inches->excludes(millimetres);
+    const auto add = [&command](const char* name, std::string& text, const char* form, auto is_good, const char* help) {
+        CLI::Option* const option = command.add_option(name, text, help)->group(kJobGroup);
+        SetForm(*option, form, is_good);
+    };
+    inches->group(kJobGroup);
+    millimetres->group(kJobGroup);
+    add("--blank", arguments.blank, "WIDTHxHEIGHT", IsSize, "Size of the blank, mm");
+    add("--final", arguments.final_position, "X,Y", IsPosition, "Where the machine goes at the end, mm");
+    add("--rotary-radius", arguments.rotary_radius, "NUMBER", IsLength, "Radius of the rotary axis, mm");
+    command
+        .add_option("--tile", arguments.job.tile,
+                    "Other than 0: output a tile, the main program alone with its calls expanded")
+        ->check(CLI::Range(-32768, 32767))
+        ->type_name("NUMBER")
+        ->group(kJobGroup);
+}
+
+void AddTextOptions(CLI::App& command, PostArguments& arguments) {
+    JobOptions& job = arguments.job;
+    const auto add = [&command](const char* name, auto& text, const char* help) {
+        command.add_option(name, text, help)->type_name("TEXT")->group(kTextGroup);
+    };
+    add("--date", job.date, "Date; by default today's, as 2024-03-01; '' for none");
+    add("--time", job.time, "Time; by default now, as 10:00:00; '' for none");
+    add("--material", job.material, "Name of the material file");
+    add("--tune-pick", job.tuning_pick,
+        "Name of the tuning in a host's menu; the values last used are stored under it");
+    add("--drawing-name", job.drawing_name, "In the place of the drawing file's name");
+    add("--output-name", job.output_name, "In the place of the NC file's name");
+    add("--tuning-name", job.tuning_name, "In the place of the tuning file's name");
+}
+
+void AddRunDataOptions(CLI::App& command, PostArguments& arguments) {
+    command.add_option("--rtd", arguments.definition, "Definition file, in the place of the tuning's own definition")
+        ->type_name("FILE")
+        ->group(kDataGroup);
+    command.add_option("--dataset", arguments.job.dataset, "Dataset to use; by default the first")
+        ->type_name("NAME")
+        ->group(kDataGroup);
+    const auto add = [&command](const char* name, std::vector<std::string>& texts, const char* form, auto is_good,
+                                const char* help) {
+        CLI::Option* const option = command.add_option(name, texts, help)->allow_extra_args(false)->group(kDataGroup);
+        SetForm(*option, form, is_good);
+    };
+    add("--set", arguments.settings, "RTD(ROW,COLUMN)=VALUE", IsSetting,
+        "Value of a run-time data word, also RTD(MESSAGE)=VALUE, for this run; may be repeated");
+    add("--expr", arguments.job.run_data.given, "EXPRESSION=VALUE", IsAssignment,
+        "Value of an expression; other expressions may use its name; may be repeated");
+}
+
+std::string ExpressionHelp() {
+    std::string text =
+        "Expressions of run-time data that give a number are computed, unless --expr gives their\n"
+        "value. They may use + - * / ^, comparisons, ?:, functions such as sqrt, round, min and\n"
+        "max, the names that --expr gives numbers to, and these:\n";
+    for (const JobValueInfo& info : JobValueTable()) {
+        std::string name(info.name);
+        name.resize(10, ' ');
+        text.append("  ").append(name).append(info.meaning).append("\n");
+    }
+    return text;
+}
+
+// ---- Work ----
+
+void TakeArguments(PostArguments& arguments) {
+    JobOptions& job = arguments.job;
+    if (arguments.inches || arguments.millimetres) job.inches = arguments.inches;
+    job.blank = PairText(arguments.blank, 'x');
+    job.final_position = PairText(arguments.final_position, ',');
+    job.rotary_radius = WholeNumberText(arguments.rotary_radius);
+    if (arguments.encoding == "latin1") job.encoding = Encoding::kLatin1;
+    for (const std::string& text : arguments.settings) job.run_data.settings.push_back(*ParseSetting(text));
+}
+
+int RunJobs(OutputPlan& plan, const LoadedTuning& tuning, const JobOptions& job) {
+    int status = kGood;
+    for (size_t i = 0; i < plan.jobs.size(); ++i) {
+        const std::string progress = "drawing " + std::to_string(i + 1) + " of " + std::to_string(plan.jobs.size()) +
+                                     ": " + plan.jobs[i].drawing;
+        if (!RunPostJob(plan.jobs[i], tuning, job, plan.roles, progress)) status = kBadInput;
+    }
+    return status;
+}
+
+int Post(PostArguments& arguments) {
+    OutputRequest request{arguments.drawings, arguments.output, arguments.trace, {arguments.tuning}};
+    if (!arguments.definition.empty()) request.inputs.push_back(arguments.definition);
+    OutputPlan plan = PlanOutput(request);
+    if (!plan.fault.empty()) {
+        PrintError({}, plan.fault);
+        return kBadUsage;
+    }
+    TakeArguments(arguments);
+    JobOptions& job = arguments.job;
+    LoadedTuning tuning;
+    if (!LoadTuning(arguments.tuning, arguments.definition, tuning) || !ReportOnTuning(tuning)) return kBadInput;
+    if (!ChooseDataset(tuning, job.dataset, job.run_data.dataset)) return kBadInput;
+    if (!CheckSettings(tuning, job.run_data)) return kBadInput;
+    const size_t at_a_time = arguments.jobs == 0 ? ProcessorCores() : arguments.jobs;
+    const bool in_turn = at_a_time == 1 || plan.jobs.size() == 1;
+    return in_turn ? RunJobs(plan, tuning, job) : RunParallelJobs(plan, tuning, job, at_a_time);
+}
+
+}  // namespace
+
+void AddPostCommand(CLI::App& app, int& status) {
+    CLI::App& command = *app.add_subcommand("post", "Makes NC files of drawings");
+    const auto arguments = std::make_shared<PostArguments>();
+    DateText now = LocalDateText(Now());
+    arguments->job.date = std::move(now.date);
+    arguments->job.time = std::move(now.time);
+    AddFileOptions(command, *arguments);
+    AddJobOptions(command, *arguments);
+    AddTextOptions(command, *arguments);
+    AddRunDataOptions(command, *arguments);
+    command.footer(ExpressionHelp());
+    command.callback([arguments, &status] { status = Post(*arguments); });
+}
+
+}  // namespace brindle::host

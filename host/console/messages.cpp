@@ -1,0 +1,96 @@
+#include "host/console/messages.h"
+
+#include <algorithm>
+#include <iostream>
+
+#include "platform/text_encoding.h"
+
+namespace brindle::host {
+namespace {
+
+// What is shown of a source line, in bytes.
+constexpr size_t kShownBefore = 60;
+constexpr size_t kShownBehind = 60;
+constexpr std::string_view kCutMark = "...";
+constexpr size_t kMostPrinted = 1000;  // nobody reads more
+
+void PrintLine(const Place& place, std::string_view severity, std::string_view text) {
+    std::string line = "brindle: ";
+    if (!place.file.empty()) line.append(place.file == "-" ? "standard input" : PrintableText(place.file));
+    if (!place.file.empty() && place.line != 0) line.append(":").append(std::to_string(place.line));
+    if (!place.file.empty()) line.append(": ");
+    line.append(severity).append(PrintableText(text)).append("\n");
+    std::cerr << line;
+}
+
+std::string_view SeverityText(Severity severity) {
+    switch (severity) {
+        case Severity::kError: return "error: ";
+        case Severity::kWarning: return "warning: ";
+        case Severity::kInfo: return "info: ";
+    }
+    return {};
+}
+
+// The number of characters that PrintableText makes of `text`.
+size_t ShownWidth(std::string_view text) { return NarrowToWide(text).size(); }
+
+void PrintSource(std::string_view line, size_t word, size_t length) {
+    word = std::min(word, line.size());
+    length = std::clamp<size_t>(length, 1, kShownBehind);
+    size_t first = word > kShownBefore ? word - kShownBefore : 0;
+    size_t last = line.size() - word > kShownBehind ? word + kShownBehind : line.size();
+    while (first < word && IsWithinCharacter(line, first)) ++first;
+    while (last > word + 1 && IsWithinCharacter(line, last)) --last;
+
+    const std::string_view mark_before = first > 0 ? kCutMark : std::string_view();
+    const std::string_view mark_behind = last < line.size() ? kCutMark : std::string_view();
+    const size_t indent = mark_before.size() + ShownWidth(line.substr(first, word - first));
+    const size_t carets = std::max<size_t>(1, ShownWidth(line.substr(word, std::min(length, last - word))));
+    std::string shown = "    ";
+    shown.append(mark_before).append(PrintableText(line.substr(first, last - first))).append(mark_behind).append("\n");
+    shown.append(4 + indent, ' ').append(carets, '^').append("\n");
+    std::cerr << shown;
+}
+
+}  // namespace
+
+std::string PrintableText(std::string_view text) {
+    std::wstring shown = NarrowToWide(text);
+    for (wchar_t& c : shown) {
+        if (c == L'\t') c = L' ';
+        if (c < 0x20 || (c >= 0x7F && c < 0xA0)) c = L'?';
+    }
+    return WideToNarrow(shown.c_str());
+}
+
+void PrintError(const Place& place, std::string_view text) { PrintLine(place, "", text); }
+
+void PrintWarning(const Place& place, std::string_view text) { PrintLine(place, "warning: ", text); }
+
+void PrintNote(const Place& place, std::string_view text) { PrintLine(place, "note: ", text); }
+
+void PrintDiagnostic(Severity severity, const Place& place, std::string_view text, std::string_view source_line) {
+    PrintLine(place, SeverityText(severity), text);
+    if (place.column != 0) PrintSource(source_line, place.column - 1, place.length);
+}
+
+void PrintFindings(const std::string& file, const std::vector<std::string_view>& lines, CFindings& findings,
+                   Severity least) {
+    const std::string name = file == "-" ? "standard input" : file;
+    size_t printed = 0;
+    for (const Finding& finding : findings.Sorted()) {
+        if (finding.severity > least) continue;
+        if (++printed > kMostPrinted) break;
+        const std::string_view line = finding.line == 0 ? std::string_view() : lines[finding.line - 1];
+        PrintDiagnostic(finding.severity, {name, finding.line, finding.column, finding.length}, finding.text, line);
+    }
+    size_t count = 0;
+    for (size_t severity = 0; severity <= static_cast<size_t>(least); ++severity) {
+        count += findings.Count(static_cast<Severity>(severity));
+    }
+    if (count > kMostPrinted)
+        PrintNote({name}, std::to_string(count - kMostPrinted) + " further messages are left out");
+}
+
+}  // namespace brindle::host

@@ -1,0 +1,45 @@
+#include "host/console/tuning_report.h"
+
+#include "check/tuning/check.h"
+#include "host/console/messages.h"
+#include "platform/text_file.h"
+#include "text/words.h"
+
+namespace brindle::host {
+namespace {
+
+bool ReportOnFile(const TuningFile& file, void (*check)(const CCheckedTuning&, CFindings&)) {
+    const CCheckedTuning checked(file.lines);
+    CFindings findings;
+    check(checked, findings);
+    PrintFindings(file.path, file.lines, findings, Severity::kError);
+    const size_t errors = findings.Count(Severity::kError);
+    if (errors > 0) PrintError({file.path}, Counted(errors, "error") + ": no job is done with this file");
+    return errors == 0;
+}
+
+// Of a whole tuning that stands in the place of a definition file only the definition is read.
+bool ReportOnDefinition(const LoadedTuning& tuning) {
+    TuningFile file;
+    file.path = tuning.definition_name;
+    file.text = tuning.definition_file.text();
+    file.lines = SplitLines(file.text);
+    std::vector<std::string_view> words;
+    for (std::string_view& line : file.lines) {
+        SplitWords(line, words);
+        if (!words.empty() && KindOfType(words[0])) line = {};
+    }
+    return ReportOnFile(file, [](const CCheckedTuning& definition, CFindings& findings) {
+        CheckLines(definition, findings);
+        CheckRunTimeData(definition, findings);
+    });
+}
+
+}  // namespace
+
+bool ReportOnTuning(const LoadedTuning& tuning) {
+    const bool good = ReportOnFile(tuning.file, CheckAll);
+    return tuning.has_definition_file ? ReportOnDefinition(tuning) && good : good;
+}
+
+}  // namespace brindle::host

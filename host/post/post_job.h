@@ -1,0 +1,39 @@
+// One drawing of `brindle post`, from its file to its NC files.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "geometry/plane_math.h"
+#include "host/post/loaded_tuning.h"
+#include "host/post/nc_text.h"
+#include "host/post/output_plan.h"
+#include "host/post/run_data.h"
+
+namespace brindle::host {
+
+// What the user told of a job. Lengths are millimetres; what is not set is left to the library.
+struct JobOptions {
+    std::optional<bool> inches;  // otherwise the drawing decides
+    std::optional<Point> blank;
+    std::optional<Point> final_position;
+    std::optional<double> rotary_radius;
+    short tile = 0;
+    std::string date, time;
+    std::string dataset;  // as asked for, checked
+    std::string material, tuning_pick;
+    // In the place of the names of the files themselves.
+    std::optional<std::string> drawing_name, output_name, tuning_name;
+
+    RunDataRequest run_data;
+    Encoding encoding = Encoding::kUtf8;
+    bool verbose = false;
+};
+
+// Runs `tuning` over a drawing, in a session of its own, and writes what `planned` says; `roles` takes in the files of
+// segments. `progress` is shown on a terminal meanwhile. False, with messages printed and no file written, if it
+// failed.
+bool RunPostJob(const PlannedJob& planned, const LoadedTuning& tuning, const JobOptions& options, CFileRoles& roles,
+                const std::string& progress);
+
+}  // namespace brindle::host

@@ -1,0 +1,212 @@
+#include "host/post/run_data.h"
+
+#include <algorithm>
+#include <set>
+
+#include "api/brindle_mgr.h"
+#include "brindle/brindle.h"
+#include "check/number_words.h"
+#include "host/console/messages.h"
+#include "language/template_text.h"
+#include "platform/system_string.h"
+#include "platform/text_encoding.h"
+#include "text/ascii.h"
+
+namespace brindle::host {
+namespace {
+
+bool IsNumberList(std::string_view text) {
+    const size_t comma = text.find(',');
+    const auto is_number = [](std::string_view word) {
+        return !word.empty() && word.find_first_not_of("0123456789") == std::string_view::npos;
+    };
+    return is_number(text.substr(0, comma)) && (comma == std::string_view::npos || is_number(text.substr(comma + 1)));
+}
+
+// ---- Words of the tuning ----
+
+bool TextHasWord(std::string_view text, std::string_view word) {
+    const std::vector<TemplatePiece> pieces = CutTemplateText(text);
+    return std::any_of(pieces.begin(), pieces.end(), [word](const TemplatePiece& piece) {
+        return piece.kind == TemplatePiece::Kind::kRunValue && piece.text == word;
+    });
+}
+
+bool ItemHasWord(const CKVItem& item, std::string_view word) {
+    if (const auto* const text = dynamic_cast<const CTextKVItem*>(&item)) return TextHasWord(text->value(), word);
+    const auto* const lines = dynamic_cast<const CMultiLineKVItem*>(&item);
+    if (lines == nullptr) return false;
+    return std::any_of(lines->lines().begin(), lines->lines().end(),
+                       [word](const CTemplateLine& line) { return TextHasWord(WithoutComment(line.text), word); });
+}
+
+bool IsKnownWord(const LoadedTuning& tuning, const std::string& word) {
+    const CDataSetContainer& datasets = tuning.definition().datasets();
+    for (size_t i = 0; i < datasets.size(); ++i) {
+        if (datasets.ValuesAt(i)->items().Find(word) != nullptr) return true;
+    }
+    const CKVItemMapObj& items = tuning.options.items();
+    return std::any_of(items.begin(), items.end(),
+                       [&word](const auto& entry) { return ItemHasWord(*entry.second, word); });
+}
+
+// ---- Expressions ----
+
+struct Expression {
+    std::string text;
+    std::string word;  // the first word that needs it
+    bool is_text = false;
+};
+
+bool IsSet(const RunDataRequest& request, const std::string& word) {
+    return std::any_of(request.settings.begin(), request.settings.end(),
+                       [&word](const RunDataSetting& setting) { return setting.word == word; });
+}
+
+// The expressions of the request's dataset whose value the run needs, each once.
+std::vector<Expression> FindExpressions(const LoadedTuning& tuning, const RunDataRequest& request) {
+    std::vector<Expression> expressions;
+    std::set<std::string> seen;
+    const CDataSetItem* const dataset = tuning.definition().datasets().Find(request.dataset);
+    if (dataset == nullptr) return expressions;
+    for (const auto& [word, item] : dataset->values.items()) {
+        const auto* const text = dynamic_cast<const CTextKVItem*>(item.get());
+        if (text == nullptr || text->kind() == TextKind::kPlain || text->value().empty()) continue;
+        if (IsSet(request, word) || !seen.insert(text->value()).second) continue;
+        expressions.push_back({text->value(), word, text->kind() == TextKind::kTextExpression});
+    }
+    return expressions;
+}
+
+// The value that the user gave for `expression`, which may hold a `=` itself.
+std::optional<std::string> GivenValue(const std::vector<std::string>& given, const std::string& expression) {
+    for (const std::string& text : given) {
+        if (text.starts_with(expression + "=")) return text.substr(expression.size() + 1);
+    }
+    return std::nullopt;
+}
+
+// What the user gave that is a name and a number: expressions may use it.
+NamedNumbers NumbersOf(const std::vector<std::string>& given) {
+    NamedNumbers numbers;
+    for (const std::string& text : given) {
+        const size_t equals = text.find('=');
+        const std::string name = text.substr(0, equals);
+        const std::optional<double> value = WholeNumberText(std::string_view(text).substr(equals + 1));
+        if (value && IsExpressionName(name)) numbers.insert_or_assign(name, *value);
+    }
+    return numbers;
+}
+
+class CSettler {
+public:
+    CSettler(const LoadedTuning& tuning, const RunDataRequest& request, const JobValues& job)
+        : tuning_(tuning), request_(request), job_(job), numbers_(NumbersOf(request.given)) {}
+
+    // The value, or nothing with a message printed.
+    std::optional<std::string> Settle(const Expression& expression) const {
+        if (std::optional<std::string> given = GivenValue(request_.given, expression.text)) {
+            if (expression.is_text || WholeNumberText(*given)) return given;
+            return Complain(expression, Quoted(*given) + " is no number");
+        }
+        if (expression.is_text) {
+            if (WholeNumberText(expression.text)) return expression.text;
+            return Complain(expression, "the text is not known here");
+        }
+        const Computed computed = ComputeExpression(expression.text, job_, numbers_);
+        if (computed.good) return ShortNumber(computed.value);
+        return Complain(expression, computed.reason);
+    }
+
+private:
+    std::optional<std::string> Complain(const Expression& expression, const std::string& reason) const {
+        PrintError({tuning_.definition_name}, "expression " + Quoted(expression.text) + " of " + expression.word +
+                                                  " has no value: " + reason + ". Give it with --expr '" +
+                                                  expression.text + (expression.is_text ? "=TEXT'" : "=NUMBER'") +
+                                                  " or set the word with --set '" + expression.word + "=VALUE'");
+        return std::nullopt;
+    }
+
+    const LoadedTuning& tuning_;
+    const RunDataRequest& request_;
+    const JobValues& job_;
+    NamedNumbers numbers_;
+};
+
+// ---- To the library ----
+
+void SendExpressionValues(const ExpressionValues& values) {
+    for (const auto& [expression, value] : values) {
+        GBrn_SetRTDExprValue(Wide(expression).c_str(), Wide(value).c_str());
+    }
+}
+
+// The exchange that a definition file asks for.
+void ExchangeDefinition(const std::string& path, const ExpressionValues& values) {
+    GBrn_ReadRTDDefFromFile(Wide(path).c_str());
+    while (true) {
+        wchar_t* text = nullptr;
+        GBrn_GetNextRTDExpr(&text, nullptr);
+        const std::string expression = Taken(text);
+        if (expression.empty()) break;
+        const auto found = values.find(expression);
+        if (found != values.end()) GBrn_SetRTDExprValue(Wide(expression).c_str(), Wide(found->second).c_str());
+    }
+    GBrn_UpdateDefaultValuesForExpressions(Wide(path).c_str());
+}
+
+// The values go into the dataset as computed ones, which no stored value replaces.
+void ApplySettings(const RunDataRequest& request) {
+    if (request.settings.empty()) return;
+    CDataSetContainer& datasets = CBrindleMgr::Current().tuning.definition().datasets();
+    datasets.Add(request.dataset);
+    CKVItemContainer& values = *datasets.ValuesOf(request.dataset);
+    for (const RunDataSetting& setting : request.settings) {
+        values.SetText(setting.word, setting.value, TextKind::kTextExpression);
+    }
+}
+
+}  // namespace
+
+std::optional<RunDataSetting> ParseSetting(std::string_view text) {
+    const size_t equals = text.find('=');
+    if (equals == std::string_view::npos) return std::nullopt;
+    std::string word = UpperCase(text.substr(0, equals));
+    std::erase(word, ' ');
+    if (!word.starts_with("RTD(") || !word.ends_with(')')) return std::nullopt;
+    if (!IsNumberList(std::string_view(word).substr(4, word.size() - 5))) return std::nullopt;
+    return RunDataSetting{std::move(word), std::string(text.substr(equals + 1))};
+}
+
+bool CheckSettings(const LoadedTuning& tuning, const RunDataRequest& request) {
+    bool good = true;
+    for (const RunDataSetting& setting : request.settings) {
+        if (IsKnownWord(tuning, setting.word)) continue;
+        PrintError({tuning.file.path}, "--set " + setting.word + ": no template uses this word and no dataset has it");
+        good = false;
+    }
+    return good;
+}
+
+bool SettleExpressions(const LoadedTuning& tuning, const RunDataRequest& request, const JobValues& job,
+                       ExpressionValues& values) {
+    const CSettler settler(tuning, request, job);
+    bool good = true;
+    for (const Expression& expression : FindExpressions(tuning, request)) {
+        std::optional<std::string> value = settler.Settle(expression);
+        good &= value.has_value();
+        if (value) values.insert_or_assign(expression.text, std::move(*value));
+    }
+    return good;
+}
+
+void SendTuning(const LoadedTuning& tuning, const RunDataRequest& request, const ExpressionValues& values) {
+    GBrn_ClearTuning();
+    // A tuning resolves the expressions of its own lines as it is read, so their values come first.
+    if (!tuning.has_definition_file) SendExpressionValues(values);
+    for (const std::string_view line : tuning.file.lines) GBrn_ReadTuneLine(Wide(line).c_str());
+    if (tuning.has_definition_file) ExchangeDefinition(tuning.definition_file.path(), values);
+    ApplySettings(request);
+}
+
+}  // namespace brindle::host

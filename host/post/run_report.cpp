@@ -1,0 +1,52 @@
+#include "host/post/run_report.h"
+
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "host/console/messages.h"
+
+namespace brindle::host {
+namespace {
+
+constexpr size_t kMostEqual = 20;
+constexpr std::string_view kFlyRatios = "maxratio: ";
+
+std::string_view IndentOf(TraceKind kind) {
+    switch (kind) {
+        case TraceKind::kTemplate: return "";
+        case TraceKind::kMessage: return "! ";
+        case TraceKind::kBlock: return "  ";
+    }
+    return {};
+}
+
+}  // namespace
+
+void PrintRunMessages(const CNCDebugMgr& trace, const std::string& drawing, bool verbose) {
+    std::unordered_map<std::string_view, size_t> counts;
+    std::vector<std::string_view> frequent;  // in the order in which they became so
+    for (size_t i = 0; i < trace.GetCount(); ++i) {
+        const CNCDebugInfo record = trace.Get(i);
+        const bool is_ratio = record.text.starts_with(kFlyRatios);
+        if (record.kind != TraceKind::kMessage || (is_ratio && !verbose)) continue;
+        const size_t count = ++counts[record.text];
+        if (count <= kMostEqual) (is_ratio ? PrintNote : PrintWarning)({drawing}, record.text);
+        if (count == kMostEqual + 1) frequent.push_back(record.text);
+    }
+    for (const std::string_view text : frequent) {
+        const size_t more = counts[text] - kMostEqual;
+        PrintWarning({drawing}, std::string(text) + " (" + std::to_string(more) + " more times)");
+    }
+}
+
+std::string TraceText(const CNCDebugMgr& trace) {
+    std::string text;
+    for (size_t i = 0; i < trace.GetCount(); ++i) {
+        const CNCDebugInfo record = trace.Get(i);
+        text.append(IndentOf(record.kind)).append(record.text).push_back('\n');
+    }
+    return text;
+}
+
+}  // namespace brindle::host

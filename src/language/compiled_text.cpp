@@ -1,0 +1,88 @@
+#include "language/compiled_text.h"
+
+#include <algorithm>
+
+#include "language/directives.h"
+#include "language/template_text.h"
+
+namespace brindle {
+namespace {
+
+CompiledPiece CompileDirective(std::string text) {
+    CompiledPiece piece;
+    piece.keywords = CAtDirKeywords(text);
+    piece.directive = FindDirective(text);
+    piece.kind = piece.directive != nullptr ? CompiledPiece::Kind::kDirective : CompiledPiece::Kind::kUnknownDirective;
+    piece.text = std::move(text);
+    return piece;
+}
+
+bool IsNumbering(const CompiledPiece& piece) {
+    return piece.directive != nullptr && piece.directive->numbering != Numbering::kNone;
+}
+
+}  // namespace
+
+CCompiledText::CCompiledText(std::vector<CompiledPiece> pieces) : pieces_(std::move(pieces)) {
+    for (const CompiledPiece& piece : pieces_) {
+        is_constant_ &= piece.kind == CompiledPiece::Kind::kFixed || piece.kind == CompiledPiece::Kind::kRunValue;
+        if (is_constant_) constant_ += piece.text;
+    }
+}
+
+CCompiledText CTextCompiler::Compile(std::string_view text) const {
+    std::vector<CompiledPiece> pieces;
+    for (TemplatePiece& piece : CutTemplateText(text)) {
+        pieces.push_back(CompilePiece(std::move(piece.text), piece.kind == TemplatePiece::Kind::kDirective,
+                                      piece.kind == TemplatePiece::Kind::kRunValue));
+    }
+    return CCompiledText(std::move(pieces));
+}
+
+CompiledPiece CTextCompiler::CompilePiece(std::string text, bool is_directive, bool is_run_value) const {
+    if (is_directive) return CompileDirective(std::move(text));
+    CompiledPiece piece;
+    piece.text = std::move(text);
+    if (!is_run_value) return piece;
+    std::string value;
+    const bool known = run_values_.GetText(piece.text, value);
+    piece.kind = known ? CompiledPiece::Kind::kRunValue : CompiledPiece::Kind::kMissingRunValue;
+    if (known) piece.text = std::move(value);
+    return piece;
+}
+
+CompiledLine CTextCompiler::CompileLine(std::string_view text) const {
+    CompiledLine line;
+    line.is_comment = !text.empty() && text[0] == '!';
+    const std::string_view code = WithoutComment(text);
+    line.is_empty = code.empty();
+    line.is_single = code.size() == 1;
+    line.text = Compile(code);
+    line.has_numbering = std::any_of(line.text.pieces().begin(), line.text.pieces().end(), IsNumbering);
+    return line;
+}
+
+CompiledTemplate CTextCompiler::CompileTemplate(std::string_view prefix) const {
+    const std::string key(prefix);
+    CompiledTemplate compiled;
+    compiled.trace_header = '<' + key + "tTmpl>";
+    TemplateLines lines;
+    tuning_.GetMulti(key + "tTmpl", lines);
+    for (const CTemplateLine& line : lines) compiled.lines.push_back(CompileLine(line.text));
+    compiled.terminate = tuning_.ReadBool(Key("bTerminiate"), prefix);
+    compiled.clear_speed = tuning_.ReadBool(Key("bClearSpeed"), prefix);
+    compiled.clear_abs_inc = tuning_.ReadBool(Key("bClearAbsInc"), prefix);
+    compiled.clear_interp = tuning_.ReadBool(Key("bClearInterp"), prefix);
+    return compiled;
+}
+
+OptionText CTextCompiler::CompileOption(KeyRef key, std::string_view prefix) const {
+    const std::string text = tuning_.ReadText(key, prefix);
+    OptionText option;
+    option.key = std::string(prefix).append(key->name);
+    option.text = Compile(text);
+    option.empty = text.empty();
+    return option;
+}
+
+}  // namespace brindle

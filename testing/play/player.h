@@ -1,0 +1,18 @@
+// What all players share: their arguments, and what the session begins with.
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "editor/toolkit/toolkit_user.h"
+#include "testing/play/play_screen.h"
+
+namespace brindle::play {
+
+using ScreenMaker = std::function<std::unique_ptr<CPlayScreen>(CToolkitUser& user)>;
+
+// Plays the acts of standard input on a screen of that kind, as `[--drawing FILE] [TUNING] <ACTS`. Gives the exit
+// status.
+int RunPlayer(int argc, char** argv, const ScreenMaker& make_screen);
+
+}  // namespace brindle::play

@@ -8,7 +8,7 @@
 
 namespace brindle {
 
-// A label shows its own text; once it is given another, the label of its description stands in front of that.
+// A label shows its own text; once it is given another, the label of its description goes in front of that.
 class CQtLabel : public CQtControl<CControl, QLabel> {
 public:
     CQtLabel(CFormBody& body, const ControlSpec& spec);

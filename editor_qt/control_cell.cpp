@@ -19,7 +19,7 @@ bool HasLabelBeside(ControlKind kind) {
     }
 }
 
-// Whether a label would but repeat the heading that it stands under.
+// Whether a label would but repeat the heading above it.
 bool IsHeading(std::string_view label, std::string_view group) {
     return group.ends_with(label) && (group.size() == label.size() || group[group.size() - label.size() - 1] == '|');
 }

@@ -36,7 +36,7 @@ public:
 
     const ControlSpec& spec() const { return spec_; }
     QWidget& widget() const { return widget_; }
-    QLabel* label() const { return label_; }  // null if it has none, or stands on the widget itself
+    QLabel* label() const { return label_; }  // null if it has none, or if it is on the widget itself
     QLabel* lead() const { return lead_; }    // null if it has none
     bool shown() const { return shown_; }
     bool enabled() const { return enabled_; }

@@ -18,7 +18,7 @@ namespace brindle {
 // Knows which control has the focus as the editor's logic understands it: the one that took it last. A menu, a message
 // box or another program's window does not take it away, so an edit commits once, when the user really moves on.
 //
-// Knows also which windows are open: new ones belong to the top one, and modeless windows stay usable beside it.
+// Knows also which windows are open: new ones belong to the top one, and modeless windows stay usable next to it.
 class CDesk : public QObject {
 public:
     // The widget takes the focus from others. `focus_lost`, which may be null, is reported when it loses it again.
@@ -27,8 +27,8 @@ public:
     // Takes the focus from the widget that has it, and gives it to `widget`, which may be null.
     void MoveFocus(QWidget* widget);
 
-    // Tells the editor's logic. What it throws can't go through Qt: it ends the modal window on top, and goes on from
-    // there.
+    // Reports to the editor's logic. What it throws can't go through Qt: it ends the modal window on top, and goes on
+    // from there.
     void Report(const CEvent& event);
     void ThrowFault();
 
@@ -36,7 +36,7 @@ public:
     void PushModal(QDialog& window);
     void PopModal(const QDialog& window);
     // Runs the event loop of a modal window that Qt or we have made, and gives its result. The window that was active
-    // before is active again behind it.
+    // before is active again after it.
     int Exec(QDialog& window);
     // The modal window on top, null if none is open.
     QWidget* TopModal() const { return modal_.empty() ? nullptr : modal_.back().data(); }

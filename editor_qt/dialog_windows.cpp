@@ -31,7 +31,7 @@ bool CQtDialog::RunModal() {
     return with_ok;
 }
 
-// So that what is typed at once takes the place of what stands there.
+// So that what is typed at once takes the place of what is there.
 void CQtDialog::SelectFirstField() {
     for (const CControlCell& cell : body().cells()) {
         if (cell.widget().focusPolicy() == Qt::NoFocus) continue;

@@ -18,7 +18,7 @@ private:
     bool has_buttons_ = false;
 };
 
-// Belongs to the sheet that it stands beside.
+// Belongs to the sheet next to it.
 class CQtModeless : private CWindowHolder, public CQtForm<CModelessWindow> {
 public:
     CQtModeless(CDesk& desk, std::string_view caption, CWindow& beside);

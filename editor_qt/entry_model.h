@@ -1,4 +1,4 @@
-// The entries of a list, behind its widget.
+// The entries of a list, which its widget shows.
 #pragma once
 
 #include <QAbstractListModel>
@@ -10,7 +10,7 @@
 
 namespace brindle {
 
-// Entries that are made when they are asked for, and behind them entries that were added one by one.
+// Entries that are made when they are asked for, and after them entries that were added one by one.
 class CEntryModel : public QAbstractListModel {
 public:
     using QAbstractListModel::QAbstractListModel;

@@ -12,7 +12,7 @@
 
 namespace brindle {
 
-// Owns the controls; their widgets stand in `root` and are its children. The desk and `root` must outlive it.
+// Owns the controls; their widgets are in `root`, as its children. The desk and `root` must outlive it.
 class CFormBody {
 public:
     CFormBody(CDesk& desk, QWidget& root, FormFlow flow) : desk_(desk), root_(root), flow_(flow) {}

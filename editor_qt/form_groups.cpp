@@ -25,7 +25,7 @@ bool AllButtons(const FormRow& row) {
 }
 
 // Adds controls one by one. A control that stays under the headings of the one before stays in its group; push buttons
-// that follow each other stand in one row.
+// that follow each other are in one row.
 class CGrouper {
 public:
     void Add(CControlCell& cell) {

@@ -20,7 +20,7 @@ struct FormPart {
 };
 
 struct FormGroup {
-    std::string heading;         // empty for rows that stand under none
+    std::string heading;         // empty for rows under none
     bool starts_column = false;  // to the right of the group before
     std::vector<FormPart> parts;
 

@@ -33,7 +33,7 @@ Qt::Alignment LabelAlignment(const QWidget& widget) {
     return (Qt::Alignment(hint) & Qt::AlignHorizontal_Mask) | Qt::AlignVCenter;
 }
 
-// What stands in the column of labels; null if the row has none.
+// What is in the column of labels; null if the row has none.
 QWidget* LabelOf(const FormRow& row) {
     const CControlCell& first = *row.front();
     if (first.label() != nullptr) return first.label();
@@ -53,7 +53,7 @@ void AddLine(QGridLayout& grid, const FormRow& row) {
     if (label != nullptr) grid.addWidget(label, at, 0, LabelAlignment(*label));
 }
 
-// Where a control in the row of a high one stands: units stay with their field.
+// Where a control in the row of a high one goes: units stay with their field.
 FormRow& LineFor(const CControlCell& cell, std::vector<FormRow>& lines) {
     if (lines.empty() || cell.spec().kind != ControlKind::kUnits) lines.emplace_back();
     return lines.back();
@@ -93,7 +93,7 @@ QWidget* SideBySide(const FormRow& cells, QWidget& parent) {
     return splitter;
 }
 
-// High controls stand side by side. The others stand to the right of those before them, below each other.
+// High controls go side by side. The others go to the right of those before them, below each other.
 QWidget* TallLine(const FormRow& row, QWidget& parent) {
     auto* const pane = new QWidget(&parent);
     auto* const line = new QHBoxLayout(pane);
@@ -133,7 +133,7 @@ private:
     std::deque<CControlBox>& boxes_;
     std::vector<CControlBox*> open_;
     QGridLayout* grid_ = nullptr;   // of the rows that follow each other
-    QHBoxLayout* strip_ = nullptr;  // of the groups that stand side by side
+    QHBoxLayout* strip_ = nullptr;  // of the groups side by side
 };
 
 QWidget* CBoxBuilder::Build(const FormGroup& group, QWidget& parent) {

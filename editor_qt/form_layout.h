@@ -1,8 +1,8 @@
 // Puts the controls of a form in their places.
 //
-// Controls stand in rows, their labels in a column of their own. Those under a heading stand in a box; boxes stand
-// below each other, or beside the one before where a control begins a new column. What stands under no heading at the
-// top of a page stands above all columns, and so does a table below them. Columns that together would be too wide are
+// Controls are in rows, their labels in a column of their own. Those under a heading are in a box; boxes are
+// below each other, or next to the one before where a control begins a new column. What is under no heading at the
+// top of a page goes above all columns, and so does a table below them. Columns that together would be too wide are
 // put below each other; boxes of a page that says nothing of columns flow into as many as make it neither high nor
 // wide. Tables, lists and edits of several lines take what room is left.
 #pragma once
@@ -18,7 +18,7 @@ namespace brindle {
 // Whether boxes flow where the controls say nothing of columns.
 enum class FormFlow : uint8_t { kOneColumn, kColumns };
 
-// Below what stands in `root` already. Adds the boxes that it makes to `boxes`.
+// Below what is in `root` already. Adds the boxes that it makes to `boxes`.
 void LayOutForm(QWidget& root, const std::vector<CControlCell*>& cells, FormFlow flow, std::deque<CControlBox>& boxes);
 
 }  // namespace brindle

@@ -1,4 +1,4 @@
-// The widget that draws a tool path: the drawing beside the NC code of the preview.
+// The widget that draws a tool path: the drawing next to the NC code of the preview.
 #pragma once
 
 #include <QPixmap>
@@ -11,7 +11,7 @@
 
 namespace brindle {
 
-// Rapid moves are dashed, cuts have the colours of their tools, arrowheads tell the direction.
+// Rapid moves are dashed, cuts have the colours of their tools, arrowheads show the direction.
 //
 // The wheel and the keys + and - zoom, dragging and the arrow keys move, a double click and Home show all. A click
 // picks the element that lies nearest. What is in sight is painted once for each view and kept as a picture; that of a

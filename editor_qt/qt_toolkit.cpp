@@ -42,7 +42,7 @@ std::unique_ptr<CModelessWindow> CQtToolkit::MakeModeless(std::string_view capti
     return std::make_unique<CQtModeless>(desk_, caption, static_cast<CQtSheet&>(beside).window());
 }
 
-void CQtToolkit::Tell(std::string_view text) {
+void CQtToolkit::ShowMessage(std::string_view text) {
     IsAgreed(desk_, text, {QMessageBox::Information, QMessageBox::Ok, QMessageBox::Ok});
 }
 

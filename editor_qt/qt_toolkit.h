@@ -12,7 +12,7 @@ public:
     std::unique_ptr<CSheetWindow> MakeSheet(std::string_view title) override;
     std::unique_ptr<CDialogWindow> MakeDialog(std::string_view caption) override;
     std::unique_ptr<CModelessWindow> MakeModeless(std::string_view caption, CSheetWindow& beside) override;
-    void Tell(std::string_view text) override;
+    void ShowMessage(std::string_view text) override;
     bool AskYesNo(std::string_view text) override;
     int ChooseFromMenu(std::span<const MenuEntry> entries) override;
     std::optional<std::string> ChooseFile(const FileQuestion& question) override;

@@ -19,7 +19,7 @@ public:
     CQtPage(CDesk& desk, CQtSheet& sheet, QWidget& content);
     void SetModified(bool modified) override;
     bool modified() const { return modified_; }
-    // Reports it and puts new controls in their places, behind `before` in the order of tabs.
+    // Reports it and puts new controls in their places, after `before` in the order of tabs.
     void Activate(QWidget& before);
 
 private:

@@ -1,4 +1,4 @@
-// The cells of a table, behind its widget.
+// The cells of a table, which its widget shows.
 #pragma once
 
 #include <QAbstractTableModel>

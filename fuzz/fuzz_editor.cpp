@@ -8,7 +8,7 @@
 #include "editor/toolkit/active_toolkit.h"
 #include "editor_job.h"
 #include "files.h"
-#include "testing/play/headless_screen.h"
+#include "testing/headless/headless_toolkit.h"
 
 namespace {
 
@@ -44,7 +44,7 @@ public:
         return Byte(2) == 0 ? std::optional(Text()) : std::nullopt;
     }
 
-    brindle::play::CHeadlessScreen screen{*this};
+    brindle::CHeadlessToolkit screen{*this};
 
 private:
     // The name of one of the controls: `NAME#2` for the second of that name.
@@ -87,7 +87,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     folder.Empty();
     LoadEditorJob();
     CByteUser user(data, size);
-    brindle::SetActiveToolkit(&user.screen.toolkit());
+    brindle::SetActiveToolkit(&user.screen);
     const size_t dialog = user.Byte(8);
     if (dialog == 0) GBrn_DisplayRTDataDlg(nullptr, L"Steel", L"Pick", nullptr);
     GBrn_End();

@@ -7,7 +7,7 @@
 #include "brindle/brindle.h"
 #include "editor_job.h"
 #include "files.h"
-#include "testing/play/headless_screen.h"
+#include "testing/headless/headless_toolkit.h"
 #include "testing/play/play_session.h"
 
 namespace {
@@ -28,7 +28,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     std::ostringstream output, errors;
     {
         brindle::play::CPlaySession session(input, output, errors);
-        brindle::play::CHeadlessScreen screen(session);
+        brindle::CHeadlessToolkit screen(session);
         session.Run(screen);
     }
     GBrn_End();

@@ -16,7 +16,7 @@ if [ -z "$tool" ] || ! "$tool" --version | grep -q "version $wanted\."; then
 fi
 
 folders=()
-for folder in include src host editor_qt tests bench fuzz examples; do
+for folder in include src host editor_qt testing tests bench fuzz examples; do
     [ -d "$folder" ] && folders+=("$folder")
 done
 find "${folders[@]}" -type f \( -name '*.h' -o -name '*.c' -o -name '*.cpp' \) -print0 |

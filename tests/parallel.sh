@@ -166,7 +166,7 @@ else
 fi
 
 begin 'progress is for terminals'
-if command -v script >/dev/null; then
+if can_have_terminal; then
     script -qec "'$brindle' post -t '$tuning' -o nc -j 2 first.cf2 second.cf2 third.cf2" /dev/null </dev/null >terminal
     grep -q '2 of 3 drawings done' terminal || fail "on a terminal: $(cat -v terminal)"
 fi

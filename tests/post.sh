@@ -263,7 +263,7 @@ mentions 'lid.cf2: warning: the tuning gives no NC text'
 begin 'progress is for terminals'
 run 0 post -t plain.tun box.cf2
 says
-if command -v script >/dev/null; then
+if can_have_terminal; then
     script -qec "'$brindle' post -t plain.tun -o out.nc box.cf2" /dev/null </dev/null >"$folder.terminal" 2>&1
     grep -q 'drawing 1 of 1: box.cf2' "$folder.terminal" || fail "on a terminal: $(cat -v "$folder.terminal")"
 fi

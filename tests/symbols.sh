@@ -13,6 +13,10 @@ if ! difference=$(diff <(echo "$expected") <(echo "$shown")); then
     echo "declared (<) and shown (>) differ:" && echo "$difference" && exit 1
 fi
 
+if grep -q Headless "$lib"; then
+    echo "the toolkit of the tests is in the library" && exit 1
+fi
+
 needed=$(readelf -d "$lib" | sed -n 's/.*(NEEDED).*\[\(.*\)\].*/\1/p')
 if grep -q '^lib\(a\|ub\)san' <<<"$needed"; then
     echo "a sanitizer build needs its runtimes too: $needed" && exit 0

@@ -1,9 +1,9 @@
 // Exports of the dialogs. Without a toolkit each ends as one that the user has cancelled.
 #include "api/exports.h"
 #include "brindle/brindle.h"
-#include "editor/load_segment_dlg.h"
-#include "editor/nc_run_time_dlg.h"
-#include "editor/params_sheet.h"
+#include "editor/output/load_segment_dlg.h"
+#include "editor/pages/params_sheet.h"
+#include "editor/run_time_data/nc_run_time_dlg.h"
 #include "editor/toolkit/active_toolkit.h"
 
 using namespace brindle;

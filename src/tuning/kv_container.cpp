@@ -273,4 +273,10 @@ void CKVItemContainer::ReadFromList(const std::vector<std::string>& list) {
     for (const std::string& line : list) ParseLine(line);
 }
 
+bool IsTrue(const CKVItemContainer* container, std::string_view key, bool if_absent) {
+    int32_t value = if_absent ? 1 : 0;
+    if (container != nullptr) container->GetBool(key, value);
+    return value != 0;
+}
+
 }  // namespace brindle

@@ -91,4 +91,7 @@ private:
     CKVItemMapObj items_;
 };
 
+// Whether the flag under `key` is set; `if_absent` where there is none, or no container.
+bool IsTrue(const CKVItemContainer* container, std::string_view key, bool if_absent = false);
+
 }  // namespace brindle

@@ -19,7 +19,7 @@ std::string_view MeaningOf(char letter) {
     return {};
 }
 
-// Takes the text up to the closing quote off `rest`, which begins behind the opening one.
+// Takes the text up to the closing quote off `rest`, which begins after the opening one.
 std::optional<std::string> TakeQuoted(std::string_view& rest) {
     std::string text;
     for (size_t i = 0; i < rest.size(); ++i) {
@@ -66,5 +66,7 @@ std::optional<std::vector<Word>> SplitAct(std::string_view line) {
 std::string OneLine(std::string_view text) {
     return ReplaceAll(ReplaceAll(ReplaceAll(text, "\r\n", "\\n"), "\n", "\\n"), "\t", "\\t");
 }
+
+std::string DoubleQuoted(std::string_view text) { return '"' + OneLine(text) + '"'; }
 
 }  // namespace brindle::play

@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "editor/toolkit/control_names.h"
 #include "editor/toolkit/windows.h"
+#include "testing/play/control_names.h"
 
 namespace brindle::play {
 

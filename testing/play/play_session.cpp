@@ -11,8 +11,6 @@
 namespace brindle::play {
 namespace {
 
-std::string Quoted(std::string_view text) { return '"' + OneLine(text) + '"'; }
-
 // The UTF-8 of a system string, which is freed.
 std::string Taken(wchar_t* text) {
     std::string narrow = WideToNarrow(text);
@@ -121,14 +119,14 @@ void CPlaySession::Print(const std::string& line) {
 
 // ---- What happens on the screen ----
 
-void CPlaySession::WindowOpened(const std::string& caption) { Print("window " + Quoted(caption)); }
+void CPlaySession::WindowOpened(const std::string& caption) { Print("window " + DoubleQuoted(caption)); }
 
 void CPlaySession::WindowClosed(const std::string& caption, bool with_ok) {
-    Print("closed " + Quoted(caption) + (with_ok ? " ok" : " cancel"));
+    Print("closed " + DoubleQuoted(caption) + (with_ok ? " ok" : " cancel"));
 }
 
 bool CPlaySession::AnswerMessage(std::string_view text, bool is_question) {
-    Print("message " + Quoted(text) + (is_question ? " yes no" : " ok"));
+    Print("message " + DoubleQuoted(text) + (is_question ? " yes no" : " ok"));
     while (const auto words = NextLine()) {
         const std::string& act = words->front().text;
         if (act == "tuning" || act == "nc") {
@@ -154,16 +152,16 @@ int CPlaySession::AnswerMenu(std::span<const MenuEntry> entries) {
     }
     for (size_t i = 0; i < entries.size(); ++i) {
         if (entries[i].text.empty() || entries[i].text != words->back().text) continue;
-        if (!entries[i].enabled) Check(Quoted(entries[i].text) + " is disabled");
+        if (!entries[i].enabled) Check(DoubleQuoted(entries[i].text) + " is disabled");
         return entries[i].enabled ? static_cast<int>(i) : -1;
     }
-    Check("the menu has no entry " + Quoted(words->back().text));
+    Check("the menu has no entry " + DoubleQuoted(words->back().text));
     return -1;
 }
 
 std::optional<std::string> CPlaySession::AnswerFile(const FileQuestion& question) {
-    Print(std::string("file ") + (question.save ? "save " : "open ") + Quoted(question.extension) + ' ' +
-          Quoted(question.filter));
+    Print(std::string("file ") + (question.save ? "save " : "open ") + DoubleQuoted(question.extension) + ' ' +
+          DoubleQuoted(question.filter));
     const auto words = NextLine();
     if (!words) return std::nullopt;
     if (words->front().text != "file" || words->size() > 2) {
@@ -189,7 +187,7 @@ void CPlaySession::OpenRunTimeData(const Words& words) {
     wchar_t* chosen = nullptr;
     GBrn_DisplayRTDataDlg(NarrowToWide(words[1].text).c_str(), NarrowToWide(words[2].text).c_str(),
                           NarrowToWide(words[3].text).c_str(), &chosen);
-    Print("result " + Quoted(Taken(chosen)));
+    Print("result " + DoubleQuoted(Taken(chosen)));
 }
 
 void CPlaySession::OpenSegment(const Words&) {
@@ -206,7 +204,7 @@ void CPlaySession::Show(const Words& words) {
         return;
     }
     const auto control = Find(words[1].text);
-    if (!control) return Check("there is no control " + Quoted(words[1].text) + " in the window");
+    if (!control) return Check("there is no control " + DoubleQuoted(words[1].text) + " in the window");
     ShowControl(*control);
 }
 

@@ -8,7 +8,7 @@
 //   click CONTROL                   of a check box, radio button or push button
 //   type CONTROL TEXT               replaces the whole text; the focus stays there
 //   leave                           takes the focus away
-//   pick CONTROL INDEX|ENTRY        of a list; an entry of digits stands in quotes
+//   pick CONTROL INDEX|ENTRY        of a list; an entry of digits needs quotes
 //   double CONTROL ROW COLUMN       double click in a table or list
 //   mark CONTROL FROM TO            selects characters
 //   menu CONTROL, entry TEXT        opens the context menu, and chooses; any other act closes it
@@ -31,9 +31,9 @@
 #include <string_view>
 #include <vector>
 
-#include "editor/toolkit/toolkit_user.h"
 #include "testing/play/act_line.h"
 #include "testing/play/play_screen.h"
+#include "testing/play/toolkit_user.h"
 
 namespace brindle::play {
 
@@ -44,7 +44,7 @@ public:
         : acts_(acts), output_(output), errors_(errors) {}
 
     // Plays all acts on `screen`, whose toolkit is the active one meanwhile. False, with a message, if one could not be
-    // done; those behind it are left out.
+    // done; those after it are left out.
     bool Run(CPlayScreen& screen);
 
     bool NextAct() override;
@@ -59,7 +59,7 @@ private:
     struct Act;
     static const Act kActs[];
 
-    // The next line that is not empty; nothing at the end and behind a failed act.
+    // The next line that is not empty; nothing at the end and after a failed act.
     std::optional<Words> NextLine();
     void Execute(const Words& words);
     // Keeps `problem`, if there is one, as the reason why the session fails.

@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "brindle/brindle.h"
-#include "testing/play/play_session.h"
 #include "platform/text_encoding.h"
 #include "platform/text_file.h"
+#include "testing/play/play_session.h"
 
 namespace brindle::play {
 namespace {

@@ -4,8 +4,8 @@
 #include <functional>
 #include <memory>
 
-#include "editor/toolkit/toolkit_user.h"
 #include "testing/play/play_screen.h"
+#include "testing/play/toolkit_user.h"
 
 namespace brindle::play {
 

@@ -14,14 +14,13 @@
 #include <QToolButton>
 #include <algorithm>
 
+#include "qt_text.h"
+#include "testing/play/act_line.h"
 #include "testing/play_qt/qt_user.h"
 #include "testing/play_qt/shown_widgets.h"
-#include "qt_text.h"
 
 namespace brindle::toolkit_test {
 namespace {
-
-std::string Quoted(std::string_view text) { return '"' + std::string(text) + '"'; }
 
 // Null for a control that can be acted upon.
 const char* WhyNotUsable(const QWidget& control) {
@@ -60,7 +59,7 @@ QPushButton* ButtonOf(const QWidget& window, QDialogButtonBox::StandardButton bu
     return box == nullptr ? nullptr : box->button(button);
 }
 
-// A place in the view that belongs to no row; nothing if rows fill it, so that nobody can click beside them.
+// A place in the view that belongs to no row; nothing if rows fill it, so that nobody can click outside them.
 std::optional<QPoint> EmptyPlace(const QAbstractItemView& view) {
     const QRect room = view.viewport()->rect();
     for (const QPoint place : {room.bottomLeft() + QPoint(2, -2), room.bottomRight() - QPoint(2, 2)}) {
@@ -194,11 +193,11 @@ QWidget* CQtScreen::Find(std::string_view name) const {
 
 std::string CQtScreen::Do(std::string_view name, const Act& act) {
     QWidget* const control = Find(name);
-    if (control == nullptr) return "there is no control " + Quoted(name) + " in the window";
-    if (const char* const why = WhyNotUsable(*control)) return Quoted(name) + why;
+    if (control == nullptr) return "there is no control " + play::DoubleQuoted(name) + " in the window";
+    if (const char* const why = WhyNotUsable(*control)) return play::DoubleQuoted(name) + why;
     Activate(*control->window());
     const std::string problem = act(*control);
-    return problem.empty() ? problem : Quoted(name) + problem;
+    return problem.empty() ? problem : play::DoubleQuoted(name) + problem;
 }
 
 std::string CQtScreen::ClickAt(QWidget& widget, QPoint at, Qt::MouseButton button) {
@@ -324,18 +323,19 @@ std::string CQtScreen::GoToPage(std::string_view caption) {
         Activate(*Top());
         std::string problem = ScrollToTab(*tabs->tabBar(), page);
         if (problem.empty()) problem = ClickAt(*tabs->tabBar(), tabs->tabBar()->tabRect(page).center());
-        return problem.empty() ? problem : "the tab " + Quoted(caption) + problem;
+        return problem.empty() ? problem : "the tab " + play::DoubleQuoted(caption) + problem;
     }
-    return "there is no page " + Quoted(caption) + " in the window";
+    return "there is no page " + play::DoubleQuoted(caption) + " in the window";
 }
 
 std::string CQtScreen::GoToWindow(std::string_view caption) {
     const auto& windows = idle_.loops().windows();
     const auto window = std::find_if(windows.rbegin(), windows.rend(),
                                      [caption](const CWindow* each) { return FromQt(each->windowTitle()) == caption; });
-    if (window == windows.rend()) return "there is no window " + Quoted(caption);
+    if (window == windows.rend()) return "there is no window " + play::DoubleQuoted(caption);
     CWindow* const found = *window;
-    if (found->isModal() && found != idle_.loops().Last()) return Quoted(caption) + " waits for another window";
+    if (found->isModal() && found != idle_.loops().Last())
+        return play::DoubleQuoted(caption) + " waits for another window";
     idle_.loops().MoveToTop(*found);
     Activate(*found);
     return {};

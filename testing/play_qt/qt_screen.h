@@ -10,10 +10,10 @@
 #include <functional>
 #include <optional>
 
-#include "editor/toolkit/toolkit_user.h"
-#include "testing/play/play_screen.h"
-#include "testing/play_qt/idle_user.h"
 #include "qt_toolkit.h"
+#include "testing/play/play_screen.h"
+#include "testing/play/toolkit_user.h"
+#include "testing/play_qt/idle_user.h"
 
 namespace brindle::toolkit_test {
 

@@ -50,7 +50,7 @@ void Key(const QWidget& widget, Qt::Key key, Qt::KeyboardModifiers modifiers, in
     for (int i = 0; i < times; ++i) QTest::keyClick(WindowOf(widget), key, modifiers);
 }
 
-// Behind the key, the platform itself asks for the menu.
+// After the key, the platform itself asks for the menu.
 void PressMenuKey() {
     QWidget& focus = *QApplication::focusWidget();
     Key(focus, Qt::Key_Menu);

@@ -1,6 +1,7 @@
 // A process whose memory runs out, and one that runs for long.
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <fstream>
 #include <limits>
 
@@ -138,7 +139,10 @@ INSTANTIATE_TEST_SUITE_P(Abuse, FailingMemory,
                          testing::Values(Job{"examples/knife_tangential/knife_tangential.tun",
                                              "examples/drawings/folding_box.cf2", "tests/editor/rtd_file.rtd"},
                                          Job{"tests/jobs/calls_with_codes/tuning.tun",
-                                             "examples/drawings/folding_box.cf2", "tests/editor/rtd_file.rtd"}));
+                                             "examples/drawings/folding_box.cf2", "tests/editor/rtd_file.rtd"}),
+                         [](const auto& job) {
+                             return std::filesystem::path(job.param.tuning).parent_path().filename().string();
+                         });
 
 // Neither a session that runs again and again, nor one session after the other.
 TEST(LongLife, TenThousandRunsHoldNoMoreThanHundred) {

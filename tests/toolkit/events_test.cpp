@@ -1,7 +1,7 @@
 // Which events the two toolkits report, and in which order: one table of scenes, each played on both.
 #include <gtest/gtest.h>
 
-#include "testing/play/headless_screen.h"
+#include "testing/headless/headless_toolkit.h"
 #include "testing/play_qt/qt_screen.h"
 #include "unit/editor_user.h"
 
@@ -193,11 +193,11 @@ const Scene kScenes[] = {
      {Type("edit", "7"), Type("edit", "8"), kLeave, kLeave},
      {"edit changed 7", "edit changed 8", "edit focus_lost"}},
     {"message_comes_before_the_click_and_once",
-     {Program([](Stage& stage) { stage.on_focus_lost = [&stage] { stage.toolkit.Tell("Refused"); }; }),
+     {Program([](Stage& stage) { stage.on_focus_lost = [&stage] { stage.toolkit.ShowMessage("Refused"); }; }),
       Type("edit", "7"), Click("check"), Click("right")},
      {"edit changed 7", "edit focus_lost", "message Refused", "check clicked 100", "right clicked 101"}},
     {"message_leaves_the_focus",
-     {Program([](Stage& stage) { stage.on_event = [&stage] { stage.toolkit.Tell("Done"); }; }), Click("button"),
+     {Program([](Stage& stage) { stage.on_event = [&stage] { stage.toolkit.ShowMessage("Done"); }; }), Click("button"),
       Type("edit", "7"), kLeave},
      {"button clicked 000", "message Done", "edit changed 7", "edit focus_lost"}},
     {"disabled_edit_loses_the_focus_once",
@@ -233,7 +233,7 @@ Log Play(const Scene& scene) {
 
 class ToolkitEvents : public testing::TestWithParam<Scene> {};
 
-TEST_P(ToolkitEvents, Headless) { EXPECT_EQ(Play<play::CHeadlessScreen>(GetParam()), GetParam().expected); }
+TEST_P(ToolkitEvents, Headless) { EXPECT_EQ(Play<CHeadlessToolkit>(GetParam()), GetParam().expected); }
 
 TEST_P(ToolkitEvents, Qt) { EXPECT_EQ(Play<toolkit_test::CQtScreen>(GetParam()), GetParam().expected); }
 

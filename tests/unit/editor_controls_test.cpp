@@ -1,8 +1,8 @@
 // The bound controls of the editor: when they write, what they convert, round and refuse, on pages that have them.
-#include "editor/kv_item_button.h"
-#include "editor/kv_number_edits.h"
-#include "editor/kv_text_edit.h"
-#include "editor/per_tool_list_box.h"
+#include "editor/controls/kv_item_button.h"
+#include "editor/controls/kv_number_edits.h"
+#include "editor/controls/kv_text_edit.h"
+#include "editor/controls/per_tool_list_box.h"
 #include "unit/editor_session.h"
 
 namespace brindle {
@@ -58,7 +58,11 @@ TEST_F(EditorControls, AClickRewritesTheKeysOfTheWholeGroup) {
     });
 }
 
+// The name of a case is that of its test.
+constexpr auto kNameOfCase = [](const auto& test) { return std::string(test.param.name); };
+
 struct RealCase {
+    const char* name;
     const char* stored;
     bool inches;
     const char* shown;
@@ -83,16 +87,19 @@ TEST_P(RealEdits, ShowRoundAndConvert) {
     EXPECT_EQ(messages_, std::vector<std::string>());
 }
 
-INSTANTIATE_TEST_SUITE_P(All, RealEdits,
-                         testing::Values(RealCase{"25.4", true, "1.000", "2", "50.800000000", "2.000"},
-                                         RealCase{"", true, "0.000", "0.0004", "0.000000000", "0.000"},
-                                         RealCase{"", false, "0.01", "0.005", "0.010000000", "0.01"},
-                                         RealCase{"-0.125", false, "-0.13", "-0.005", "-0.010000000", "-0.01"},
-                                         RealCase{"3", false, "3.00", " +1.5e1mm", "15.000000000", "15.00"},
-                                         RealCase{"3", false, "3.00", "abc", "0.000000000", "0.00"},
-                                         RealCase{"3", true, "0.118", "1e308", "0.000000000", "0.000"}));
+INSTANTIATE_TEST_SUITE_P(
+    All, RealEdits,
+    testing::Values(RealCase{"Inches", "25.4", true, "1.000", "2", "50.800000000", "2.000"},
+                    RealCase{"DefaultInInches", "", true, "0.000", "0.0004", "0.000000000", "0.000"},
+                    RealCase{"HalfOfAStep", "", false, "0.01", "0.005", "0.010000000", "0.01"},
+                    RealCase{"NegativeHalfOfAStep", "-0.125", false, "-0.13", "-0.005", "-0.010000000", "-0.01"},
+                    RealCase{"NumberBeforeText", "3", false, "3.00", " +1.5e1mm", "15.000000000", "15.00"},
+                    RealCase{"NoNumber", "3", false, "3.00", "abc", "0.000000000", "0.00"},
+                    RealCase{"TooLargeInInches", "3", true, "0.118", "1e308", "0.000000000", "0.000"}),
+    kNameOfCase);
 
 struct RefusedCase {
+    const char* name;
     const char* page;
     const char* control;
     const char* typed;
@@ -117,15 +124,16 @@ TEST_P(RefusedNumbers, StayOnTheScreenAndOutOfTheTuning) {
 
 constexpr const char* kZero = "Zero value not allowed";
 
-INSTANTIATE_TEST_SUITE_P(All, RefusedNumbers,
-                         testing::Values(RefusedCase{"AxisData", "IN_AX1_rFactor", "0", kZero},
-                                         RefusedCase{"AxisData", "IN_AX1_rFactor", "abc", kZero},
-                                         RefusedCase{"AxisData", "IN_AX1_rFactor", "-1",
-                                                     "Negative values are not allowed."},
-                                         RefusedCase{"AxisData", "IN_AX1_rFactor", "-0.0000001", kZero},
-                                         RefusedCase{"ArcData", "rSubArcFactor", "0.0000004", kZero},
-                                         RefusedCase{"Subs", "SubNum_nMainFactor", "0", kZero},
-                                         RefusedCase{"Subs", "SubNum_nMainFactor", "x5", kZero}));
+INSTANTIATE_TEST_SUITE_P(
+    All, RefusedNumbers,
+    testing::Values(RefusedCase{"Zero", "AxisData", "IN_AX1_rFactor", "0", kZero},
+                    RefusedCase{"NoNumber", "AxisData", "IN_AX1_rFactor", "abc", kZero},
+                    RefusedCase{"Negative", "AxisData", "IN_AX1_rFactor", "-1", "Negative values are not allowed."},
+                    RefusedCase{"NegativeThatRoundsToZero", "AxisData", "IN_AX1_rFactor", "-0.0000001", kZero},
+                    RefusedCase{"PositiveThatRoundsToZero", "ArcData", "rSubArcFactor", "0.0000004", kZero},
+                    RefusedCase{"WholeZero", "Subs", "SubNum_nMainFactor", "0", kZero},
+                    RefusedCase{"NoWholeNumber", "Subs", "SubNum_nMainFactor", "x5", kZero}),
+    kNameOfCase);
 
 TEST_F(EditorControls, WholeNumbersKeepTheTextThatWasTyped) {
     Tune("BOOL bUseSubs true");
@@ -258,7 +266,7 @@ TEST_F(EditorControls, APendingValueGoesToTheToolThatItWasTypedFor) {
 
 TEST_F(EditorControls, AListOfToolsHoldsThoseInUseAndHasAnEnd) {
     const auto dialog = toolkit_.MakeDialog("Tools");
-    CPerToolListBox list(dialog->AddList(PlainSpec(ControlKind::kList)));
+    CPerToolListBox list(dialog->AddList(PlainSpec(ControlKind::kList)), CPerToolListBox::Subordinates::kListed);
     const CListControl& control = list.control();
     list.Fill(&editor_.tuning());
     EXPECT_EQ(control.GetCount(), 0);
@@ -276,10 +284,10 @@ TEST_F(EditorControls, AListOfToolsHoldsThoseInUseAndHasAnEnd) {
     list.Fill(&editor_.tuning());
     EXPECT_EQ(control.GetEntryText(0) + control.GetEntryText(1), "T2T3");
     EXPECT_EQ(list.GetToolPrefix(), "T2_");
-    list.LeaveOutSubordinates();
-    list.Fill(&editor_.tuning());
+    CPerToolListBox masters(list.control(), CPerToolListBox::Subordinates::kLeftOut);
+    masters.Fill(&editor_.tuning());
     EXPECT_EQ(control.GetCount(), 1);
-    EXPECT_EQ(list.GetToolPrefix(), "T3_");
+    EXPECT_EQ(masters.GetToolPrefix(), "T3_");
 
     Tune("INT nNumOfTools 2147483647");
     list.Fill(&editor_.tuning());

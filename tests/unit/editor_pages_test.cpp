@@ -3,8 +3,8 @@
 #include <set>
 #include <sstream>
 
+#include "editor/controls/page_table.h"
 #include "editor/messages.h"
-#include "editor/page_table.h"
 #include "platform/text_file.h"
 #include "text/words.h"
 #include "tuning/key_catalogue.h"
@@ -72,7 +72,8 @@ protected:
     bool inches() const { return GetParam(); }
 };
 
-INSTANTIATE_TEST_SUITE_P(Sheets, EditorPages, testing::Bool());
+INSTANTIATE_TEST_SUITE_P(Sheets, EditorPages, testing::Bool(),
+                         [](const auto& sheet) { return std::string(sheet.param ? "Inches" : "Millimetres"); });
 
 bool IsNumberEdit(const CHeadlessControl& control) {
     return control.spec().kind == ControlKind::kInteger || control.spec().kind == ControlKind::kReal;
@@ -338,7 +339,8 @@ TEST_P(EditedExamples, ShowOneOfEachChoiceAndTheOneThatARunTakes) {
 
 INSTANTIATE_TEST_SUITE_P(All, EditedExamples,
                          testing::Values("engraver_text", "knife_tangential", "laser_inc_radius", "laser_mm",
-                                         "plotter_hpgl", "speed_by_material", "subs_mirror"));
+                                         "plotter_hpgl", "speed_by_material", "subs_mirror"),
+                         [](const auto& example) { return std::string(example.param); });
 
 TEST(EditorPagesOfNoTool, BindNothingAndLetGoOfAToolThatIsGone) {
     CEditorSession editor{"INT nNumOfTools 1", "TEXT T1_Speed_P1_sV1 500", "REAL T1_SmFacet_rMaxRadiusMM 2",

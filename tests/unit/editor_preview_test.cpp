@@ -4,9 +4,9 @@
 #include <algorithm>
 
 #include "api/brindle_mgr.h"
-#include "editor/code_preview.h"
-#include "editor/toolkit/headless_windows.h"
+#include "editor/output/code_preview.h"
 #include "scene/path_scene.h"
+#include "testing/headless/headless_windows.h"
 #include "unit/editor_user.h"
 
 namespace brindle {

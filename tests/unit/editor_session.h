@@ -6,7 +6,7 @@
 #include <initializer_list>
 
 #include "api/brindle_mgr.h"
-#include "editor/params_sheet.h"
+#include "editor/pages/params_sheet.h"
 #include "unit/editor_user.h"
 
 namespace brindle {

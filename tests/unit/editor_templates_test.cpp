@@ -2,9 +2,9 @@
 #include <gtest/gtest.h>
 
 #include "api/brindle_mgr.h"
-#include "editor/code_preview.h"
-#include "editor/edit_template_dlg.h"
-#include "editor/params_sheet.h"
+#include "editor/output/code_preview.h"
+#include "editor/pages/params_sheet.h"
+#include "editor/templates/edit_template_dlg.h"
 #include "editor/toolkit/active_toolkit.h"
 #include "unit/editor_user.h"
 #include "unit/host_session.h"

@@ -2,11 +2,11 @@
 #include <gtest/gtest.h>
 
 #include "api/brindle_mgr.h"
-#include "editor/params_sheet.h"
-#include "editor/params_tool_data.h"
-#include "editor/params_tool_rot.h"
-#include "editor/redef_tool_dlg.h"
-#include "editor/view_tool_opt_dlg.h"
+#include "editor/pages/params_sheet.h"
+#include "editor/pages/params_tool_data.h"
+#include "editor/pages/params_tool_rot.h"
+#include "editor/pages/redef_tool_dlg.h"
+#include "editor/pages/view_tool_opt_dlg.h"
 #include "unit/editor_user.h"
 
 namespace brindle {

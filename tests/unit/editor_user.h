@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "editor/toolkit/headless_toolkit.h"
+#include "testing/headless/headless_toolkit.h"
 
 namespace brindle {
 

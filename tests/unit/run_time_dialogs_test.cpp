@@ -5,13 +5,13 @@
 #include <functional>
 #include <vector>
 
-#include "editor/nc_run_time_dlg.h"
-#include "editor/rtd_def_editor.h"
+#include "editor/run_time_data/nc_run_time_dlg.h"
+#include "editor/run_time_data/rtd_def_editor.h"
 #include "editor/toolkit/active_toolkit.h"
-#include "editor/toolkit/headless_windows.h"
 #include "host/commands/commands.h"
 #include "platform/local_time.h"
 #include "platform/user_store.h"
+#include "testing/headless/headless_windows.h"
 #include "unit/editor_user.h"
 #include "unit/temp_folder.h"
 

@@ -5,7 +5,7 @@
 
 namespace brindle {
 
-// The one that was set; before any was, the one of the plugin beside the library, which is loaded then. Null if there
+// The one that was set; before any was, the one of the plugin near the library, which is loaded then. Null if there
 // is none, or if no window can be opened now; every dialog then ends as cancelled.
 CToolkit* ActiveToolkit();
 

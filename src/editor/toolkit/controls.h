@@ -1,8 +1,8 @@
 // The controls of a window, as the editor's logic sees them. A toolkit derives a class from each; forms create them and
 // own them (toolkit/windows.h).
 //
-// Operations act without a report: events tell of the user alone. All text is UTF-8. Indexes count from 0, and -1 is no
-// index; an index that names nothing changes nothing and gives 0 or empty text.
+// Operations act without a report: events report what the user does, nothing else. All text is UTF-8. Indexes count
+// from 0, and -1 is no index; an index that names nothing changes nothing and gives 0 or empty text.
 #pragma once
 
 #include <cstddef>
@@ -27,7 +27,7 @@ enum class ControlKind : uint8_t {
     kText,      // one-line edit
     kMulti,     // edit of several lines
     kDecimals,  // drop-down list of decimals
-    kEntries,   // drop-down list whose entries stand for keys
+    kEntries,   // drop-down list whose entries are keys
     kDropDown,  // any other drop-down list
     kList,      // list box
     kTable,
@@ -36,18 +36,18 @@ enum class ControlKind : uint8_t {
     kDrawing,
 };
 
-// Where a control stands, for a toolkit that lays forms out.
+// Where a control goes, for a toolkit that lays forms out.
 enum class Spot : uint8_t {
     kNewRow,     // below the control before it
-    kBeside,     // in the row of the control before it, such as a unit behind its field
-    kNewColumn,  // below the one before it; its group stands to the right of the group before
+    kBeside,     // in the row of the control before it, such as a unit after its field
+    kNewColumn,  // below the one before it; its group is to the right of the group before
 };
 
 // How a control is described to the toolkit that makes it.
 struct ControlSpec {
     ControlKind kind;
     std::string name;   // the key that it is bound to, without tool prefix; empty if none
-    std::string label;  // on a button; beside any other control, shown, hidden, enabled and disabled with it
+    std::string label;  // on a button; next to any other control, shown, hidden, enabled and disabled with it
     // Headings of the controls that belong together, from the outermost inwards, with a bar between: `Axis 1|Format for
     // mm`. A heading is shown and enabled while one of its controls is. Radio buttons of a group exclude each other.
     std::string group{};
@@ -55,6 +55,11 @@ struct ControlSpec {
     Spot spot = Spot::kNewRow;
     std::string lead{};  // drawn in front of the control and no label, such as the operators of a formula
 };
+
+// A control that is bound to no key.
+inline ControlSpec PlainSpec(ControlKind kind, std::string_view label = {}, Spot spot = Spot::kNewRow) {
+    return {.kind = kind, .name = {}, .label = std::string(label), .spot = spot};
+}
 
 class CControl {
 public:
@@ -96,7 +101,7 @@ public:
     CEvent menu_wanted;  // the user asks for the context menu
 };
 
-// A run of text, counted in bytes of what GetText gives. `begin` equals `end` where the caret stands alone.
+// A run of text, counted in bytes of what GetText gives. `begin` equals `end` where nothing is selected.
 struct TextRange {
     size_t begin = 0;
     size_t end = 0;

@@ -1,4 +1,4 @@
-// What a control or window tells the editor's logic.
+// What a control or window reports to the editor's logic.
 #pragma once
 
 #include <functional>

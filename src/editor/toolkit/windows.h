@@ -63,11 +63,11 @@ public:
     CEvent ok_clicked;  // the dialog stays open unless the listener ends it
 };
 
-// A window that stays open beside a modal sheet, with a button Close.
+// A window that stays open next to a modal sheet, with a button Close.
 class CModelessWindow : public CForm {
 public:
     virtual void Open() = 0;
-    // Takes it off the screen. It may be destroyed only behind the report that led here.
+    // Takes it off the screen. It may be destroyed only after the report that led here.
     virtual void Close() = 0;
 
     CEvent close_clicked;  // Close, or the frame; the window stays open unless the listener closes it
@@ -83,7 +83,7 @@ struct MenuEntry {
 struct FileQuestion {
     bool save;                   // asks before an existing file is overwritten
     std::string_view extension;  // added to a name without one, such as ".txt"
-    std::string_view filter;     // pairs of caption and pattern, each behind a bar, with two bars at the end
+    std::string_view filter;     // pairs of caption and pattern, a bar after each, two at the end
 };
 
 class CToolkit {
@@ -99,7 +99,7 @@ public:
     virtual std::unique_ptr<CModelessWindow> MakeModeless(std::string_view caption, CSheetWindow& beside) = 0;
 
     // Message boxes. They return when the user has answered.
-    virtual void Tell(std::string_view text) = 0;
+    virtual void ShowMessage(std::string_view text) = 0;
     virtual bool AskYesNo(std::string_view text) = 0;
     // The index of the chosen entry, -1 if none was chosen.
     virtual int ChooseFromMenu(std::span<const MenuEntry> entries) = 0;

@@ -1,0 +1,39 @@
+#include "editor/pages/params_sheet.h"
+
+#include "editor/pages/params_pages.h"
+
+namespace brindle {
+namespace {
+
+constexpr std::string_view kStandardTitle = "Brindle Parameter Editor";
+
+}  // namespace
+
+CNCParamsSheet::CNCParamsSheet(CToolkit& toolkit, const SessionParts* session, bool inches, std::string_view title)
+    : toolkit_(toolkit),
+      session_(session),
+      inches_(inches),
+      window_(toolkit.MakeSheet(title.empty() ? kStandardTitle : title)) {}
+
+void CNCParamsSheet::AddPages() {
+    AddPage<CNCParamsGeneral>();
+    AddPage<CNCParamsSubs>();
+    AddPage<CNCParamsUnitCodes>();
+    AddPage<CNCParamsData>();
+    AddPage<CNCParamsArcs>();
+    AddPage<CNCParamsSpeed>();
+    AddPage<CNCParamsToolData>();
+    AddPage<CNCParamsToolRot>();
+    AddPage<CNCParamsText>();
+    AddPage<CNCParamsTemplates>();
+    AddPage<CNCParamsRTD>();
+}
+
+CNCCodePreview& CNCParamsSheet::GetPreview() {
+    if (preview_ == nullptr) preview_ = std::make_unique<CNCCodePreview>(toolkit_, *this, *window_);
+    return *preview_;
+}
+
+void CNCParamsSheet::OnPreviewClosed() { closed_preview_ = std::move(preview_); }
+
+}  // namespace brindle

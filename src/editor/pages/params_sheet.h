@@ -1,0 +1,54 @@
+// The tuning editor: a modal sheet of pages over the live tuning of a session.
+#pragma once
+
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include "editor/output/code_preview.h"
+#include "editor/output/preview_owner.h"
+#include "editor/pages/params_page.h"
+
+namespace brindle {
+
+// Lives for one call of the editor, and owns its pages and the preview window. OK, Cancel and Apply do nothing to the
+// tuning: its controls have written their keys by then.
+class CNCParamsSheet : public CNCPreviewOwner {
+public:
+    // `session` may be null; then there is nothing to edit. `inches`: lengths are shown in inches, else in millimetres;
+    // fixed for the life of the sheet, and nothing to do with the output units of the tuning. An empty title gives the
+    // standard one.
+    CNCParamsSheet(CToolkit& toolkit, const SessionParts* session, bool inches, std::string_view title);
+    // An open preview window closes with the sheet.
+    ~CNCParamsSheet() override = default;
+
+    // Adds all pages of the editor, in the order of their tabs.
+    void AddPages();
+    // Adds one page after the others; `more` is what its constructor takes after the context.
+    template <typename Page, typename... More>
+    Page& AddPage(More... more) {
+        auto page = std::make_unique<Page>(
+            PageContext{toolkit_, *window_, session_, inches_, [this]() -> CNCCodePreview& { return GetPreview(); }},
+            more...);
+        Page& added = *page;
+        pages_.push_back(std::move(page));
+        return added;
+    }
+    // True if the user left with OK.
+    bool RunModal() { return window_->RunModal(); }
+
+    // The preview window, opened if there is none.
+    CNCCodePreview& GetPreview();
+    void OnPreviewClosed() override;
+
+private:
+    CToolkit& toolkit_;
+    const SessionParts* session_;
+    bool inches_;
+    std::unique_ptr<CSheetWindow> window_;
+    std::vector<std::unique_ptr<CNCParamsPage>> pages_;
+    std::unique_ptr<CNCCodePreview> preview_;
+    std::unique_ptr<CNCCodePreview> closed_preview_;  // it may still be on its way out of the call that closed it
+};
+
+}  // namespace brindle

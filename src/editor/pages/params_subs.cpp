@@ -1,0 +1,97 @@
+#include "editor/pages/params_subs.h"
+
+#include "editor/messages.h"
+
+namespace brindle {
+namespace {
+
+using enum ControlKind;
+using enum Spot;
+
+// What is side by side has an empty heading in common.
+constexpr std::string_view kMode = "|Output mode for subs";
+constexpr std::string_view kOrder = "|Output subs";
+constexpr std::string_view kScheme = "|Subprogram numbering scheme    (@CurProgNum)";
+constexpr std::string_view kMirroring = "|Subprogram mirroring    (@IncludeMirCode, @IncludeMirResetCode)";
+constexpr std::string_view kRotation = "|Subprogram rotation    (@IncludeRotWord, @IncludeRotResetWord)";
+constexpr std::string_view kStart = "Start subprograms at";
+constexpr std::string_view kEnd = "End subprograms at";
+
+constexpr PageRow kRows[] = {
+    {kCheck, "bUseSubs", "", "&Support subprograms"},
+    {kRadio, "bSubsInAbs", kMode, "&Absolute"},
+    {kRadio, "bSubsInInc", kMode, "&Incremental"},
+    {kRadio, "bOutputSubsAfter", kOrder, "&Main followed by Subs", 0, kBeside},
+    {kRadio, "bOutputSubsFirst", kOrder, "&Subs followed by Main"},
+    {kRadio, "SubNum_bUseFormula", kScheme, "By &formula"},
+    {kRadio, "SubNum_bUseSequence", kScheme, "Use &sequence starting at @MainProgNum"},
+    {kRadio, "SubNum_bUseBlockNum", kScheme, "Use &block numbers"},
+    {kInteger, "SubNum_nMainOffset", kScheme, "", 0, kNewRow, "( @MainProgNum +"},
+    {kInteger, "SubNum_nMainFactor", kScheme, "", kNoZero, kBeside, ") *"},
+    {kInteger, "SubNum_nSubOffset", kScheme, "", 0, kBeside, "+ ( SubSequence# +"},
+    {kInteger, "SubNum_nSubFactor", kScheme, "", kNoZero, kBeside, ") *"},
+    {kInteger, "SubNum_nTotalOffset", kScheme, "", 0, kBeside, "+"},
+    {kCheck, "bUseMirror", kMirroring, "&Mirroring supported"},
+    {kText, "sMirrorX", kMirroring, "Mirror in &X:"},
+    {kText, "sMirrorY", kMirroring, "Mirror in &Y:"},
+    {kText, "sMirrorXY", kMirroring, "Mirror in X &and Y:"},
+    {kText, "sMirrorReset", kMirroring, "Mirror &reset:"},
+    {kCheck, "bUseRotations", kRotation, "&Rotations supported", 0, kBeside},
+    {kText, "SubRot_sAddr", kRotation, "&Address:"},
+    {kReal, "SubRot_rFactor", kRotation, "&Factor by:", kSixPlaces | kNoZero},
+    {kDecimals, "SubRot_nNDec", kRotation, "&Round to:"},
+    {kText, "SubRot_sCode", kRotation, "&Rotation code:"},
+    {kText, "SubRot_sResetCode", kRotation, "&Reset code:"},
+    {kRadio, "bStartSubsAtCen", kStart, "&Center of design", 0, kNewColumn},
+    {kRadio, "bStartSubsAtLine", kStart, "First line"},
+    {kRadio, "bEndSubsAtCen", kEnd, "&Center of design", 0, kNewColumn},
+    {kRadio, "bEndSubsAtLine", kEnd, "Last line"},
+};
+
+}  // namespace
+
+CNCParamsSubs::CNCParamsSubs(const PageContext& context) : CNCTablePage(context, "Subs", Mark::kAtActivation, kRows) {}
+
+void CNCParamsSubs::UpdateControlStates() {
+    const bool supported = table().IsChecked("bUseSubs");
+    table().EnableOthers("bUseSubs", supported);
+    if (!supported) return;
+    UpdateOutputMode();
+    UpdateNumbering();
+    table().Enable({"sMirrorX", "sMirrorY", "sMirrorXY", "sMirrorReset"}, table().IsChecked("bUseMirror"));
+    table().Enable({"SubRot_sAddr", "SubRot_rFactor", "SubRot_nNDec", "SubRot_sCode", "SubRot_sResetCode"},
+                   table().IsChecked("bUseRotations"));
+}
+
+// An incremental main program has incremental sub-programs that end where they end.
+void CNCParamsSubs::UpdateOutputMode() {
+    const bool main_is_absolute = IsTrue(GetOptions(), "bOutModeAbs", true);
+    table().Enable({"bSubsInAbs", "bSubsInInc", "bEndSubsAtCen", "bEndSubsAtLine"}, main_is_absolute);
+    if (main_is_absolute) return;
+    table().SetCheck("bSubsInInc", true);
+    table().SetCheck("bSubsInAbs", false);
+    table().SetCheck("bEndSubsAtCen", false);
+    table().SetCheck("bEndSubsAtLine", false);
+}
+
+// A block number is known to the main program only if the sub-program comes before it.
+void CNCParamsSubs::UpdateNumbering() {
+    const bool by_block = table().IsChecked("SubNum_bUseBlockNum");
+    table().Enable({"bOutputSubsAfter", "bOutputSubsFirst"}, !by_block);
+    if (by_block) {
+        table().SetCheck("bOutputSubsFirst", true);
+        table().SetCheck("bOutputSubsAfter", false);
+    }
+    const bool by_formula = table().IsChecked("SubNum_bUseFormula");
+    table().Enable({"SubNum_nMainOffset", "SubNum_nMainFactor"}, by_formula);
+    table().Enable({"SubNum_nSubOffset", "SubNum_nSubFactor", "SubNum_nTotalOffset"},
+                   by_formula || table().IsChecked("SubNum_bUseSequence"));
+}
+
+void CNCParamsSubs::OnBoundButtonClicked(CKVItemButton& control) {
+    const bool allows = &control == &table().Find<CKVItemButton>("bUseMirror") ||
+                        &control == &table().Find<CKVItemButton>("bUseRotations");
+    if (allows && control.control().GetCheck()) Place().toolkit.ShowMessage(messages::kNoOffsetWithMirrorOrRotation);
+}
+
+}  // namespace brindle

@@ -1,0 +1,37 @@
+#include "editor/pages/params_text.h"
+
+namespace brindle {
+namespace {
+
+using enum ControlKind;
+using enum Spot;
+
+constexpr std::string_view kData = "Text data   (@TextDataWord)";
+constexpr std::string_view kRotation = "Text rotation   (@TextRotWord)";
+constexpr std::string_view kHeight = "Text height   (@TextHgtWord)";
+constexpr std::string_view kHeightInch = "Text height   (@TextHgtWord)|Format for inch";
+constexpr std::string_view kHeightMm = "Text height   (@TextHgtWord)|Format for metric";
+
+constexpr PageRow kRows[] = {
+    {kCheck, "bUseText", "", "&Support text"},
+    {kText, "TextData_sAddr", kData, "&Address:"},
+    {kText, "TextData_sFROM_1", kData, "&Replace:"},
+    {kText, "TextData_sTO_1", kData, "&With:"},
+    {kText, "TextRot_sAddr", kRotation, "&Address:"},
+    {kReal, "TextRot_rFactor", kRotation, "&Factor by:", kSixPlaces | kNoZero},
+    {.kind = kDecimals, .key = "TextRot_nNDec", .group = kRotation, .label = "&Round to:", .inch_default = 3},
+    {kCheck, "TextRot_bModal", kRotation, "&Modal"},
+    {kText, "TextHgt_sAddr", kHeight, "&Address:", 0, kNewColumn},
+    {kCheck, "TextHgt_bModal", kHeight, "&Modal"},
+    {kCheck, "TextHgt_bOutInPts", kHeight, "Output in text &points"},
+    {kReal, "TextHgt_rFactor_in", kHeightInch, "&Factor by:", kSixPlaces | kNoZero},
+    {kDecimals, "TextHgt_nNDec_in", kHeightInch, "&Round to:"},
+    {kReal, "TextHgt_rFactor_mm", kHeightMm, "&Factor by:", kSixPlaces | kNoZero},
+    {kDecimals, "TextHgt_nNDec_mm", kHeightMm, "&Round to:"},
+};
+
+}  // namespace
+
+CNCParamsText::CNCParamsText(const PageContext& context) : CNCTablePage(context, "Text", Mark::kAtChange, kRows) {}
+
+}  // namespace brindle

@@ -290,12 +290,12 @@ TEST_F(EditorControls, AListOfToolsHoldsThoseInUseAndHasAnEnd) {
     EXPECT_EQ(masters.GetToolPrefix(), "T3_");
 
     Tune("INT nNumOfTools 2147483647");
-    list.Fill(&editor_.tuning());
+    masters.Fill(&editor_.tuning());
     EXPECT_EQ(control.GetCount(), 10000 - 2);
     Tune("INT nNumOfTools -1");
-    list.Fill(&editor_.tuning());
+    masters.Fill(&editor_.tuning());
     EXPECT_EQ(control.GetCount(), 0);
-    list.Fill(nullptr);
+    masters.Fill(nullptr);
     EXPECT_EQ(control.GetCount(), 0);
 }
 

@@ -66,7 +66,7 @@ class CTableForm : public CHeadlessForm<CForm> {
 public:
     using CHeadlessForm::CHeadlessForm;
     CTableControl& AddTable(const ControlSpec& spec) override {
-        return *tables_.emplace_back(std::make_unique<CColumnTable>(spec, toolkit().desk(), columns_));
+        return *tables_.emplace_back(std::make_unique<CColumnTable>(spec, screen().desk(), columns_));
     }
     std::string columns_;
 
@@ -84,7 +84,8 @@ TEST_F(RunTimeDialogs, ColumnsOfHiddenEntriesAreMarkedOrHaveNoWidth) {
         {CRunTimeValueTables::Hidden::kLeftOut,
          "Message 150|Value 350|removed| 120|Feed 110|Power 0|removed| 120|Feed 110|Power 0|"}};
     for (const auto& row : rows) {
-        CTableForm form(toolkit_);
+        CHeadlessScreen screen(user_);
+        CTableForm form(screen);
         CRunTimeValueTables tables(form, row.hidden, 150);
         tables.ShowColumns(definition_);
         tables.ShowColumns(definition_);

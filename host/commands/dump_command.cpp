@@ -46,11 +46,11 @@ std::string KeywordText(const KeywordInfo& info, const CAtDirKeywords& keywords)
 }
 
 std::string DirectiveText(const CompiledPiece& piece) {
-    if (piece.directive->name == "@IODwell") return piece.text + "  " + Literal(piece.keywords.value_text());
+    if (piece.directive == DirectiveId::kIODwell) return piece.text + "  " + Literal(piece.keywords.value_text());
     std::string counted, ignored;
     for (const KeywordInfo& info : KeywordTable()) {
         if (!piece.keywords.HasWord(info.keyword)) continue;
-        std::string& list = piece.directive->keywords.Has(info.keyword) ? counted : ignored;
+        std::string& list = Info(piece.directive).keywords.Has(info.keyword) ? counted : ignored;
         list.append(" ").append(KeywordText(info, piece.keywords));
     }
     std::string text = piece.text;
@@ -66,7 +66,7 @@ public:
         if (datasets.size() > 0) values_.Assign(*datasets.ValuesAt(0));
     }
 
-    void PrintAll() const {
+    void PrintAll() {
         if (tuning_.definition().datasets().size() > 0) {
             std::cout << "run-time data of dataset " << tuning_.definition().FirstDatasetName() << "\n\n";
         }
@@ -77,7 +77,7 @@ public:
     }
 
     // False if the tuning has no such template. `key` may lack the end that all keys of templates have.
-    bool PrintOne(std::string_view key) const {
+    bool PrintOne(std::string_view key) {
         for (const std::string& prefix : Prefixes()) {
             if (key != prefix && key != prefix + "tTmpl") continue;
             PrintTemplate(prefix);
@@ -112,7 +112,7 @@ private:
         return prefixes;
     }
 
-    void PrintTemplate(const std::string& prefix) const {
+    void PrintTemplate(const std::string& prefix) {
         const CompiledTemplate compiled = compiler_.CompileTemplate(prefix);
         TemplateLines lines;
         tuning_.GetMulti(prefix + "tTmpl", lines);
@@ -173,7 +173,7 @@ int Dump(const DumpOptions& options) {
     }
     CBrindleOpts tuning;
     for (const std::string_view line : file.lines) tuning.ReadLine(line, CRunTimeDataDef::ReadMode::kTuning);
-    const Dumper dumper(tuning);
+    Dumper dumper(tuning);
     if (options.key.empty()) {
         dumper.PrintAll();
     } else if (!dumper.PrintOne(options.key)) {

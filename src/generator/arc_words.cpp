@@ -1,15 +1,12 @@
-#include "generator/arc_words.h"
-
 #include <cmath>
 
-#include "generator/axis_words.h"
+#include "generator/evaluators.h"
+#include "generator/word_numbers.h"
 
 namespace brindle {
 namespace {
 
 const CNCData& Current(const RunContext& run) { return run.controller.current_item().Get(); }
-
-Point Difference(Point a, Point b) { return {a.x - b.x, a.y - b.y}; }
 
 void CentreAxisWord(CTextResolver& resolver, int axis, bool absolute, bool address, bool modal, std::string& out) {
     RunContext& run = resolver.run();
@@ -57,23 +54,6 @@ void SubtendedWord(CTextResolver& resolver, const CAtDirKeywords& keywords, std:
 }
 
 }  // namespace
-
-Point CentreOffset(const RunContext& run, bool absolute) {
-    const ArcOptions& arcs = run.options.arcs;
-    const CNCData& record = Current(run);
-    if (absolute ? arcs.abs_from_start : arcs.inc_from_start) return Difference(record.Center(), record.Start());
-    if (absolute ? arcs.abs_from_end : arcs.inc_from_end) return Difference(record.Center(), record.End());
-    return absolute && arcs.abs_is_absolute ? record.Center() : Point{};
-}
-
-CNumberText RadiusNumber(const RunContext& run, bool is_unsigned) {
-    const CNCData& record = Current(run);
-    const ArcOptions& arcs = run.options.arcs;
-    const bool positive_is_short = record.IsClockwise() ? arcs.cw_positive_is_short : arcs.ccw_positive_is_short;
-    double radius = std::fabs(record.GetRadius());
-    if (positive_is_short != record.IsMinorArc() && !is_unsigned) radius = -radius;
-    return {radius, run.AxisUnit().grid_decimals[run.options.axes.LinearAxis()], run.settings.trim};
-}
 
 void CenPtWords(CTextResolver& resolver, const CAtDirKeywords& keywords, std::string& out) {
     RunContext& run = resolver.run();

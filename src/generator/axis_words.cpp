@@ -1,6 +1,7 @@
-#include "generator/axis_words.h"
-
 #include <cmath>
+
+#include "generator/evaluators.h"
+#include "generator/word_numbers.h"
 
 namespace brindle {
 namespace {
@@ -112,10 +113,6 @@ void CornerWords(CTextResolver& resolver, const CAtDirKeywords& keywords, double
 }
 
 }  // namespace
-
-CNumberText AxisNumber(const RunContext& run, int axis, double value) {
-    return {value, run.AxisUnit().number_decimals[axis], run.settings.trim};
-}
 
 void StartPtWords(CTextResolver& resolver, const CAtDirKeywords& keywords, std::string& out) {
     AxisOptions& axes = resolver.run().options.axes;

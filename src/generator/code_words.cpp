@@ -1,4 +1,4 @@
-#include "generator/code_words.h"
+#include "generator/evaluators.h"
 
 namespace brindle {
 namespace {

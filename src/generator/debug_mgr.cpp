@@ -20,10 +20,10 @@ void CNCDebugMgr::Add(TraceKind kind, std::string_view text) {
     log_.Add(kind == TraceKind::kTemplate ? kHeader : static_cast<uint8_t>(kind), text);
 }
 
-void CNCDebugMgr::AddTemplate(std::string_view header, uint32_t& number) {
-    if (number == kNoNumber) {
-        number = static_cast<uint32_t>(headers_.size());
-        headers_.push_back(log_.Add(kHeader, header));
+void CNCDebugMgr::AddTemplate(std::string_view header, uint32_t number) {
+    if (headers_.size() <= number) headers_.resize(number + 1);
+    if (headers_[number].data() == nullptr) {
+        headers_[number] = log_.Add(kHeader, header);
         return;
     }
     char bytes[sizeof number];  // as few as it takes, the lowest first

@@ -24,13 +24,10 @@ struct CNCDebugInfo {
 // Records in order of arrival, from the start of one run to the start of the next.
 class CNCDebugMgr {
 public:
-    static constexpr uint32_t kNoNumber = 0xFFFFFFFF;
-
     void Clear();
     void Add(TraceKind kind, std::string_view text);
-    // Adds the start of a template, whose header is kept once. `number` is the template's number in this trace:
-    // kNoNumber before its first start, and set by it.
-    void AddTemplate(std::string_view header, uint32_t& number);
+    // Adds the start of template `number`, whose header is kept once. The numbers are small ones of the run's choice.
+    void AddTemplate(std::string_view header, uint32_t number);
     size_t GetCount() const { return log_.size(); }
     // `index` must be below GetCount(): std::out_of_range otherwise.
     CNCDebugInfo Get(size_t index) const;
@@ -41,7 +38,7 @@ private:
     static TraceKind KindOf(uint8_t tag);
 
     CTextLog log_;
-    std::vector<std::string_view> headers_;  // by number, in the log
+    std::vector<std::string_view> headers_;  // by number, in the log; null before the first start
 };
 
 }  // namespace brindle

@@ -3,10 +3,9 @@
 #include <cmath>
 #include <string>
 
-#include "generator/arc_words.h"
-#include "generator/axis_words.h"
 #include "generator/facets.h"
 #include "generator/path_recorder.h"
+#include "generator/word_numbers.h"
 #include "text/numbers.h"
 
 namespace brindle {
@@ -104,7 +103,7 @@ void CEmission::ApproachCut(bool force_lift) {
     tools_.FlyPreCheck();
 }
 
-void CEmission::ExecuteElement(CompiledTemplate& compiled, PathKind kind) {
+void CEmission::ExecuteElement(const CompiledTemplate& compiled, PathKind kind) {
     if (run_.path == nullptr) return executor_.ExecuteTemplate(compiled);
     run_.path->BeginElement(kind);
     executor_.ExecuteTemplate(compiled);
@@ -180,7 +179,7 @@ void CEmission::EmitText(const CNCData& record) {
     ExecuteElement(run_.text, PathKind::kText);
 }
 
-void CEmission::ExecuteMove(CompiledTemplate& compiled) {
+void CEmission::ExecuteMove(const CompiledTemplate& compiled) {
     CNCControllerState& controller = run_.controller;
     const Point start = controller.current_item().Get().Start();
     if (run_.IsAtLastPosition(start)) return;

@@ -19,7 +19,7 @@ public:
     // Outputs all records of a program under `trans`.
     void OutputProgram(int32_t program, const CTrans& trans);
     // A move to the start of the current record, unless the machine stands there.
-    void ExecuteMove(CompiledTemplate& compiled);
+    void ExecuteMove(const CompiledTemplate& compiled);
 
 private:
     void EmitRecord(const CNCData& record, const CNCData* next, const CTrans& trans);
@@ -38,7 +38,7 @@ private:
     void CutLine(bool force_lift);
     void CutArc();
     // The template of the current record, or of the move to its start, as a piece of the path.
-    void ExecuteElement(CompiledTemplate& compiled, PathKind kind);
+    void ExecuteElement(const CompiledTemplate& compiled, PathKind kind);
     // Tool, move and lift before the template of a line or arc, and tool on.
     void ApproachCut(bool force_lift);
     bool ReportsNoTool(const CNCData& record, const char* what);

@@ -1,5 +1,4 @@
-#include "generator/job_words.h"
-
+#include "generator/evaluators.h"
 #include "platform/version.h"
 
 namespace brindle {

@@ -1,6 +1,5 @@
-#include "generator/line_words.h"
-
-#include "generator/axis_words.h"
+#include "generator/evaluators.h"
+#include "generator/word_numbers.h"
 
 namespace brindle {
 namespace {

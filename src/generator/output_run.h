@@ -4,6 +4,7 @@
 #include <string>
 
 #include "generator/emission.h"
+#include "generator/evaluators.h"
 #include "generator/tool_path.h"
 
 namespace brindle {
@@ -20,7 +21,7 @@ class COutputRun {
 public:
     explicit COutputRun(const SessionParts& session)
         : run_(session),
-          resolver_(run_),
+          resolver_(run_, kEvaluators),
           executor_(run_, resolver_),
           tools_(run_, executor_),
           segments_(run_, executor_, tools_),

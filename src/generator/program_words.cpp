@@ -1,7 +1,6 @@
-#include "generator/program_words.h"
-
 #include <cmath>
 
+#include "generator/evaluators.h"
 #include "text/numbers.h"
 
 namespace brindle {

@@ -1,8 +1,7 @@
-#include "generator/rotation_words.h"
-
 #include <algorithm>
 #include <cmath>
 
+#include "generator/evaluators.h"
 #include "text/numbers.h"
 
 namespace brindle {

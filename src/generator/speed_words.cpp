@@ -1,8 +1,7 @@
-#include "generator/speed_words.h"
-
 #include <algorithm>
 #include <cmath>
 
+#include "generator/evaluators.h"
 #include "text/numbers.h"
 
 namespace brindle {

@@ -26,8 +26,8 @@ void SwitchNumberingOn(RunContext& run, const CAtDirKeywords& keywords) {
 
 }  // namespace
 
-void CTemplateExecutor::ExecuteTemplate(CompiledTemplate& compiled) {
-    run_.trace.AddTemplate(compiled.trace_header, compiled.trace_number);
+void CTemplateExecutor::ExecuteTemplate(const CompiledTemplate& compiled) {
+    run_.trace.AddTemplate(compiled.trace_header, compiled.number);
     for (const CompiledLine& line : compiled.lines) {
         ExecuteLine(line, &line != &compiled.lines.back() || compiled.terminate);
     }
@@ -73,9 +73,9 @@ void CTemplateExecutor::ExecuteLine(const CompiledLine& line, bool terminate) {
 bool CTemplateExecutor::ScanNumberingWords(const CompiledLine& line) {
     bool number_set = false;
     for (const CompiledPiece& piece : line.text.pieces()) {
-        if (piece.directive == nullptr) continue;
-        if (piece.directive->numbering == Numbering::kOff) run_.controller.numbering_on = false;
-        if (piece.directive->numbering != Numbering::kOn) continue;
+        const Numbering numbering = NumberingOf(piece);
+        if (numbering == Numbering::kOff) run_.controller.numbering_on = false;
+        if (numbering != Numbering::kOn) continue;
         SwitchNumberingOn(run_, piece.keywords);
         number_set |= piece.keywords.HasWord(Keyword::kSetTo);
     }

@@ -13,7 +13,7 @@ public:
 
     // Runs the lines of a template, then forgets the last words that its flags name. A template without lines gives no
     // text, but shows in the trace, and its flags act.
-    void ExecuteTemplate(CompiledTemplate& compiled);
+    void ExecuteTemplate(const CompiledTemplate& compiled);
     CTextResolver& resolver() { return resolver_; }
 
 private:

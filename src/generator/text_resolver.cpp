@@ -1,7 +1,5 @@
 #include "generator/text_resolver.h"
 
-#include "language/directives.h"
-
 namespace brindle {
 namespace {
 
@@ -15,7 +13,9 @@ void CTextResolver::ResolveText(const CCompiledText& text, std::string& out) {
         switch (piece.kind) {
             case CompiledPiece::Kind::kFixed:
             case CompiledPiece::Kind::kRunValue: out += piece.text; break;
-            case CompiledPiece::Kind::kDirective: piece.directive->evaluate(*this, piece.keywords, out); break;
+            case CompiledPiece::Kind::kDirective:
+                evaluators_[static_cast<size_t>(piece.directive)](*this, piece.keywords, out);
+                break;
             case CompiledPiece::Kind::kUnknownDirective:
             case CompiledPiece::Kind::kMissingRunValue: ReportUnresolved(piece.text); break;
         }

@@ -1,12 +1,20 @@
 // Compiled texts into characters, and the messages of a run.
 #pragma once
 
+#include <array>
 #include <string>
 #include <string_view>
 
 #include "generator/run_context.h"
+#include "language/directives.h"
 
 namespace brindle {
+
+class CTextResolver;
+
+// Adds a directive's characters to `out`, or changes the run's state.
+using Evaluator = void(CTextResolver& resolver, const CAtDirKeywords& keywords, std::string& out);
+using EvaluatorTable = std::array<Evaluator*, kDirectiveCount>;
 
 // Resolves template lines and option texts piece by piece, from left to right; each word sees the state as the words to
 // its left have left it. What can't be evaluated is reported and gives nothing.
@@ -16,7 +24,7 @@ namespace brindle {
 // one give nothing and are reported.
 class CTextResolver {
 public:
-    explicit CTextResolver(RunContext& run) : run_(run) {}
+    CTextResolver(RunContext& run, const EvaluatorTable& evaluators) : run_(run), evaluators_(evaluators) {}
 
     RunContext& run() { return run_; }
 
@@ -41,8 +49,9 @@ private:
     bool MayRead(const OptionText& option);
 
     RunContext& run_;
-    int depth_ = 0;  // of option texts that are being resolved
-    int reads_ = 0;  // within the outermost one
+    const EvaluatorTable& evaluators_;  // by DirectiveId
+    int depth_ = 0;                     // of option texts that are being resolved
+    int reads_ = 0;                     // within the outermost one
     bool writing_comment_ = false;
 };
 

@@ -1,7 +1,6 @@
-#include "generator/text_words.h"
-
 #include <cmath>
 
+#include "generator/evaluators.h"
 #include "text/words.h"
 
 namespace brindle {

@@ -3,7 +3,7 @@
 namespace brindle {
 namespace {
 
-void ReadTemplates(const CTextCompiler& compiler, ToolData& tool) {
+void ReadTemplates(CTextCompiler& compiler, ToolData& tool) {
     tool.select = compiler.CompileTemplate(tool.prefix + "ToolSel_");
     tool.deselect = compiler.CompileTemplate(tool.prefix + "ToolDesel_");
     tool.on = compiler.CompileTemplate(tool.prefix + "ToolOn_");

@@ -47,7 +47,7 @@ struct Tool {
 
 class CToolTable {
 public:
-    explicit CToolTable(const CTextCompiler& compiler) : compiler_(compiler) {}
+    explicit CToolTable(CTextCompiler& compiler) : compiler_(compiler) {}
 
     // Any number may be asked for; one that the tuning does not know gives the default tool or no data.
     const Tool& Get(int32_t tool) {
@@ -65,7 +65,7 @@ private:
     Tool Prepare(int32_t tool);
     ToolData& DataOf(const std::string& prefix);
 
-    const CTextCompiler& compiler_;
+    CTextCompiler& compiler_;
     std::array<Tool, kQuickTools> quick_;  // tools 0 to kQuickTools - 1, the usual ones
     std::unordered_map<int32_t, Tool> others_;
     std::unordered_map<std::string, std::unique_ptr<ToolData>> data_;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "language/directives.h"
 #include "language/template_text.h"
 
 namespace brindle {
@@ -11,17 +10,20 @@ namespace {
 CompiledPiece CompileDirective(std::string text) {
     CompiledPiece piece;
     piece.keywords = CAtDirKeywords(text);
-    piece.directive = FindDirective(text);
-    piece.kind = piece.directive != nullptr ? CompiledPiece::Kind::kDirective : CompiledPiece::Kind::kUnknownDirective;
+    const DirectiveInfo* const info = FindDirective(text);
+    piece.kind = info != nullptr ? CompiledPiece::Kind::kDirective : CompiledPiece::Kind::kUnknownDirective;
+    if (info != nullptr) piece.directive = info->id;
     piece.text = std::move(text);
     return piece;
 }
 
-bool IsNumbering(const CompiledPiece& piece) {
-    return piece.directive != nullptr && piece.directive->numbering != Numbering::kNone;
-}
+bool IsNumbering(const CompiledPiece& piece) { return NumberingOf(piece) != Numbering::kNone; }
 
 }  // namespace
+
+Numbering NumberingOf(const CompiledPiece& piece) {
+    return piece.kind == CompiledPiece::Kind::kDirective ? Info(piece.directive).numbering : Numbering::kNone;
+}
 
 CCompiledText::CCompiledText(std::vector<CompiledPiece> pieces) : pieces_(std::move(pieces)) {
     for (const CompiledPiece& piece : pieces_) {
@@ -62,9 +64,10 @@ CompiledLine CTextCompiler::CompileLine(std::string_view text) const {
     return line;
 }
 
-CompiledTemplate CTextCompiler::CompileTemplate(std::string_view prefix) const {
+CompiledTemplate CTextCompiler::CompileTemplate(std::string_view prefix) {
     const std::string key(prefix);
     CompiledTemplate compiled;
+    compiled.number = templates_++;
     compiled.trace_header = '<' + key + "tTmpl>";
     TemplateLines lines;
     tuning_.GetMulti(key + "tTmpl", lines);

@@ -1,17 +1,15 @@
 // Texts of a tuning compiled for a run: cut into pieces once, with their directives found and their arguments parsed.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "generator/debug_mgr.h"
-#include "language/keywords.h"
+#include "language/directives.h"
 #include "tuning/options.h"
 
 namespace brindle {
-
-struct DirectiveInfo;
 
 // One piece of a compiled text.
 struct CompiledPiece {
@@ -24,9 +22,12 @@ struct CompiledPiece {
     };
     Kind kind = Kind::kFixed;
     std::string text;
-    const DirectiveInfo* directive = nullptr;
+    DirectiveId directive{};
     CAtDirKeywords keywords;
 };
+
+// How `piece` switches block numbers.
+Numbering NumberingOf(const CompiledPiece& piece);
 
 // A template line or an option text, ready to be resolved many times.
 class CCompiledText {
@@ -65,7 +66,7 @@ struct CompiledLine {
 // A template with the flags beside it.
 struct CompiledTemplate {
     std::string trace_header;  // `<Line_tTmpl>`
-    uint32_t trace_number = CNCDebugMgr::kNoNumber;
+    uint32_t number = 0;       // among the templates of its compiler
     std::vector<CompiledLine> lines;
     bool terminate = true;  // the last line ends its block
     bool clear_speed = false;
@@ -82,7 +83,7 @@ public:
     CCompiledText Compile(std::string_view text) const;
     CompiledLine CompileLine(std::string_view text) const;
     // The template under `prefix`, e.g. `Line_` or `T1_ToolOn_`. One that the tuning lacks has no lines.
-    CompiledTemplate CompileTemplate(std::string_view prefix) const;
+    CompiledTemplate CompileTemplate(std::string_view prefix);
     OptionText CompileOption(KeyRef key, std::string_view prefix = {}) const;
 
     const CBrindleOpts& tuning() const { return tuning_; }
@@ -92,6 +93,7 @@ private:
 
     const CBrindleOpts& tuning_;
     const CKVItemContainer& run_values_;
+    uint32_t templates_ = 0;
 };
 
 }  // namespace brindle

@@ -6,7 +6,6 @@
 
 #include "api/brindle_mgr.h"
 #include "generator/text_resolver.h"
-#include "language/directives.h"
 #include "unit/host_session.h"
 
 namespace brindle {
@@ -83,30 +82,23 @@ std::vector<OptionText>& Chain() {
     return chain;
 }
 
-constexpr DirectiveInfo kNextOfChain{
-    .number = 1,
-    .name = "@Next",
-    .group = "",
-    .keywords = {},
-    .defaults = "",
-    .need = RecordNeed::kAny,
-    .gives = "",
-    .evaluate = [](CTextResolver& resolver, const CAtDirKeywords& keywords, std::string& out) {
-        out += '.';
-        resolver.AppendText(Chain()[static_cast<size_t>(keywords.NDec(0))], out);
-    }};
+void NextOfChain(CTextResolver& resolver, const CAtDirKeywords& keywords, std::string& out) {
+    out += '.';
+    resolver.AppendText(Chain()[static_cast<size_t>(keywords.NDec(0))], out);
+}
 
 TEST(GuardsTest, OptionTextsAreRead32Deep) {
     CHostSession session(Expanding());
     RunContext run(CBrindleMgr::Current().Parts());
-    CTextResolver resolver(run);
+    EvaluatorTable evaluators{};
+    evaluators[0] = NextOfChain;
+    CTextResolver resolver(run, evaluators);
     Chain().resize(50);
     for (size_t i = 0; i < Chain().size(); ++i) {
         CompiledPiece piece;
-        std::string word = "@Next[NDEC(" + std::to_string((i + 1) % Chain().size()) + ")]";
+        std::string word = "@Directive0[NDEC(" + std::to_string((i + 1) % Chain().size()) + ")]";
         piece.kind = CompiledPiece::Kind::kDirective;
         piece.keywords = CAtDirKeywords(word);
-        piece.directive = &kNextOfChain;
         Chain()[i].key = "s" + std::to_string(i);
         Chain()[i].text = CCompiledText({piece});
         Chain()[i].empty = false;

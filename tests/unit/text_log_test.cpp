@@ -56,9 +56,8 @@ TEST(TextLogTest, KeepsTheTraceOfOneRun) {
         }
         EXPECT_THROW(trace.Get(std::size(kRecords)), std::out_of_range);
     }
-    std::vector<uint32_t> numbers(300, CNCDebugMgr::kNoNumber);
     trace.Clear();
-    for (size_t i = 0; i < 900; ++i) trace.AddTemplate("<T" + std::to_string(i % 300) + '>', numbers[i % 300]);
+    for (uint32_t i = 0; i < 900; ++i) trace.AddTemplate("<T" + std::to_string(i % 300) + '>', i % 300);
     for (size_t i = 0; i < 900; ++i) EXPECT_EQ(trace.Get(i).text, "<T" + std::to_string(i % 300) + '>');
 }
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "check/tuning/check.h"
+#include "check/tuning/checks.h"
 #include "host/commands/commands.h"
 #include "host/console/messages.h"
 #include "host/files/tuning_file.h"
@@ -27,13 +27,12 @@ void CheckFile(const std::string& path, Counts& counts) {
         counts.unreadable = true;
         return;
     }
-    const CCheckedTuning tuning(file.lines);
-    CFindings findings;
-    CheckAll(tuning, findings);
-    PrintFindings(file.path, file.lines, findings);
-    counts.errors += findings.Count(Severity::kError);
-    counts.warnings += findings.Count(Severity::kWarning);
-    counts.infos += findings.Count(Severity::kInfo);
+    CDiagnostics diagnostics(file.path, file.lines);
+    CheckAll(CPlacedTuning(file.lines), diagnostics);
+    PrintDiagnostics(diagnostics);
+    counts.errors += diagnostics.Count(Severity::kError);
+    counts.warnings += diagnostics.Count(Severity::kWarning);
+    counts.infos += diagnostics.Count(Severity::kInfo);
 }
 
 void AddCount(size_t count, const char* what, std::string& summary) {

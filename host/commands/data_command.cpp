@@ -12,7 +12,6 @@
 #include "host/post/date_text.h"
 #include "host/post/loaded_tuning.h"
 #include "text/numbers.h"
-#include "text/words.h"
 
 namespace brindle::host {
 namespace {
@@ -38,9 +37,9 @@ std::string NameAt(const std::vector<CRunTimeDefItem>& items, std::string_view n
 
 // What the value of a word is for: the message, or row and column.
 std::string PurposeOf(const CRunTimeDataDef& definition, const std::string& word) {
-    if (!FaultOfRunTimeWord(word, definition).empty()) return "(not defined)";
-    std::vector<std::string_view> numbers;
-    SplitWords(word, numbers, "RTD(,)");
+    CDiagnostics faults;
+    if (!CheckRunTimeWord(word, definition, {}, faults)) return "(not defined)";
+    const std::vector<std::string_view> numbers = PartsOfRunTimeWord(word);
     if (numbers.size() == 1) return NameAt(definition.messages(), numbers[0]);
     return NameAt(definition.rows(), numbers[0]) + ", " + NameAt(definition.columns(), numbers[1]);
 }

@@ -3,7 +3,6 @@
 #include <string>
 #include <vector>
 
-#include "check/findings.h"
 #include "check/tuning/nearest_name.h"
 #include "host/commands/commands.h"
 #include "host/console/messages.h"

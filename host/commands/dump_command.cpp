@@ -6,7 +6,6 @@
 #include <tuple>
 #include <vector>
 
-#include "check/number_words.h"
 #include "check/tuning/keyword_values.h"
 #include "host/commands/commands.h"
 #include "host/console/messages.h"
@@ -14,6 +13,7 @@
 #include "language/compiled_text.h"
 #include "language/directives.h"
 #include "language/template_text.h"
+#include "text/numbers.h"
 
 namespace brindle::host {
 namespace {

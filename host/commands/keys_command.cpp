@@ -3,14 +3,15 @@
 #include <string>
 #include <string_view>
 
-#include "check/findings.h"
-#include "check/number_words.h"
 #include "check/tuning/intended_key.h"
 #include "host/commands/commands.h"
 #include "host/console/messages.h"
 #include "host/console/text_table.h"
 #include "text/ascii.h"
+#include "text/message_words.h"
+#include "text/numbers.h"
 #include "tuning/key_catalogue.h"
+#include "tuning/type_words.h"
 
 namespace brindle::host {
 namespace {

@@ -6,9 +6,9 @@
 
 #include "api/brindle_mgr.h"
 #include "cff2/cff2_reader.h"
-#include "check/number_words.h"
 #include "generator/output_run.h"
 #include "host/commands/commands.h"
+#include "host/commands/number_pair.h"
 #include "host/console/drawing_report.h"
 #include "host/console/messages.h"
 #include "host/console/tuning_report.h"
@@ -19,6 +19,7 @@
 #include "host/post/run_report.h"
 #include "scene/scene_of_path.h"
 #include "text/ascii.h"
+#include "text/numbers.h"
 
 namespace brindle::host {
 namespace {

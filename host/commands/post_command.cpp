@@ -3,8 +3,8 @@
 #include <string_view>
 #include <vector>
 
-#include "check/number_words.h"
 #include "host/commands/commands.h"
+#include "host/commands/number_pair.h"
 #include "host/console/messages.h"
 #include "host/console/tuning_report.h"
 #include "host/post/date_text.h"
@@ -12,6 +12,7 @@
 #include "host/post/post_job.h"
 #include "platform/local_time.h"
 #include "platform/worker_pool.h"
+#include "text/numbers.h"
 
 namespace brindle::host {
 namespace {
@@ -49,7 +50,7 @@ bool IsSize(const std::string& text) {
 }
 
 bool IsPosition(const std::string& text) { return PairText(text, ',').has_value(); }
-bool IsLength(const std::string& text) { return WholeNumberText(text).has_value(); }
+bool IsLength(const std::string& text) { return ParseNumber(text).has_value(); }
 bool IsSetting(const std::string& text) { return ParseSetting(text).has_value(); }
 bool IsAssignment(const std::string& text) { return text.find('=', 1) != std::string::npos; }
 
@@ -165,7 +166,7 @@ void TakeArguments(PostArguments& arguments) {
     if (arguments.inches || arguments.millimetres) job.inches = arguments.inches;
     job.blank = PairText(arguments.blank, 'x');
     job.final_position = PairText(arguments.final_position, ',');
-    job.rotary_radius = WholeNumberText(arguments.rotary_radius);
+    job.rotary_radius = ParseNumber(arguments.rotary_radius);
     if (arguments.encoding == "latin1") job.encoding = Encoding::kLatin1;
     for (const std::string& text : arguments.settings) job.run_data.settings.push_back(*ParseSetting(text));
 }

@@ -6,17 +6,18 @@ namespace brindle::host {
 
 bool ReportOnDrawing(const std::string& name, std::string_view text, const CBrindleOpts* tuning,
                      DrawingSurvey& survey) {
-    survey = SurveyDrawing(text);
-    if (survey.nul_line != 0 || !survey.has_records) {
-        PrintError({name, survey.nul_line}, survey.nul_line != 0 ? "the line holds a NUL byte: this is no CFF2 drawing"
-                                                                 : "holds no record of a CFF2 drawing");
+    CDiagnostics diagnostics(name), pairing(name);
+    survey = SurveyDrawing(text, diagnostics);
+    if (!survey.has_records) {
+        for (const Diagnostic& diagnostic : diagnostics.Sorted()) {
+            if (diagnostic.severity == Severity::kError) PrintError({name, diagnostic.place.line}, diagnostic.message);
+        }
         return false;
     }
-    for (const DrawingFinding& finding : survey.findings) PrintWarning({name, finding.line}, finding.text);
+    PrintDiagnostics(diagnostics);
     if (tuning == nullptr) return true;
-    for (const DrawingFinding& finding : FindMisfits(survey, *tuning)) {
-        PrintWarning({name, finding.line}, finding.text);
-    }
+    CheckPairing(survey, *tuning, pairing);
+    PrintDiagnostics(pairing);
     return true;
 }
 

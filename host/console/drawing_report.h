@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "check/drawing/drawing_survey.h"
+#include "check/drawing/survey.h"
 
 namespace brindle::host {
 

@@ -14,11 +14,11 @@ constexpr size_t kShownBehind = 60;
 constexpr std::string_view kCutMark = "...";
 constexpr size_t kMostPrinted = 1000;  // nobody reads more
 
-void PrintLine(const Place& place, std::string_view severity, std::string_view text) {
+void PrintLine(const InputLine& at, std::string_view severity, std::string_view text) {
     std::string line = "brindle: ";
-    if (!place.file.empty()) line.append(place.file == "-" ? "standard input" : PrintableText(place.file));
-    if (!place.file.empty() && place.line != 0) line.append(":").append(std::to_string(place.line));
-    if (!place.file.empty()) line.append(": ");
+    if (!at.file.empty()) line.append(at.file == "-" ? "standard input" : PrintableText(at.file));
+    if (!at.file.empty() && at.line != 0) line.append(":").append(std::to_string(at.line));
+    if (!at.file.empty()) line.append(": ");
     line.append(severity).append(PrintableText(text)).append("\n");
     std::cerr << line;
 }
@@ -64,33 +64,30 @@ std::string PrintableText(std::string_view text) {
     return WideToNarrow(shown.c_str());
 }
 
-void PrintError(const Place& place, std::string_view text) { PrintLine(place, "", text); }
+void PrintError(const InputLine& at, std::string_view text) { PrintLine(at, "", text); }
 
-void PrintWarning(const Place& place, std::string_view text) { PrintLine(place, "warning: ", text); }
+void PrintWarning(const InputLine& at, std::string_view text) { PrintLine(at, "warning: ", text); }
 
-void PrintNote(const Place& place, std::string_view text) { PrintLine(place, "note: ", text); }
+void PrintNote(const InputLine& at, std::string_view text) { PrintLine(at, "note: ", text); }
 
-void PrintDiagnostic(Severity severity, const Place& place, std::string_view text, std::string_view source_line) {
-    PrintLine(place, SeverityText(severity), text);
-    if (place.column != 0) PrintSource(source_line, place.column - 1, place.length);
-}
-
-void PrintFindings(const std::string& file, const std::vector<std::string_view>& lines, CFindings& findings,
-                   Severity least) {
-    const std::string name = file == "-" ? "standard input" : file;
+void PrintDiagnostics(CDiagnostics& diagnostics, Severity least) {
     size_t printed = 0;
-    for (const Finding& finding : findings.Sorted()) {
-        if (finding.severity > least) continue;
+    for (const Diagnostic& diagnostic : diagnostics.Sorted()) {
+        if (diagnostic.severity > least) continue;
         if (++printed > kMostPrinted) break;
-        const std::string_view line = finding.line == 0 ? std::string_view() : lines[finding.line - 1];
-        PrintDiagnostic(finding.severity, {name, finding.line, finding.column, finding.length}, finding.text, line);
+        const auto& [line, column, length] = diagnostic.place;
+        std::string text = diagnostic.message;
+        if (!diagnostic.way_out.empty()) text.append(" (").append(diagnostic.way_out).append(")");
+        PrintLine({diagnostics.file(), line}, SeverityText(diagnostic.severity), text);
+        if (column != 0) PrintSource(diagnostics.LineOf(diagnostic.place), column - 1, length);
     }
     size_t count = 0;
     for (size_t severity = 0; severity <= static_cast<size_t>(least); ++severity) {
-        count += findings.Count(static_cast<Severity>(severity));
+        count += diagnostics.Count(static_cast<Severity>(severity));
     }
-    if (count > kMostPrinted)
-        PrintNote({name}, std::to_string(count - kMostPrinted) + " further messages are left out");
+    if (count > kMostPrinted) {
+        PrintNote({diagnostics.file()}, std::to_string(count - kMostPrinted) + " further messages are left out");
+    }
 }
 
 }  // namespace brindle::host

@@ -1,19 +1,19 @@
 #include "host/console/tuning_report.h"
 
-#include "check/tuning/check.h"
+#include "check/tuning/checks.h"
 #include "host/console/messages.h"
 #include "platform/text_file.h"
 #include "text/words.h"
+#include "tuning/type_words.h"
 
 namespace brindle::host {
 namespace {
 
-bool ReportOnFile(const TuningFile& file, void (*check)(const CCheckedTuning&, CFindings&)) {
-    const CCheckedTuning checked(file.lines);
-    CFindings findings;
-    check(checked, findings);
-    PrintFindings(file.path, file.lines, findings, Severity::kError);
-    const size_t errors = findings.Count(Severity::kError);
+bool ReportOnFile(const TuningFile& file, void (*check)(const CPlacedTuning&, CDiagnostics&)) {
+    CDiagnostics diagnostics(file.path, file.lines);
+    check(CPlacedTuning(file.lines), diagnostics);
+    PrintDiagnostics(diagnostics, Severity::kError);
+    const size_t errors = diagnostics.Count(Severity::kError);
     if (errors > 0) PrintError({file.path}, Counted(errors, "error") + ": no job is done with this file");
     return errors == 0;
 }
@@ -27,11 +27,11 @@ bool ReportOnDefinition(const LoadedTuning& tuning) {
     std::vector<std::string_view> words;
     for (std::string_view& line : file.lines) {
         SplitWords(line, words);
-        if (!words.empty() && KindOfType(words[0])) line = {};
+        if (!words.empty() && FindTypeWord(words[0]) != nullptr) line = {};
     }
-    return ReportOnFile(file, [](const CCheckedTuning& definition, CFindings& findings) {
-        CheckLines(definition, findings);
-        CheckRunTimeData(definition, findings);
+    return ReportOnFile(file, [](const CPlacedTuning& definition, CDiagnostics& diagnostics) {
+        CheckLines(definition, diagnostics);
+        CheckRunTimeData(definition, diagnostics);
     });
 }
 

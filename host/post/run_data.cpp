@@ -5,22 +5,18 @@
 
 #include "api/brindle_mgr.h"
 #include "brindle/brindle.h"
-#include "check/number_words.h"
 #include "host/console/messages.h"
 #include "language/template_text.h"
 #include "platform/system_string.h"
 #include "platform/text_encoding.h"
 #include "text/ascii.h"
+#include "text/numbers.h"
 
 namespace brindle::host {
 namespace {
 
-bool IsNumberList(std::string_view text) {
-    const size_t comma = text.find(',');
-    const auto is_number = [](std::string_view word) {
-        return !word.empty() && word.find_first_not_of("0123456789") == std::string_view::npos;
-    };
-    return is_number(text.substr(0, comma)) && (comma == std::string_view::npos || is_number(text.substr(comma + 1)));
+bool IsPlainNumber(std::string_view text) {
+    return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
 // ---- Words of the tuning ----
@@ -92,7 +88,7 @@ NamedNumbers NumbersOf(const std::vector<std::string>& given) {
     for (const std::string& text : given) {
         const size_t equals = text.find('=');
         const std::string name = text.substr(0, equals);
-        const std::optional<double> value = WholeNumberText(std::string_view(text).substr(equals + 1));
+        const std::optional<double> value = ParseNumber(std::string_view(text).substr(equals + 1));
         if (value && IsExpressionName(name)) numbers.insert_or_assign(name, *value);
     }
     return numbers;
@@ -106,11 +102,11 @@ public:
     // The value, or nothing with a message printed.
     std::optional<std::string> Settle(const Expression& expression) const {
         if (std::optional<std::string> given = GivenValue(request_.given, expression.text)) {
-            if (expression.is_text || WholeNumberText(*given)) return given;
+            if (expression.is_text || ParseNumber(*given)) return given;
             return Complain(expression, Quoted(*given) + " is no number");
         }
         if (expression.is_text) {
-            if (WholeNumberText(expression.text)) return expression.text;
+            if (ParseNumber(expression.text)) return expression.text;
             return Complain(expression, "the text is not known here");
         }
         const Computed computed = ComputeExpression(expression.text, job_, numbers_);
@@ -173,8 +169,8 @@ std::optional<RunDataSetting> ParseSetting(std::string_view text) {
     if (equals == std::string_view::npos) return std::nullopt;
     std::string word = UpperCase(text.substr(0, equals));
     std::erase(word, ' ');
-    if (!word.starts_with("RTD(") || !word.ends_with(')')) return std::nullopt;
-    if (!IsNumberList(std::string_view(word).substr(4, word.size() - 5))) return std::nullopt;
+    const std::vector<std::string_view> numbers = PartsOfRunTimeWord(word);
+    if (numbers.empty() || !std::all_of(numbers.begin(), numbers.end(), IsPlainNumber)) return std::nullopt;
     return RunDataSetting{std::move(word), std::string(text.substr(equals + 1))};
 }
 

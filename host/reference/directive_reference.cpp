@@ -4,13 +4,13 @@
 #include <string_view>
 #include <vector>
 
-#include "check/number_words.h"
-#include "check/tuning/record_needs.h"
 #include "host/console/text_table.h"
 #include "host/reference/directive_examples.h"
+#include "language/record_needs.h"
 #include "platform/text_encoding.h"
 #include "platform/text_file.h"
 #include "text/ascii.h"
+#include "text/numbers.h"
 
 namespace brindle::host {
 namespace {

@@ -40,29 +40,41 @@ Record TextOf(const Words& words) {
     return Text{PointOf(words, 4), LeadingDouble(words[6]), static_cast<double>(LeadingInt(words[7]))};
 }
 
-struct RecordType {
-    std::string_view name;
-    size_t words_needed;
+constexpr std::string_view kMain = "MAIN";
+
+struct Parser {
+    RecordType type;
     Record (*parse)(const Words&);
 };
 
-constexpr RecordType kTypes[] = {
-    {"MAIN", 2, MainOf},      {"UR", 3, CornerOf}, {"SUB", 2, SubOf}, {"C", 7, CallOf},  {"UI", 2, InchesOf},
-    {"UM", 2, MillimetresOf}, {"T", 9, TextOf},    {"A", 13, ArcOf},  {"L", 10, LineOf},
+constexpr Parser kParsers[] = {
+    {{kMain, ".n"}, MainOf},      {{"UR", ".rr"}, CornerOf},       {{"SUB", ".n"}, SubOf},
+    {{"C", ".nrramm"}, CallOf},   {{"UI", ".*"}, InchesOf},        {{"UM", ".*"}, MillimetresOf},
+    {{"T", "....rrai."}, TextOf}, {{"A", ".rs.rrrrrrrrs"}, ArcOf}, {{"L", ".rs.rrrrsr"}, LineOf},
 };
 
+const Parser* FindParser(std::string_view name) {
+    for (const Parser& parser : kParsers) {
+        if (parser.type.name == name || (parser.type.name == kMain && EqualNoCase(name, kMain))) return &parser;
+    }
+    return nullptr;
+}
+
 }  // namespace
+
+const RecordType* FindRecordType(std::string_view name) {
+    const Parser* const parser = FindParser(name);
+    return parser == nullptr ? nullptr : &parser->type;
+}
 
 Record ParseLine(std::string_view line, std::vector<std::string_view>& words) {
     SplitWords(line, words, " \t,");
     if (words.size() < 2) return Other{};
-    for (const RecordType& type : kTypes) {
-        const bool matches = type.parse == MainOf ? EqualNoCase(words[0], type.name) : words[0] == type.name;
-        if (!matches) continue;
-        if (words.size() < type.words_needed) return Short{type.name, type.words_needed, type.parse == TextOf};
-        return type.parse(words);
-    }
-    return Other{};
+    const Parser* const parser = FindParser(words[0]);
+    if (parser == nullptr) return Other{};
+    const size_t needed = parser->type.words.size();
+    if (words.size() < needed) return Short{parser->type.name, needed, parser->parse == TextOf};
+    return parser->parse(words);
 }
 
 }  // namespace brindle::cff2

@@ -59,6 +59,20 @@ struct Other {};
 
 using Record = std::variant<Other, MainName, UpperRight, SubStart, Units, Call, Line, Arc, Text, Short>;
 
+// A type of records and how each word of it is read: r a real number, a an angle, i a whole number, m the whole number
+// of a mirror flag, s a whole number of 16 bits, n a name, . not at all or apart from the other words; * is any number
+// of further words.
+struct RecordType {
+    std::string_view name;
+    std::string_view words;  // the first is the type itself
+
+    bool TakesAnyWords() const { return words.back() == '*'; }
+};
+
+// The type with that name, null if a job can hold none such. The letters of MAIN count in either case, those of all
+// others in upper case only. A record needs all words of its type.
+const RecordType* FindRecordType(std::string_view name);
+
 // The record of `line`. `words` is scratch space that is kept from line to line.
 Record ParseLine(std::string_view line, std::vector<std::string_view>& words);
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "tuning/run_time_data_def.h"
+
 namespace brindle {
 namespace {
 
@@ -27,7 +29,9 @@ std::string MarkOpenings(std::string_view text) {
 void AddPiece(std::vector<TemplatePiece>& pieces, std::string_view text) {
     using Kind = TemplatePiece::Kind;
     if (text.empty()) return;
-    const Kind kind = text[0] == '@' ? Kind::kDirective : text.starts_with("RTD(") ? Kind::kRunValue : Kind::kFixed;
+    const Kind kind = text[0] == '@'                          ? Kind::kDirective
+                      : text.starts_with(kRunTimeWordOpening) ? Kind::kRunValue
+                                                              : Kind::kFixed;
     pieces.push_back({kind, std::string(text)});
 }
 

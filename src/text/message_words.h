@@ -13,6 +13,9 @@ std::string Quoted(std::string_view word);
 // `count` and `thing`, with an s if it is not one.
 std::string Counted(size_t count, std::string_view thing);
 
+// `did you mean NAME?`; empty if `name` is.
+std::string DidYouMean(std::string_view name);
+
 // ` (did you mean NAME?)`, nothing for an empty name.
 std::string Suggestion(std::string_view name);
 

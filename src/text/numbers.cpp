@@ -38,6 +38,14 @@ double LeadingDouble(std::string_view text) {
     return negative ? -value : value;
 }
 
+std::optional<double> ParseNumber(std::string_view text) {
+    if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
+    double value = 0.0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error != std::errc() || end != text.data() + text.size() || !std::isfinite(value)) return std::nullopt;
+    return value;
+}
+
 int32_t LeadingInt(std::string_view text) {
     text = SkipSpace(text);
     const bool negative = TakeSign(text);
@@ -67,6 +75,13 @@ std::string FixedText(double value, int decimals) {
         std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, decimals).ptr;
     text.resize(static_cast<size_t>(end - text.data()));
     return text;
+}
+
+std::string ShortNumber(double value) {
+    std::string text = FixedText(value, 6);
+    text.erase(text.find_last_not_of('0') + 1);
+    if (text.ends_with('.')) text.pop_back();
+    return text == "-0" ? "0" : text;
 }
 
 }  // namespace brindle

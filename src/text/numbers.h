@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -16,6 +17,10 @@ inline constexpr int32_t kWholeNumber = 4545;
 // `nan`.
 double LeadingDouble(std::string_view text);
 
+// The number that `text` is as a whole: a sign, decimal digits with a point, an exponent. Nothing for any other text,
+// nor for a number that a double can't hold.
+std::optional<double> ParseNumber(std::string_view text);
+
 // The whole number at the front of `text`: blanks, a sign, decimal digits. No number gives 0; one beyond 32 bits gives
 // the nearest 32-bit value.
 int32_t LeadingInt(std::string_view text);
@@ -26,6 +31,9 @@ int32_t TruncateToInt32(double value);
 // `value` with exactly `decimals` digits behind the point, which is left out for 0 decimals; never in exponent form. A
 // value that is not finite is written as 0.
 std::string FixedText(double value, int decimals);
+
+// `value` in at most six decimals, without trailing zeros and never in exponent form: as it may stand in NC text.
+std::string ShortNumber(double value);
 
 // Sums and products that wrap at 32 bits, as a controller's counters do.
 constexpr int32_t WrapAdd(int32_t a, int32_t b) {

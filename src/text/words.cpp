@@ -76,7 +76,25 @@ std::string QuotedWord(std::string_view line, size_t n) {
 
 std::string EscapeWord(std::string_view text) { return text.empty() ? std::string(kEmptyEscape) : EscapeBlanks(text); }
 
-std::string UnescapeWord(std::string_view word) { return ReplaceAll(UnescapeBlanks(word), kEmptyEscape, ""); }
+std::string UnescapeWord(std::string_view word, std::vector<size_t>* origins) {
+    const std::string with_blanks = UnescapeBlanks(word);
+    if (origins == nullptr) return ReplaceAll(with_blanks, kEmptyEscape, "");
+    origins->clear();
+    std::string text;
+    size_t origin = 0;
+    const auto step = [&] { origin += word.substr(origin).starts_with(kBlankEscape) ? kBlankEscape.size() : 1; };
+    for (std::string_view rest = with_blanks; !rest.empty();) {
+        const bool is_empty_text = rest.starts_with(kEmptyEscape);
+        if (!is_empty_text) {
+            text.push_back(rest[0]);
+            origins->push_back(origin);
+        }
+        const size_t taken = is_empty_text ? kEmptyEscape.size() : 1;
+        for (size_t i = 0; i < taken; ++i) step();
+        rest.remove_prefix(taken);
+    }
+    return text;
+}
 
 std::string EscapeBlanks(std::string_view text) { return ReplaceAll(text, " ", kBlankEscape); }
 

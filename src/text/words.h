@@ -25,8 +25,9 @@ std::string ReplaceAll(std::string_view text, std::string_view from, std::string
 // Text values and template lines as one word: a blank is `!#SP#!`, an empty text is `!#EMPTY#!`.
 std::string EscapeWord(std::string_view text);
 
-// The text of an escaped word: every `!#SP#!` becomes a blank, then every `!#EMPTY#!` is removed.
-std::string UnescapeWord(std::string_view word);
+// The text of an escaped word: every `!#SP#!` becomes a blank, then every `!#EMPTY#!` is removed. `origins`, unless it
+// is null, becomes the place in `word` of each byte of the text.
+std::string UnescapeWord(std::string_view word, std::vector<size_t>* origins = nullptr);
 
 // The names of run-time data rows, columns and messages escape blanks alone.
 std::string EscapeBlanks(std::string_view text);

@@ -70,15 +70,8 @@ void OfferTemplateKeys(bool per_tool, CNearestName& nearest) {
 
 }  // namespace
 
-std::string_view TypeWord(KeyKind kind) {
-    switch (kind) {
-        case KeyKind::kBool: return "BOOL";
-        case KeyKind::kInt: return "INT";
-        case KeyKind::kReal: return "REAL";
-        case KeyKind::kText: return "TEXT";
-        case KeyKind::kTemplate: return "MULTI";
-    }
-    return {};
+std::string TemplateKey(EventRef event, std::string_view tool_prefix) {
+    return std::string(tool_prefix).append(event->prefix).append(Key("tTmpl")->name);
 }
 
 KeyMatch MatchKey(std::string_view key) {

@@ -3,6 +3,7 @@
 // tool tips from it.
 #pragma once
 
+#include <initializer_list>
 #include <span>
 #include <string>
 #include <string_view>
@@ -22,6 +23,7 @@ constexpr std::span<const EventInfo> TemplateEvents() { return key_table::kEvent
 class KeyRef {
 public:
     constexpr const KeyInfo& Info() const { return *info_; }
+    constexpr bool operator==(const KeyRef&) const = default;
     constexpr const KeyInfo* operator->() const { return info_; }
 
 private:
@@ -44,15 +46,84 @@ consteval KeyRef Key(const char* name) {
     return KeyRef(KeyCatalogue().front());
 }
 
+// One key, or those whose names begin or end with what stands beside a `*`, or hold what stands between two of them. A
+// pattern that covers no key does not compile.
+class KeyPattern {
+public:
+    // NOLINTNEXTLINE(google-explicit-constructor): tables give bare patterns.
+    consteval KeyPattern(const char* pattern) : text_(pattern) {
+        open_start_ = text_.starts_with('*');
+        text_.remove_prefix(open_start_ ? 1 : 0);
+        open_end_ = text_.ends_with('*');
+        text_.remove_suffix(open_end_ ? 1 : 0);
+        for (const KeyInfo& info : KeyCatalogue()) {
+            if (Covers(info)) return;
+        }
+        TheCatalogueHasNoSuchKey();
+    }
+
+    constexpr bool Covers(const KeyInfo& info) const {
+        if (open_start_ && open_end_) return info.name.find(text_) != std::string_view::npos;
+        if (open_start_) return info.name.ends_with(text_);
+        return open_end_ ? info.name.starts_with(text_) : info.name == text_;
+    }
+
+private:
+    std::string_view text_;
+    bool open_start_ = false, open_end_ = false;
+};
+
+// A template event, made by Event() alone.
+class EventRef {
+public:
+    constexpr const EventInfo* operator->() const { return info_; }
+    constexpr bool operator==(const EventRef&) const = default;
+    // Whether it is the event of a key; `event` is null for a key that is no template's.
+    constexpr bool Is(const EventInfo* event) const { return event == info_; }
+
+private:
+    explicit constexpr EventRef(const EventInfo& info) : info_(&info) {}
+    friend consteval EventRef Event(const char* prefix);
+
+    const EventInfo* info_;
+};
+
+// The event whose keys have that prefix, looked up while compiling: Event("Line_").
+consteval EventRef Event(const char* prefix) {
+    for (const EventInfo& info : TemplateEvents()) {
+        if (info.prefix == prefix) return EventRef(info);
+    }
+    TheCatalogueHasNoSuchKey();
+    return EventRef(TemplateEvents().front());
+}
+
+// The key of an event's template. `tool_prefix` is that of the tool for the events of tools, otherwise empty.
+std::string TemplateKey(EventRef event, std::string_view tool_prefix = {});
+
+// Some template events.
+class EventSet {
+public:
+    constexpr EventSet(std::initializer_list<EventRef> events) {
+        for (const EventRef event : events) bits_ |= Bit(*event.operator->());
+    }
+    constexpr bool IsEmpty() const { return bits_ == 0; }
+    // `event` is null for a key that is no template's.
+    constexpr bool Has(const EventInfo* event) const { return event != nullptr && (bits_ & Bit(*event)) != 0; }
+
+private:
+    static constexpr uint32_t Bit(const EventInfo& info) {
+        return uint32_t{1} << static_cast<uint32_t>(&info - TemplateEvents().data());
+    }
+
+    uint32_t bits_ = 0;
+};
+
 // How a complete key of a tuning is read.
 struct KeyMatch {
     const KeyInfo* info = nullptr;     // null if the key is unknown; all other fields are empty then
     std::string_view tool_prefix;      // `T%d_` or `T_`, empty for a global key; points into the text of the key
     const EventInfo* event = nullptr;  // the event of a key of a template, otherwise null
 };
-
-// The first word of a tuning line that holds a key of this kind; a text can also be an expression.
-std::string_view TypeWord(KeyKind kind);
 
 // Takes a complete key apart. A tool number is any run of decimal digits, 0, leading zeros and numbers beyond 32 bits
 // included. Letters count with their case. Costs a few comparisons of text, whatever the size of the catalogue.

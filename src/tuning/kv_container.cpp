@@ -7,28 +7,12 @@
 #include "text/ascii.h"
 #include "text/numbers.h"
 #include "text/words.h"
+#include "tuning/type_words.h"
 
 namespace brindle {
 namespace {
 
 constexpr int kFileDecimals = 9;
-
-std::string_view TypeWord(TextKind kind) {
-    switch (kind) {
-        case TextKind::kRealExpression: return "R_EXPR";
-        case TextKind::kTextExpression: return "T_EXPR";
-        default: return "TEXT";
-    }
-}
-
-bool ParseTypeWord(std::string_view word, TextKind& kind) {
-    for (const TextKind known : {TextKind::kPlain, TextKind::kRealExpression, TextKind::kTextExpression}) {
-        if (word != TypeWord(known)) continue;
-        kind = known;
-        return true;
-    }
-    return false;
-}
 
 // The lines of a template from its N words and texts, which stand in pairs behind the key.
 TemplateLines LinesOfWords(const std::vector<std::string_view>& words) {
@@ -42,14 +26,16 @@ TemplateLines LinesOfWords(const std::vector<std::string_view>& words) {
 
 // The item of a line of at least three words, null if the type word is unknown.
 std::unique_ptr<CKVItem> ItemOfWords(const std::vector<std::string_view>& words) {
-    const std::string_view type = words[0];
+    const TypeWordInfo* const type = FindTypeWord(words[0]);
     const std::string_view value = words[2];
-    if (type == "BOOL") return std::make_unique<CBoolKVItem>(EqualNoCase(value, "true") ? 1 : 0);
-    if (type == "INT") return std::make_unique<CIntKVItem>(TruncateToInt32(LeadingDouble(value)));
-    if (type == "REAL") return std::make_unique<CRealKVItem>(LeadingDouble(value));
-    if (type == "MULTI") return std::make_unique<CMultiLineKVItem>(LinesOfWords(words));
-    TextKind kind = TextKind::kPlain;
-    if (ParseTypeWord(type, kind)) return std::make_unique<CTextKVItem>(UnescapeWord(value), kind);
+    if (type == nullptr) return nullptr;
+    switch (type->kind) {
+        case KeyKind::kBool: return std::make_unique<CBoolKVItem>(EqualNoCase(value, "true") ? 1 : 0);
+        case KeyKind::kInt: return std::make_unique<CIntKVItem>(TruncateToInt32(LeadingDouble(value)));
+        case KeyKind::kReal: return std::make_unique<CRealKVItem>(LeadingDouble(value));
+        case KeyKind::kText: return std::make_unique<CTextKVItem>(UnescapeWord(value), type->text_kind);
+        case KeyKind::kTemplate: return std::make_unique<CMultiLineKVItem>(LinesOfWords(words));
+    }
     return nullptr;
 }
 
@@ -60,8 +46,8 @@ std::string JoinWords(std::string_view type, std::string_view key, std::string_v
 }
 
 std::string FormatTemplate(std::string_view key, const TemplateLines& lines) {
-    std::string text = "MULTI ";
-    text.append(key).append(" ");
+    std::string text(TypeWord(KeyKind::kTemplate));
+    text.append(" ").append(key).append(" ");
     for (const CTemplateLine& line : lines) {
         text.append(FormatNWord(line.n_word)).append(" ").append(EscapeWord(line.text)).append(" ");
     }
@@ -155,16 +141,16 @@ bool CKVItemContainer::ParseLine(std::string_view line) {
 
 std::string CKVItemContainer::FormatItem(std::string_view key, const CKVItem* item) const {
     if (const auto* boolean = dynamic_cast<const CBoolKVItem*>(item)) {
-        return JoinWords("BOOL", key, boolean->GetValueText());
+        return JoinWords(TypeWord(KeyKind::kBool), key, boolean->GetValueText());
     }
     if (const auto* text = dynamic_cast<const CTextKVItem*>(item)) {
-        return JoinWords(TypeWord(text->kind()), key, EscapeWord(text->value()));
+        return JoinWords(TypeWord(KeyKind::kText, text->kind()), key, EscapeWord(text->value()));
     }
     if (const auto* real = dynamic_cast<const CRealKVItem*>(item)) {
-        return JoinWords("REAL", key, FixedText(real->value(), kFileDecimals));
+        return JoinWords(TypeWord(KeyKind::kReal), key, FixedText(real->value(), kFileDecimals));
     }
     if (const auto* integer = dynamic_cast<const CIntKVItem*>(item)) {
-        return JoinWords("INT ", key, integer->GetValueText());
+        return JoinWords(std::string(TypeWord(KeyKind::kInt)) + ' ', key, integer->GetValueText());
     }
     if (const auto* lines = dynamic_cast<const CMultiLineKVItem*>(item)) return FormatTemplate(key, lines->lines());
     return {};

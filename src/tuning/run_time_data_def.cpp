@@ -9,24 +9,22 @@
 #include "text/ascii.h"
 #include "text/numbers.h"
 #include "text/words.h"
+#include "tuning/type_words.h"
 
 namespace brindle {
 namespace {
 
 using Items = std::vector<CRunTimeDefItem>;
 
-bool IsDefinitionWord(std::string_view word) {
-    constexpr std::string_view kWords[] = {"UPD", "ROW", "COL", "MSG", "DATASETDEF", "DSD"};
-    return std::find(std::begin(kWords), std::end(kWords), word) != std::end(kWords);
-}
-
 void AddItem(Items& items, std::string name, bool hidden) {
     if (!name.empty()) items.push_back({std::move(name), hidden});
 }
 
-void WriteItems(std::string_view first_word, const Items& items, std::vector<std::string>& list) {
+std::string_view WordOf(DefinitionLine line) { return kDefinitionWords[static_cast<size_t>(line)]; }
+
+void WriteItems(DefinitionLine kind, const Items& items, std::vector<std::string>& list) {
     for (const CRunTimeDefItem& item : items) {
-        std::string line(first_word);
+        std::string line(WordOf(kind));
         line.append(" TEXT ").append(EscapeBlanks(item.name)).append(" ");
         if (item.hidden) line.append("HIDE");
         list.push_back(std::move(line));
@@ -36,7 +34,8 @@ void WriteItems(std::string_view first_word, const Items& items, std::vector<std
 void WriteDataset(const std::string& name, const CKVItemContainer& values, std::vector<std::string>& list) {
     std::vector<std::string> lines;
     values.WriteToList(lines);
-    for (const std::string& line : lines) list.push_back(std::string("DSD ").append(name).append(" ").append(line));
+    for (const std::string& line : lines)
+        list.push_back(std::string(WordOf(DefinitionLine::kValue)).append(" ").append(name).append(" ").append(line));
 }
 
 bool Has(const Items& items, int32_t number) { return number >= 1 && static_cast<size_t>(number) <= items.size(); }
@@ -44,6 +43,15 @@ bool Has(const Items& items, int32_t number) { return number >= 1 && static_cast
 bool IsHiddenAt(const Items& items, int32_t number) { return items[static_cast<size_t>(number) - 1].hidden; }
 
 }  // namespace
+
+std::vector<std::string_view> PartsOfRunTimeWord(std::string_view word) {
+    if (!word.starts_with(kRunTimeWordOpening) || !word.ends_with(')')) return {};
+    const std::string_view inside =
+        word.substr(kRunTimeWordOpening.size(), word.size() - kRunTimeWordOpening.size() - 1);
+    const size_t comma = inside.find(',');
+    if (comma == inside.npos) return {inside};
+    return {inside.substr(0, comma), inside.substr(comma + 1)};
+}
 
 std::optional<RunTimePlace> PlaceOfWord(std::string_view word) {
     if (word.size() <= 3) return std::nullopt;
@@ -59,9 +67,22 @@ std::optional<RunTimePlace> PlaceOfWord(std::string_view word) {
 }
 
 std::string WordOfPlace(RunTimePlace place) {
-    std::string word = "RTD(" + std::to_string(place.entry);
+    std::string word = std::string(kRunTimeWordOpening) + std::to_string(place.entry);
     if (!place.IsMessage()) word.append(",").append(std::to_string(place.column));
     return word.append(")");
+}
+
+std::optional<DefinitionLine> DefinitionLineOf(std::string_view first_word) {
+    const auto* const found = std::find(std::begin(kDefinitionWords), std::end(kDefinitionWords), first_word);
+    if (found == std::end(kDefinitionWords)) return std::nullopt;
+    return static_cast<DefinitionLine>(found - std::begin(kDefinitionWords));
+}
+
+std::optional<TextKind> TextKindOfValue(std::string_view type_word) {
+    for (const TypeWordInfo& info : kTypeWords) {
+        if (info.kind == KeyKind::kText && EqualNoCase(type_word, info.word)) return info.text_kind;
+    }
+    return std::nullopt;
 }
 
 bool CDataSetContainer::Add(std::string_view name) {
@@ -119,38 +140,39 @@ void CDataSetContainer::Assign(const CDataSetContainer& other) {
 }
 
 bool CRunTimeDataDef::ReadLine(std::string_view line, ReadMode mode) {
-    if (!IsDefinitionWord(QuotedWord(line, 1))) return false;
+    const std::optional<DefinitionLine> kind = DefinitionLineOf(QuotedWord(line, 1));
+    if (!kind) return false;
     const std::vector<std::string> words = SplitQuotedWords(line);
     if (words.size() < 2) return false;
-    const std::string& first = words[0];
-    if (first == "DATASETDEF") {
+    if (kind == DefinitionLine::kDataset) {
         datasets_.Add(UnescapeBlanks(words[1]));
-    } else if (first == "UPD") {
+    } else if (kind == DefinitionLine::kTime) {
         last_update_ = ParseTimeStamp(words[1]);
-    } else if (first == "DSD") {
+    } else if (kind == DefinitionLine::kValue) {
         if (words.size() >= 5 && mode != ReadMode::kIgnore) ReadDatasetLine(words, mode);
-    } else if (Items* const items = ItemsOf(first)) {
+    } else if (words.size() >= 3 && mode != ReadMode::kIgnore) {
         const bool hidden = words.size() >= 4 && words[3] == "HIDE";
-        if (words.size() >= 3 && mode != ReadMode::kIgnore) AddItem(*items, UnescapeBlanks(words[2]), hidden);
-    } else {
-        return false;
+        AddItem(*ItemsOf(*kind), UnescapeBlanks(words[2]), hidden);
     }
     return true;
 }
 
-std::vector<CRunTimeDefItem>* CRunTimeDataDef::ItemsOf(std::string_view first_word) {
-    if (first_word == "ROW") return &rows_;
-    if (first_word == "COL") return &columns_;
-    if (first_word == "MSG") return &messages_;
-    return nullptr;
+std::vector<CRunTimeDefItem>* CRunTimeDataDef::ItemsOf(DefinitionLine line) {
+    switch (line) {
+        case DefinitionLine::kRow: return &rows_;
+        case DefinitionLine::kColumn: return &columns_;
+        case DefinitionLine::kMessage: return &messages_;
+        default: return nullptr;
+    }
 }
 
 void CRunTimeDataDef::ReadDatasetLine(const std::vector<std::string>& words, ReadMode mode) {
-    std::string type = "TEXT";
+    TextKind kind = TextKind::kPlain;
     std::string value = UnescapeWord(words[4]);
-    const bool is_real = EqualNoCase(words[2], "R_EXPR");
-    if (is_real || EqualNoCase(words[2], "T_EXPR")) {
-        type = "T_EXPR";
+    const TextKind written = TextKindOfValue(words[2]).value_or(TextKind::kPlain);
+    const bool is_real = written == TextKind::kRealExpression;
+    if (written != TextKind::kPlain) {
+        kind = TextKind::kTextExpression;
         if (mode == ReadMode::kCollect) {
             AddPending(value, is_real);
             value.clear();
@@ -158,13 +180,15 @@ void CRunTimeDataDef::ReadDatasetLine(const std::vector<std::string>& words, Rea
             value = std::move(computed);
         } else if (mode == ReadMode::kTuning) {
             value = words[4];
-            if (is_real) type = "R_EXPR";
+            kind = written;
         } else {
             value.clear();
         }
     }
     CKVItemContainer* const values = datasets_.ValuesOf(UnescapeBlanks(words[1]));
-    if (values) values->ParseLine(type + " " + words[3] + " " + EscapeWord(value));
+    if (values == nullptr) return;
+    values->ParseLine(
+        std::string(TypeWord(KeyKind::kText, kind)).append(" ").append(words[3]).append(" ").append(EscapeWord(value)));
 }
 
 void CRunTimeDataDef::AddPending(const std::string& expression, bool is_real) {
@@ -177,11 +201,12 @@ void CRunTimeDataDef::AddPending(const std::string& expression, bool is_real) {
 }
 
 void CRunTimeDataDef::WriteToList(std::vector<std::string>& list) const {
-    list.push_back("UPD " + FormatTimeStamp(last_update_));
-    WriteItems("ROW", rows_, list);
-    WriteItems("COL", columns_, list);
-    WriteItems("MSG", messages_, list);
-    for (size_t i = 0; i < datasets_.size(); ++i) list.push_back("DATASETDEF " + datasets_.NameAt(i));
+    list.push_back(std::string(WordOf(DefinitionLine::kTime)).append(" ").append(FormatTimeStamp(last_update_)));
+    WriteItems(DefinitionLine::kRow, rows_, list);
+    WriteItems(DefinitionLine::kColumn, columns_, list);
+    WriteItems(DefinitionLine::kMessage, messages_, list);
+    for (size_t i = 0; i < datasets_.size(); ++i)
+        list.push_back(std::string(WordOf(DefinitionLine::kDataset)).append(" ").append(datasets_.NameAt(i)));
     for (size_t i = 0; i < datasets_.size(); ++i) WriteDataset(datasets_.NameAt(i), *datasets_.ValuesAt(i), list);
 }
 

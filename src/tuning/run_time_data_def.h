@@ -27,9 +27,28 @@ struct RunTimePlace {
     bool IsMessage() const { return column == 0; }
 };
 
+// What begins a run-time data word.
+inline constexpr std::string_view kRunTimeWordOpening = "RTD(";
+
+// What stands between the parentheses of a run-time data word, cut at its first comma: one part for a message, two for
+// a row and a column. Empty for any other text.
+std::vector<std::string_view> PartsOfRunTimeWord(std::string_view word);
+
 // The place of a word such as `RTD(4)` or `RTD(2,3)`; nothing if it has none. No definition needs to have it.
 std::optional<RunTimePlace> PlaceOfWord(std::string_view word);
 std::string WordOfPlace(RunTimePlace place);
+
+// What a run-time data line says, by its first word: the time of the last change, a row, a column, a message, a
+// dataset, or a dataset's value.
+enum class DefinitionLine { kTime, kRow, kColumn, kMessage, kDataset, kValue };
+inline constexpr std::string_view kDefinitionWords[] = {"UPD", "ROW", "COL", "MSG", "DATASETDEF", "DSD"};
+
+// Nothing if `first_word` is that of another line.
+std::optional<DefinitionLine> DefinitionLineOf(std::string_view first_word);
+
+// The kind of a dataset's value by the type word of its line, whose letters count in either case. Nothing for another
+// word, which counts as that of plain text.
+std::optional<TextKind> TextKindOfValue(std::string_view type_word);
 
 // A named set of default values. Keys are run-time data words such as `RTD(2,3)`.
 struct CDataSetItem {
@@ -103,8 +122,8 @@ public:
     CKVItemContainer& pending_expressions() { return pending_expressions_; }
 
 private:
-    // The entries that lines with this first word add to, null if it is none of theirs.
-    std::vector<CRunTimeDefItem>* ItemsOf(std::string_view first_word);
+    // The entries that such a line adds to, null if it adds none.
+    std::vector<CRunTimeDefItem>* ItemsOf(DefinitionLine line);
     void AddPending(const std::string& expression, bool is_real);
     void ReadDatasetLine(const std::vector<std::string>& words, ReadMode mode);
 

@@ -6,7 +6,7 @@
 
 #include "api/brindle_mgr.h"
 #include "brindle/brindle.h"
-#include "check/drawing/drawing_survey.h"
+#include "check/drawing/survey.h"
 #include "host/post/loaded_tuning.h"
 #include "unit/temp_folder.h"
 
@@ -15,10 +15,29 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-Texts TextsOf(const std::vector<DrawingFinding>& findings) {
+Texts TextsOf(CDiagnostics diagnostics) {
     Texts texts;
-    for (const DrawingFinding& finding : findings) texts.push_back(std::to_string(finding.line) + ": " + finding.text);
+    for (const Diagnostic& one : diagnostics.Sorted()) {
+        texts.push_back(std::to_string(one.place.line) + ": " + one.message);
+    }
     return texts;
+}
+
+DrawingSurvey Survey(std::string_view drawing) {
+    CDiagnostics diagnostics;
+    return SurveyDrawing(drawing, diagnostics);
+}
+
+Texts FaultsOf(std::string_view drawing) {
+    CDiagnostics diagnostics;
+    SurveyDrawing(drawing, diagnostics);
+    return TextsOf(diagnostics);
+}
+
+Texts MisfitsOf(const DrawingSurvey& survey, const CBrindleOpts& tuning) {
+    CDiagnostics diagnostics;
+    CheckPairing(survey, tuning, diagnostics);
+    return TextsOf(diagnostics);
 }
 
 TEST(HostDrawing, Findings) {
@@ -66,14 +85,14 @@ TEST(HostDrawing, Findings) {
         {"\xEF\xBB\xBFMAIN,A\nUR,9,9\n", {"1: a byte order mark stands before 'MAIN': line ignored"}},
         {"UR,9,9\nA,1,1,0,1e300,0,0,1e300,0,0,1e300,0,0\n", {}},
     };
-    for (const Case& c : cases) EXPECT_EQ(TextsOf(SurveyDrawing(c.drawing).findings), c.findings) << c.drawing;
+    for (const Case& c : cases) EXPECT_EQ(FaultsOf(c.drawing), c.findings) << c.drawing;
 }
 
 TEST(HostDrawing, FindingsOfAKindAreLimited) {
     std::string drawing = "UR,9,9\n";
     for (int i = 0; i < 1000; ++i) drawing += "L,1\n";
     drawing += "C,NOWHERE,0,0,0,0,0\n";
-    const Texts findings = TextsOf(SurveyDrawing(drawing).findings);
+    const Texts findings = FaultsOf(drawing);
     ASSERT_EQ(findings.size(), 22U);
     EXPECT_EQ(findings[19], "21: L record with 2 of 10 words: dropped");
     EXPECT_EQ(findings[20], "21: and 980 more of this kind behind this line");
@@ -82,23 +101,24 @@ TEST(HostDrawing, FindingsOfAKindAreLimited) {
 
 TEST(HostDrawing, WhatIsNoDrawing) {
     for (const char* const text : {"", "\n\n", "Dear Sir\n", "V2\nORDER\nEND\n", "L,1\n"}) {
-        EXPECT_FALSE(SurveyDrawing(text).has_records) << text;
+        EXPECT_FALSE(Survey(text).has_records) << text;
     }
-    EXPECT_EQ(SurveyDrawing(std::string_view("UR,1,1\nL\0", 9)).nul_line, 2U);
+    EXPECT_EQ(FaultsOf(std::string_view("UR,1,1\nL\0", 9)),
+              Texts{"2: the line holds a NUL byte: this is no CFF2 drawing"});
 }
 
 TEST(HostDrawing, UnknownToolsAreToldOnceEach) {
     CBrindleOpts tuning;
     tuning.SetInt("nNumOfTools", 3);
     tuning.SetBool("T2_bToolUnused", 1);
-    const DrawingSurvey survey = SurveyDrawing(
+    const DrawingSurvey survey = Survey(
         "UR,9,9\nL,1,9,0,0,0,1,1,0,0\nL,1,1,0,0,0,1,1,0,0\nA,1,2,0,0,0,1,1,0,0,1,0,0\nL,1,9,0,0,0,1,1,0,0\n"
         "L,1,0,0,0,0,1,1,0,0\n");
-    EXPECT_EQ(TextsOf(FindMisfits(survey, tuning)), (Texts{"2: tool 9 is not in the tuning: 2 records ignored",
-                                                           "4: tool 2 is not in the tuning: 1 record ignored",
-                                                           "6: tool 0 is not in the tuning: 1 record ignored"}));
+    EXPECT_EQ(MisfitsOf(survey, tuning), (Texts{"2: tool 9 is not in the tuning: 2 records ignored",
+                                                "4: tool 2 is not in the tuning: 1 record ignored",
+                                                "6: tool 0 is not in the tuning: 1 record ignored"}));
     tuning.SetBool("bDefaultTool", 1);
-    EXPECT_TRUE(FindMisfits(survey, tuning).empty());
+    EXPECT_TRUE(MisfitsOf(survey, tuning).empty());
 }
 
 // Radius words that a whole drawing writes in a way of its own are told where the radius counts, once.
@@ -118,12 +138,12 @@ TEST(HostDrawing, RadiusWordsThatAreNoRadius) {
         tuning.SetInt("nNumOfTools", 2);
         tuning.ParseLine(use);
         const bool counts = *use != '\0' && std::string_view(use).find("T2") == std::string_view::npos;
-        EXPECT_EQ(TextsOf(FindMisfits(SurveyDrawing(directions), tuning)), counts ? direction_faults : Texts{}) << use;
-        EXPECT_EQ(TextsOf(FindMisfits(SurveyDrawing(inches), tuning)), counts ? inch_faults : Texts{}) << use;
-        EXPECT_TRUE(FindMisfits(SurveyDrawing(millimetres), tuning).empty()) << use;
+        EXPECT_EQ(MisfitsOf(Survey(directions), tuning), counts ? direction_faults : Texts{}) << use;
+        EXPECT_EQ(MisfitsOf(Survey(inches), tuning), counts ? inch_faults : Texts{}) << use;
+        EXPECT_TRUE(MisfitsOf(Survey(millimetres), tuning).empty()) << use;
     }
-    EXPECT_TRUE(SurveyDrawing(directions).findings.empty());
-    EXPECT_TRUE(SurveyDrawing(inches).findings.empty());
+    EXPECT_TRUE(FaultsOf(directions).empty());
+    EXPECT_TRUE(FaultsOf(inches).empty());
 }
 
 // The survey follows the reader without being it: whatever it counts must have reached the store.
@@ -139,7 +159,7 @@ TEST(HostDrawing, CountsAreThoseOfTheStore) {
     };
     const CTempFolder folder;
     for (const char* const drawing : drawings) {
-        const DrawingSurvey survey = SurveyDrawing(drawing);
+        const DrawingSurvey survey = Survey(drawing);
         GBrn_Clear();
         GBrn_OpenCF2File(Wide(folder.Put("a.cf2", drawing)).c_str());
         const CBrindleMgr& session = CBrindleMgr::Current();

@@ -7,10 +7,11 @@
 #include <iterator>
 #include <vector>
 
-#include "check/number_words.h"
+#include "host/commands/number_pair.h"
 #include "host/console/messages.h"
 #include "host/files/output_files.h"
 #include "host/post/output_plan.h"
+#include "text/numbers.h"
 #include "unit/temp_folder.h"
 
 namespace brindle::host {
@@ -183,8 +184,12 @@ TEST(HostMessages, DiagnosticsShowTheWord) {
     };
     for (const Case& c : cases) {
         testing::internal::CaptureStderr();
-        PrintDiagnostic(Severity::kWarning, {"m.tun", 3, c.column, c.length}, "what is wrong", c.line);
-        EXPECT_EQ(testing::internal::GetCapturedStderr(), "brindle: m.tun:3: warning: what is wrong\n" + c.expected);
+        const std::string_view lines[] = {"", "", c.line};
+        CDiagnostics diagnostics("m.tun", lines);
+        diagnostics.Add(Rule::kExtraWords, {3, c.column, c.length}, "what is wrong", "what helps");
+        PrintDiagnostics(diagnostics);
+        EXPECT_EQ(testing::internal::GetCapturedStderr(),
+                  "brindle: m.tun:3: warning: what is wrong (what helps)\n" + c.expected);
     }
 }
 
@@ -202,7 +207,7 @@ TEST(HostNumbers, OnlyWholeTextsCount) {
         {"", std::nullopt},     {"+", std::nullopt},   {"+-3", std::nullopt},  {"1,5", std::nullopt},
         {"12mm", std::nullopt}, {"nan", std::nullopt}, {"inf", std::nullopt},  {"0x10", std::nullopt},
         {" 1", std::nullopt},   {"1 ", std::nullopt},  {"1e999", std::nullopt}};
-    for (const auto& [text, value] : numbers) EXPECT_EQ(WholeNumberText(text), value) << text;
+    for (const auto& [text, value] : numbers) EXPECT_EQ(ParseNumber(text), value) << text;
 
     struct Pair {
         const char* text;

@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
-#include "check/tuning/checked_tuning.h"
-#include "check/tuning/template_words.h"
+#include "check/tuning/placed_pieces.h"
+#include "check/tuning/placed_tuning.h"
 
 namespace brindle::host {
 namespace {
@@ -40,17 +40,15 @@ TEST(PlacedPieces, StandWhereTheirTextStands) {
     for (const auto& row : kRows) EXPECT_EQ(Placed(row.text), row.pieces) << row.text;
 }
 
-TEST(PlacedText, KnowsTheColumnsOfWhatIsNotEscaped) {
-    CheckedLine line;
+TEST(PlacedWord, KnowsTheColumnsOfWhatIsNotEscaped) {
+    PlacedLine line;
     line.text = "TEXT k a!#SP#!!#EMPTY#!b";
     line.words = {line.text.substr(0, 4), line.text.substr(5, 1), line.text.substr(7)};
-    const PlacedText placed(line, line.words[2]);
+    const PlacedWord placed(line, line.words[2]);
     EXPECT_EQ(placed.text(), "a b");
-    EXPECT_EQ(placed.ColumnOf(0), 8u);
-    EXPECT_EQ(placed.ColumnOf(1), 9u);
-    EXPECT_EQ(placed.ColumnOf(2), 24u);
-    EXPECT_EQ(placed.ColumnOf(3), 25u);
-    EXPECT_EQ(placed.ColumnOf(99), 25u);
+    constexpr size_t kColumns[] = {8, 9, 24, 25, 25};
+    for (size_t at = 0; at < std::size(kColumns); ++at) EXPECT_EQ(placed.PlaceOf(at, 0).column, kColumns[at]) << at;
+    EXPECT_EQ(placed.PlaceOf(0, 2).length, 16u);
 }
 
 }  // namespace

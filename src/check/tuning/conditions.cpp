@@ -5,7 +5,7 @@
 namespace brindle {
 namespace {
 
-using Tuning = CCheckedTuning;
+using Tuning = CPlacedTuning;
 using Prefix = std::string_view;
 
 bool Bool(const Tuning& tuning, KeyRef key, Prefix prefix = {}) { return tuning.options().ReadBool(key, prefix); }
@@ -19,151 +19,154 @@ bool WritesRadialWords(const Tuning& tuning) {
                        [](const DirectiveUse& use) { return use.keywords.Has(Keyword::kRadial); });
 }
 
-}  // namespace
+struct ConditionRow {
+    Condition condition;
+    bool (*holds)(const Tuning& tuning, Prefix prefix);
+    std::string_view otherwise;  // why it does not hold, as the end of a sentence
+};
 
 // clang-format off
-const Condition kAlways{[](const Tuning&, Prefix) { return true; }, ""};
-const Condition kInches{[](const Tuning& t, Prefix) { return Bool(t, Key("bOutUnitsAuto")) || Bool(t, Key("bOutUnitsInches")); },
-    "the output is never in inches"};
-const Condition kMillimetres{[](const Tuning& t, Prefix) { return Bool(t, Key("bOutUnitsAuto")) || !Bool(t, Key("bOutUnitsInches")); },
-    "the output is always in inches"};
-const Condition kStartOnBlock{[](const Tuning& t, Prefix) { return Bool(t, Key("bStartEndOnBlock")); }, "bStartEndOnBlock is false"};
-const Condition kStartApart{[](const Tuning& t, Prefix) { return !Bool(t, Key("bStartEndOnBlock")); }, "bStartEndOnBlock is true"};
-const Condition kArcByRadius{[](const Tuning& t, Prefix) { return Bool(t, Key("bArcByRad")); }, "bArcByRad is false"};
-const Condition kArcBySubtended{[](const Tuning& t, Prefix) { return Bool(t, Key("bArcBySub")) && !Bool(t, Key("bArcByRad")); },
-    "arcs are not written by the angle that they subtend"};
-const Condition kArcByCentre{[](const Tuning& t, Prefix) { return !Bool(t, Key("bArcBySub")) && !Bool(t, Key("bArcByRad")); },
-    "arcs are not written by their centre"};
-const Condition kSubs{[](const Tuning& t, Prefix) { return Bool(t, Key("bUseSubs")); }, "bUseSubs is false"};
-const Condition kMirror{[](const Tuning& t, Prefix) { return t.options().MirrorInUse(); },
-    "bUseSubs and bUseMirror are not both true"};
-const Condition kRotations{[](const Tuning& t, Prefix) { return t.options().RotationsInUse(); },
-    "bUseSubs, bUseMirror and bUseRotations are not all true"};
-const Condition kNumberByBlock{[](const Tuning& t, Prefix) {
-        return Bool(t, Key("SubNum_bUseBlockNum")) && !Bool(t, Key("SubNum_bUseSequence"));
-    }, "sub-programs are not numbered by their blocks"};
-const Condition kAnyTool{[](const Tuning& t, Prefix) { return t.abilities().any; }, "the tuning has no tool"};
-const Condition kTangential{[](const Tuning& t, Prefix) { return t.abilities().tangential; }, "no tool in use is tangential"};
-const Condition kToolCodes{[](const Tuning& t, Prefix) { return Bool(t, Key("bToolDependInterp")); }, "bToolDependInterp is false"};
-const Condition kCommonCodes{[](const Tuning& t, Prefix) { return !Bool(t, Key("bToolDependInterp")); }, "bToolDependInterp is true"};
-const Condition kFly{[](const Tuning& t, Prefix) { return Bool(t, Key("Fly_bSupport")); }, "Fly_bSupport is false"};
-const Condition kText{[](const Tuning& t, Prefix) { return Bool(t, Key("bUseText")); }, "bUseText is false"};
-const Condition kTwoParameters{[](const Tuning& t, Prefix) { return Bool(t, Key("Speed_b2Params")); }, "Speed_b2Params is false"};
-const Condition kSpeedFactor{[](const Tuning& t, Prefix) { return Bool(t, Key("Speed_bFactor")); }, "Speed_bFactor is false"};
-const Condition kAbsoluteMain{[](const Tuning& t, Prefix) { return Bool(t, Key("bOutModeAbs")); }, "bOutModeAbs is false"};
-const Condition kIncrementalMain{[](const Tuning& t, Prefix) { return !Bool(t, Key("bOutModeAbs")); }, "bOutModeAbs is true"};
-const Condition kSubsAbsolute{[](const Tuning& t, Prefix) { return SubsAreAbsolute(t); },
-    "sub-programs are not in absolute coordinates"};
-const Condition kSubsIncremental{[](const Tuning& t, Prefix) { return Bool(t, Key("bUseSubs")) && !SubsAreAbsolute(t); },
-    "sub-programs are not in incremental coordinates"};
-const Condition kSpeedsAreNumbers{[](const Tuning& t, Prefix) { return Bool(t, Key("Speed_bAsValue")) || t.abilities().bare_speeds; },
-    "speeds are no bare numbers"};
-const Condition kSegments{[](const Tuning& t, Prefix) { return Bool(t, Key("bUseFileSeg")); }, "bUseFileSeg is false"};
+constexpr ConditionRow kRows[] = {
+    {Condition::kAlways, [](const Tuning&, Prefix) { return true; }, ""},
+    {Condition::kInches, [](const Tuning& t, Prefix) { return Bool(t, Key("bOutUnitsAuto")) || Bool(t, Key("bOutUnitsInches")); },
+     "the output is never in inches"},
+    {Condition::kMillimetres, [](const Tuning& t, Prefix) { return Bool(t, Key("bOutUnitsAuto")) || !Bool(t, Key("bOutUnitsInches")); },
+     "the output is always in inches"},
+    {Condition::kFixedUnits, [](const Tuning& t, Prefix) { return !Bool(t, Key("bOutUnitsAuto")); }, "bOutUnitsAuto is true"},
+    {Condition::kStartOnBlock, [](const Tuning& t, Prefix) { return Bool(t, Key("bStartEndOnBlock")); }, "bStartEndOnBlock is false"},
+    {Condition::kStartApart, [](const Tuning& t, Prefix) { return !Bool(t, Key("bStartEndOnBlock")); }, "bStartEndOnBlock is true"},
+    {Condition::kArcByRadius, [](const Tuning& t, Prefix) { return Bool(t, Key("bArcByRad")); }, "bArcByRad is false"},
+    {Condition::kArcBySubtended, [](const Tuning& t, Prefix) { return Bool(t, Key("bArcBySub")) && !Bool(t, Key("bArcByRad")); },
+     "arcs are not written by the angle that they subtend"},
+    {Condition::kArcByCentre, [](const Tuning& t, Prefix) { return !Bool(t, Key("bArcBySub")) && !Bool(t, Key("bArcByRad")); },
+     "arcs are not written by their centre"},
+    {Condition::kSubs, [](const Tuning& t, Prefix) { return Bool(t, Key("bUseSubs")); }, "bUseSubs is false"},
+    {Condition::kMirror, [](const Tuning& t, Prefix) { return t.options().MirrorInUse(); },
+     "bUseSubs and bUseMirror are not both true"},
+    {Condition::kNoMirror, [](const Tuning& t, Prefix) { return !t.options().MirrorInUse(); },
+     "the controller mirrors sub-programs"},
+    {Condition::kRotations, [](const Tuning& t, Prefix) { return t.options().RotationsInUse(); },
+     "bUseSubs, bUseMirror and bUseRotations are not all true"},
+    {Condition::kNumberByBlock, [](const Tuning& t, Prefix) {
+     return Bool(t, Key("SubNum_bUseBlockNum")) && !Bool(t, Key("SubNum_bUseSequence"));
+     }, "sub-programs are not numbered by their blocks"},
+    {Condition::kNotInSequence, [](const Tuning& t, Prefix) { return !Bool(t, Key("SubNum_bUseSequence")); },
+     "SubNum_bUseSequence is true"},
+    {Condition::kSubsAbsolute, [](const Tuning& t, Prefix) { return SubsAreAbsolute(t); },
+     "sub-programs are not in absolute coordinates"},
+    {Condition::kSubsIncremental, [](const Tuning& t, Prefix) { return Bool(t, Key("bUseSubs")) && !SubsAreAbsolute(t); },
+     "sub-programs are not in incremental coordinates"},
+    {Condition::kAbsoluteMain, [](const Tuning& t, Prefix) { return Bool(t, Key("bOutModeAbs")); }, "bOutModeAbs is false"},
+    {Condition::kIncrementalMain, [](const Tuning& t, Prefix) { return !Bool(t, Key("bOutModeAbs")); }, "bOutModeAbs is true"},
+    {Condition::kText, [](const Tuning& t, Prefix) { return Bool(t, Key("bUseText")); }, "bUseText is false"},
+    {Condition::kSegments, [](const Tuning& t, Prefix) { return Bool(t, Key("bUseFileSeg")); }, "bUseFileSeg is false"},
+    {Condition::kErrorComments, [](const Tuning& t, Prefix) { return Bool(t, Key("bErrorsAsComments")); },
+     "bErrorsAsComments is false"},
+    {Condition::kOwnDelimiter, [](const Tuning& t, Prefix) { return !Bool(t, Key("bBlockDelimStd")); }, "bBlockDelimStd is true"},
+    {Condition::kPrimaryTool, [](const Tuning& t, Prefix) { return Bool(t, Key("bUsePrimaryTool")); }, "bUsePrimaryTool is false"},
+    {Condition::kRotaryAxis, [](const Tuning& t, Prefix) { return Bool(t, Key("bAx1IsRot")) || Bool(t, Key("bAx2IsRot")); },
+     "no axis is rotary"},
+    {Condition::kToolCodes, [](const Tuning& t, Prefix) { return Bool(t, Key("bToolDependInterp")); }, "bToolDependInterp is false"},
+    {Condition::kCommonCodes, [](const Tuning& t, Prefix) { return !Bool(t, Key("bToolDependInterp")); }, "bToolDependInterp is true"},
+    {Condition::kFly, [](const Tuning& t, Prefix) { return Bool(t, Key("Fly_bSupport")); }, "Fly_bSupport is false"},
+    {Condition::kFlyAfter, [](const Tuning& t, Prefix) { return !Bool(t, Key("Fly_bForFollowing")) || Bool(t, Key("bUseFileSeg")); },
+     "Fly_bForFollowing is true"},
+    {Condition::kTwoParameters, [](const Tuning& t, Prefix) { return Bool(t, Key("Speed_b2Params")); }, "Speed_b2Params is false"},
+    {Condition::kSpeedFactor, [](const Tuning& t, Prefix) { return Bool(t, Key("Speed_bFactor")); }, "Speed_bFactor is false"},
+    {Condition::kSpeedByDirection, [](const Tuning& t, Prefix) { return !Bool(t, Key("Speed_b1")); }, "Speed_b1 is true"},
+    {Condition::kFourSpeeds, [](const Tuning& t, Prefix) { return Bool(t, Key("Speed_b4")); }, "Speed_b4 is false"},
+    {Condition::kSpeedExpression, [](const Tuning& t, Prefix) { return !Bool(t, Key("Speed_bAsValue")); },
+     "Speed_bAsValue is true"},
+    {Condition::kSpeedsAreNumbers, [](const Tuning& t, Prefix) { return Bool(t, Key("Speed_bAsValue")) || t.abilities().bare_speeds; },
+     "speeds are no bare numbers"},
+    {Condition::kAnyTool, [](const Tuning& t, Prefix) { return t.abilities().any; }, "the tuning has no tool"},
+    {Condition::kTangential, [](const Tuning& t, Prefix) { return t.abilities().tangential; }, "no tool in use is tangential"},
+    {Condition::kSmallRadii, [](const Tuning& t, Prefix) { return t.abilities().small_radii; },
+     "no tool in use has Speed_bSepForArcs and Speed_bUseSmallRadiiFormula"},
+    {Condition::kFlyTools, [](const Tuning& t, Prefix) { return t.abilities().fly; }, "no tool in use has Fly_bUse"},
+    {Condition::kRotationWords, [](const Tuning& t, Prefix) { return t.abilities().tangential || WritesRadialWords(t); },
+     "no tool in use is tangential"},
+    {Condition::kToolArcSpeed, [](const Tuning& t, Prefix p) { return Bool(t, Key("Speed_bSepForArcs"), p); },
+     "the tool's Speed_bSepForArcs is false"},
+    {Condition::kToolTangential, [](const Tuning& t, Prefix p) { return t.options().IsTangential(p); },
+     "the tool's bTangential is false"},
+    {Condition::kToolOffset, [](const Tuning& t, Prefix p) { return Bool(t, Key("ToolOff_bUse"), p); },
+     "the tool's ToolOff_bUse is false"},
+    {Condition::kToolFacets, [](const Tuning& t, Prefix p) { return Bool(t, Key("SmFacet_bUse"), p); },
+     "the tool's SmFacet_bUse is false"},
+    {Condition::kToolOwnCodes, [](const Tuning& t, Prefix p) { return p.empty() || Bool(t, Key("bToolDependInterp")); },
+     "bToolDependInterp is false"},
+};
 
-namespace {
+static_assert([] {
+    for (size_t i = 0; i < std::size(kRows); ++i) {
+        if (static_cast<size_t>(kRows[i].condition) != i) return false;
+    }
+    return std::size(kRows) == kConditions;
+}());
 
-constexpr Condition kFixedUnits{[](const Tuning& t, Prefix) { return !Bool(t, Key("bOutUnitsAuto")); }, "bOutUnitsAuto is true"};
-constexpr Condition kErrorComments{[](const Tuning& t, Prefix) { return Bool(t, Key("bErrorsAsComments")); },
-    "bErrorsAsComments is false"};
-constexpr Condition kOwnDelimiter{[](const Tuning& t, Prefix) { return !Bool(t, Key("bBlockDelimStd")); }, "bBlockDelimStd is true"};
-constexpr Condition kPrimaryTool{[](const Tuning& t, Prefix) { return Bool(t, Key("bUsePrimaryTool")); }, "bUsePrimaryTool is false"};
-constexpr Condition kRotaryAxis{[](const Tuning& t, Prefix) { return Bool(t, Key("bAx1IsRot")) || Bool(t, Key("bAx2IsRot")); },
-    "no axis is rotary"};
-constexpr Condition kNotInSequence{[](const Tuning& t, Prefix) { return !Bool(t, Key("SubNum_bUseSequence")); },
-    "SubNum_bUseSequence is true"};
-constexpr Condition kSpeedByDirection{[](const Tuning& t, Prefix) { return !Bool(t, Key("Speed_b1")); }, "Speed_b1 is true"};
-constexpr Condition kFourSpeeds{[](const Tuning& t, Prefix) { return Bool(t, Key("Speed_b4")); }, "Speed_b4 is false"};
-constexpr Condition kSpeedExpression{[](const Tuning& t, Prefix) { return !Bool(t, Key("Speed_bAsValue")); },
-    "Speed_bAsValue is true"};
-constexpr Condition kSmallRadii{[](const Tuning& t, Prefix) { return t.abilities().small_radii; },
-    "no tool in use has Speed_bSepForArcs and Speed_bUseSmallRadiiFormula"};
-constexpr Condition kFlyTools{[](const Tuning& t, Prefix) { return t.abilities().fly; }, "no tool in use has Fly_bUse"};
-constexpr Condition kFlyBehind{[](const Tuning& t, Prefix) { return !Bool(t, Key("Fly_bForFollowing")) || Bool(t, Key("bUseFileSeg")); },
-    "Fly_bForFollowing is true"};
-constexpr Condition kRotationWords{[](const Tuning& t, Prefix) { return t.abilities().tangential || WritesRadialWords(t); },
-    "no tool in use is tangential"};
-constexpr Condition kToolArcSpeed{[](const Tuning& t, Prefix p) { return Bool(t, Key("Speed_bSepForArcs"), p); },
-    "the tool's Speed_bSepForArcs is false"};
-constexpr Condition kToolTangential{[](const Tuning& t, Prefix p) { return t.options().IsTangential(p); },
-    "the tool's bTangential is false"};
-constexpr Condition kNoMirror{[](const Tuning& t, Prefix) { return !t.options().MirrorInUse(); },
-    "the controller mirrors sub-programs"};
-constexpr Condition kToolOffset{[](const Tuning& t, Prefix p) { return Bool(t, Key("ToolOff_bUse"), p); },
-    "the tool's ToolOff_bUse is false"};
-constexpr Condition kToolFacets{[](const Tuning& t, Prefix p) { return Bool(t, Key("SmFacet_bUse"), p); },
-    "the tool's SmFacet_bUse is false"};
-constexpr Condition kToolOwnCodes{[](const Tuning& t, Prefix p) { return p.empty() || Bool(t, Key("bToolDependInterp")); },
-    "bToolDependInterp is false"};
-
-// What ties keys to a condition: a name without prefixes, or the start of names before a `*`. All rows of a key must hold.
+// What ties keys to a condition. All rows of a key must hold.
 struct KeyCondition {
-    std::string_view keys;
-    const Condition* condition;
+    KeyPattern keys;
+    Condition condition;
 };
 
 constexpr KeyCondition kKeyConditions[] = {
-    {"IN_AX*", &kInches}, {"MM_AX*", &kMillimetres}, {"rMaxOrdMM", &kInches}, {"rMaxOrdIN", &kMillimetres},
-    {"sInchCode", &kInches}, {"sMetricCode", &kMillimetres}, {"bOutUnitsInches", &kFixedUnits},
-    {"nMaxBytes", &kSegments}, {"sOpenComment", &kErrorComments}, {"sCloseComment", &kErrorComments},
-    {"sBlockDelim", &kOwnDelimiter}, {"nPrimaryTool", &kPrimaryTool}, {"bPrimaryToolUseToolOn", &kPrimaryTool},
-    {"sAx1AddrStart", &kStartOnBlock}, {"sAx2AddrStart", &kStartOnBlock}, {"bRotAxisInDegrees", &kRotaryAxis},
-    {"sRTCode", &kToolOwnCodes}, {"sLTCode", &kToolOwnCodes}, {"sCWCode", &kToolOwnCodes}, {"sCCWCode", &kToolOwnCodes},
+    {"IN_AX*", Condition::kInches}, {"MM_AX*", Condition::kMillimetres}, {"rMaxOrdMM", Condition::kInches}, {"rMaxOrdIN", Condition::kMillimetres},
+    {"sInchCode", Condition::kInches}, {"sMetricCode", Condition::kMillimetres}, {"bOutUnitsInches", Condition::kFixedUnits},
+    {"nMaxBytes", Condition::kSegments}, {"sOpenComment", Condition::kErrorComments}, {"sCloseComment", Condition::kErrorComments},
+    {"sBlockDelim", Condition::kOwnDelimiter}, {"nPrimaryTool", Condition::kPrimaryTool}, {"bPrimaryToolUseToolOn", Condition::kPrimaryTool},
+    {"sAx1AddrStart", Condition::kStartOnBlock}, {"sAx2AddrStart", Condition::kStartOnBlock}, {"bRotAxisInDegrees", Condition::kRotaryAxis},
+    {"sRTCode", Condition::kToolOwnCodes}, {"sLTCode", Condition::kToolOwnCodes}, {"sCWCode", Condition::kToolOwnCodes}, {"sCCWCode", Condition::kToolOwnCodes},
 
-    {"bSubsInAbs", &kSubs}, {"bSubsInAbs", &kAbsoluteMain}, {"bOutputSubsFirst", &kSubs}, {"bStartSubsAtCen", &kSubs},
-    {"bEndSubsAtCen", &kSubs}, {"bEndSubsAtCen", &kAbsoluteMain}, {"bUseMirror", &kSubs}, {"sMirror*", &kMirror},
-    {"bUseRotations", &kMirror}, {"SubRot_*", &kRotations}, {"SubNum_*", &kSubs},
-    {"SubNum_nMainOffset", &kNotInSequence}, {"SubNum_nMainFactor", &kNotInSequence},
+    {"bSubsInAbs", Condition::kSubs}, {"bSubsInAbs", Condition::kAbsoluteMain}, {"bOutputSubsFirst", Condition::kSubs}, {"bStartSubsAtCen", Condition::kSubs},
+    {"bEndSubsAtCen", Condition::kSubs}, {"bEndSubsAtCen", Condition::kAbsoluteMain}, {"bUseMirror", Condition::kSubs}, {"sMirror*", Condition::kMirror},
+    {"bUseRotations", Condition::kMirror}, {"SubRot_*", Condition::kRotations}, {"SubNum_*", Condition::kSubs},
+    {"SubNum_nMainOffset", Condition::kNotInSequence}, {"SubNum_nMainFactor", Condition::kNotInSequence},
 
-    {"Speed_b4", &kSpeedByDirection}, {"Speed_bNearest2", &kSpeedByDirection}, {"Speed_sFactor", &kSpeedFactor},
-    {"Speed_sParam2Addr", &kTwoParameters}, {"Speed_P2_*", &kTwoParameters}, {"Speed_sForArcs_P2", &kTwoParameters},
-    {"Speed_P1_sV2", &kSpeedByDirection}, {"Speed_P1_sV3", &kSpeedByDirection}, {"Speed_P1_sV4", &kSpeedByDirection},
-    {"Speed_P2_sV2", &kSpeedByDirection}, {"Speed_P2_sV3", &kSpeedByDirection}, {"Speed_P2_sV4", &kSpeedByDirection},
-    {"Speed_P1_sV3", &kFourSpeeds}, {"Speed_P1_sV4", &kFourSpeeds}, {"Speed_P2_sV3", &kFourSpeeds}, {"Speed_P2_sV4", &kFourSpeeds},
-    {"Speed_sForArcs_*", &kToolArcSpeed}, {"Speed_bUseSmallRadiiFormula", &kToolArcSpeed}, {"SRF_*", &kSmallRadii},
-    {"bParen*", &kSpeedExpression},
+    {"Speed_b4", Condition::kSpeedByDirection}, {"Speed_bNearest2", Condition::kSpeedByDirection}, {"Speed_sFactor", Condition::kSpeedFactor},
+    {"Speed_sParam2Addr", Condition::kTwoParameters}, {"Speed_P2_*", Condition::kTwoParameters}, {"Speed_sForArcs_P2", Condition::kTwoParameters},
+    {"Speed_P1_sV2", Condition::kSpeedByDirection}, {"Speed_P1_sV3", Condition::kSpeedByDirection}, {"Speed_P1_sV4", Condition::kSpeedByDirection},
+    {"Speed_P2_sV2", Condition::kSpeedByDirection}, {"Speed_P2_sV3", Condition::kSpeedByDirection}, {"Speed_P2_sV4", Condition::kSpeedByDirection},
+    {"Speed_P1_sV3", Condition::kFourSpeeds}, {"Speed_P1_sV4", Condition::kFourSpeeds}, {"Speed_P2_sV3", Condition::kFourSpeeds}, {"Speed_P2_sV4", Condition::kFourSpeeds},
+    {"Speed_sForArcs_*", Condition::kToolArcSpeed}, {"Speed_bUseSmallRadiiFormula", Condition::kToolArcSpeed}, {"SRF_*", Condition::kSmallRadii},
+    {"bParen*", Condition::kSpeedExpression},
 
-    {"Fly_*", &kFly}, {"Fly_s*", &kFlyTools}, {"Fly_bForFollowing", &kFlyTools}, {"Fly_rMM_Threshold", &kFlyTools},
-    {"ToolRot_*", &kRotationWords}, {"sTangAuxCode*", &kTangential},
-    {"b180Symmetry", &kToolTangential}, {"rLiftAngDEG", &kToolTangential},
-    {"ToolOff_*", &kNoMirror}, {"ToolOff_r*", &kToolOffset}, {"SmFacet_r*", &kToolFacets},
-    {"Text*", &kText}, {"TextHgt_rFactor_in", &kInches}, {"TextHgt_nNDec_in", &kInches},
-    {"TextHgt_rFactor_mm", &kMillimetres}, {"TextHgt_nNDec_mm", &kMillimetres},
+    {"Fly_*", Condition::kFly}, {"Fly_s*", Condition::kFlyTools}, {"Fly_bForFollowing", Condition::kFlyTools}, {"Fly_rMM_Threshold", Condition::kFlyTools},
+    {"ToolRot_*", Condition::kRotationWords}, {"sTangAuxCode*", Condition::kTangential},
+    {"b180Symmetry", Condition::kToolTangential}, {"rLiftAngDEG", Condition::kToolTangential},
+    {"ToolOff_*", Condition::kNoMirror}, {"ToolOff_r*", Condition::kToolOffset}, {"SmFacet_r*", Condition::kToolFacets},
+    {"Text*", Condition::kText}, {"TextHgt_rFactor_in", Condition::kInches}, {"TextHgt_nNDec_in", Condition::kInches},
+    {"TextHgt_rFactor_mm", Condition::kMillimetres}, {"TextHgt_nNDec_mm", Condition::kMillimetres},
 };
 
-constexpr KeyCondition kEventConditions[] = {
-    {"Text_", &kText}, {"Text_", &kAbsoluteMain},
-    {"SubInit_", &kSubs}, {"SubTerm_", &kSubs}, {"SubCall_", &kSubs}, {"SubReset_", &kSubs}, {"MoveToIncludePt_", &kSubs},
-    {"MoveToIncludePt_", &kStartApart},
-    {"OriTransSet_", &kSubsAbsolute}, {"OriTransReset_", &kSubsAbsolute},
-    {"OriTransSet_", &kStartApart}, {"OriTransReset_", &kStartApart},
-    {"Fly_PreCheck_", &kFly}, {"Fly_PostCheck_", &kFly}, {"Fly_PreCheck_", &kFlyTools}, {"Fly_PostCheck_", &kFlyTools},
-    {"Fly_PostCheck_", &kFlyBehind},
+struct EventCondition {
+    EventRef event;
+    Condition condition;
+};
+
+constexpr EventCondition kEventConditions[] = {
+    {Event("Text_"), Condition::kText}, {Event("Text_"), Condition::kAbsoluteMain},
+    {Event("SubInit_"), Condition::kSubs}, {Event("SubTerm_"), Condition::kSubs}, {Event("SubCall_"), Condition::kSubs}, {Event("SubReset_"), Condition::kSubs}, {Event("MoveToIncludePt_"), Condition::kSubs},
+    {Event("MoveToIncludePt_"), Condition::kStartApart},
+    {Event("OriTransSet_"), Condition::kSubsAbsolute}, {Event("OriTransReset_"), Condition::kSubsAbsolute},
+    {Event("OriTransSet_"), Condition::kStartApart}, {Event("OriTransReset_"), Condition::kStartApart},
+    {Event("Fly_PreCheck_"), Condition::kFly}, {Event("Fly_PostCheck_"), Condition::kFly}, {Event("Fly_PreCheck_"), Condition::kFlyTools}, {Event("Fly_PostCheck_"), Condition::kFlyTools},
+    {Event("Fly_PostCheck_"), Condition::kFlyAfter},
 };
 // clang-format on
 
-bool Covers(std::string_view keys, std::string_view name) {
-    return keys.ends_with('*') ? name.starts_with(keys.substr(0, keys.size() - 1)) : name == keys;
-}
-
-template <size_t kCount>
-std::string_view FirstThatFails(const KeyCondition (&table)[kCount], std::string_view name, const Tuning& tuning,
-                                Prefix prefix) {
-    for (const KeyCondition& row : table) {
-        if (Covers(row.keys, name) && !row.condition->holds(tuning, prefix)) return row.condition->otherwise;
-    }
-    return {};
-}
-
 // What a subordinate tool has of its own; all else is its master's.
 bool IsOwnOfSubordinate(const KeyMatch& match) {
-    return match.event != nullptr || match.info->group == "Speed" || match.info->name == "bToolSubordinate" ||
-           match.info->name == "nPhysicalTool" || match.info->name == "bToolUnused";
+    constexpr KeyRef kOwn[] = {Key("bToolSubordinate"), Key("nPhysicalTool"), Key("bToolUnused")};
+    return match.event != nullptr || match.info->group == Key("Speed_P1_sV1")->group ||
+           std::any_of(std::begin(kOwn), std::end(kOwn), [&match](KeyRef key) { return &key.Info() == match.info; });
 }
 
 // The other side of a pair of radio buttons, of which a run reads one.
 bool IsEditorsOwn(const KeyInfo& info) { return info.kind == KeyKind::kBool && !info.read_default.HasValue(); }
 
-std::string_view WhyToolUnread(const CheckedTool& tool, const KeyMatch& match) {
+std::string_view WhyToolUnread(const ToolUse& tool, const KeyMatch& match) {
     if (!tool.own && !tool.physical) return "the tool is not in use";
     const bool own = IsOwnOfSubordinate(match);
     if (!own && !tool.physical) return "the tool is subordinate and takes this from its master";
@@ -173,19 +176,34 @@ std::string_view WhyToolUnread(const CheckedTool& tool, const KeyMatch& match) {
 
 }  // namespace
 
-std::string_view WhyUnread(const CCheckedTuning& tuning, const KeyMatch& match) {
+std::string_view WhyUnread(const CPlacedTuning& tuning, const KeyMatch& match) {
     if (match.info == nullptr || IsEditorsOwn(*match.info)) return {};
-    const CheckedTool* const tool = tuning.Tool(match.tool_prefix);
+    const ToolUse* const tool = tuning.Tool(match.tool_prefix);
     if (tool != nullptr) {
         const std::string_view why = WhyToolUnread(*tool, match);
         if (!why.empty()) return why;
     }
-    if (match.event != nullptr) return FirstThatFails(kEventConditions, match.event->prefix, tuning, match.tool_prefix);
-    return FirstThatFails(kKeyConditions, match.info->name, tuning, match.tool_prefix);
+    for (const EventCondition& row : kEventConditions) {
+        if (row.event.Is(match.event) && !Holds(row.condition, tuning)) return WhyNot(row.condition);
+    }
+    for (const KeyCondition& row : kKeyConditions) {
+        if (match.event != nullptr || !row.keys.Covers(*match.info)) continue;
+        if (!Holds(row.condition, tuning, match.tool_prefix)) return WhyNot(row.condition);
+    }
+    return {};
 }
 
-bool IsRead(const CCheckedTuning& tuning, const CheckedText& text) {
-    return WhyUnread(tuning, text.item->match).empty();
+bool Holds(Condition condition, const CPlacedTuning& tuning, std::string_view prefix) {
+    return kRows[static_cast<size_t>(condition)].holds(tuning, prefix);
 }
+
+std::string_view WhyNot(Condition condition) { return kRows[static_cast<size_t>(condition)].otherwise; }
+
+bool Applies(const DirectiveRead& read, const DirectiveUse& use, const CPlacedTuning& tuning) {
+    return read.directive == use.directive->id && read.IsWanted(use.keywords) &&
+           (read.events.IsEmpty() || read.events.Has(use.text->item->match.event)) && Holds(read.condition, tuning);
+}
+
+bool IsRead(const CPlacedTuning& tuning, const PlacedText& text) { return WhyUnread(tuning, text.item->match).empty(); }
 
 }  // namespace brindle

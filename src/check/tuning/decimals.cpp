@@ -1,6 +1,5 @@
 #include "check/tuning/decimals.h"
 
-#include "check/number_words.h"
 #include "text/numbers.h"
 
 namespace brindle {

@@ -1,7 +1,8 @@
 #include "check/tuning/run_time_words.h"
 
+#include <algorithm>
 #include <cstdint>
-#include <optional>
+#include <string>
 #include <vector>
 
 #include "text/numbers.h"
@@ -9,20 +10,12 @@
 namespace brindle {
 namespace {
 
-// The numbers between the parentheses of a word that is written as runs write it; nothing for any other text.
-std::optional<std::vector<int32_t>> NumbersOf(std::string_view word) {
-    constexpr std::string_view kOpening = "RTD(";
-    if (!word.starts_with(kOpening)) return std::nullopt;
-    const std::string_view inside = word.substr(kOpening.size());
-    std::vector<int32_t> numbers{LeadingInt(inside)};
-    const size_t comma = inside.find(',');
-    if (comma != std::string_view::npos) numbers.push_back(LeadingInt(inside.substr(comma + 1)));
-    std::string written = std::string(kOpening).append(std::to_string(numbers[0]));
-    if (numbers.size() == 2) written.append(",").append(std::to_string(numbers[1]));
-    return written.append(")") == word ? std::optional(numbers) : std::nullopt;
-}
+// As runs write them: without blanks, signs and leading zeros that mean nothing.
+bool IsPlainNumber(std::string_view text) { return text == std::to_string(LeadingInt(text)); }
 
-std::string FaultOfNumber(const char* what, int32_t number, size_t count) {
+// What is wrong with a number of a word; empty if nothing is.
+std::string FaultOfNumber(const char* what, std::string_view text, size_t count) {
+    const int32_t number = LeadingInt(text);
     if (number >= 1 && static_cast<size_t>(number) <= count) return {};
     return std::string("there is no ") + what + " " + std::to_string(number) + ": " + std::to_string(count) +
            (count == 1 ? " is defined" : " are defined");
@@ -30,12 +23,23 @@ std::string FaultOfNumber(const char* what, int32_t number, size_t count) {
 
 }  // namespace
 
-std::string FaultOfRunTimeWord(std::string_view word, const CRunTimeDataDef& definition) {
-    const auto numbers = NumbersOf(word);
-    if (!numbers) return "a run-time data word is written RTD(row,column) or RTD(message), without blanks";
-    if (numbers->size() == 1) return FaultOfNumber("message", numbers->front(), definition.messages().size());
-    const std::string row = FaultOfNumber("row", numbers->front(), definition.rows().size());
-    return row.empty() ? FaultOfNumber("column", numbers->back(), definition.columns().size()) : row;
+bool CheckRunTimeWord(std::string_view word, const CRunTimeDataDef& definition, Place place,
+                      CDiagnostics& diagnostics) {
+    const std::vector<std::string_view> numbers = PartsOfRunTimeWord(word);
+    if (numbers.empty() || !std::all_of(numbers.begin(), numbers.end(), IsPlainNumber)) {
+        diagnostics.Add(Rule::kBadRunTimeWord, place,
+                        "a run-time data word is written RTD(row,column) or RTD(message), without blanks");
+        return false;
+    }
+    std::string fault;
+    if (numbers.size() == 1) {
+        fault = FaultOfNumber("message", numbers[0], definition.messages().size());
+    } else {
+        fault = FaultOfNumber("row", numbers[0], definition.rows().size());
+        if (fault.empty()) fault = FaultOfNumber("column", numbers[1], definition.columns().size());
+    }
+    if (!fault.empty()) diagnostics.Add(Rule::kUndefinedRunTimeWord, place, fault);
+    return fault.empty();
 }
 
 }  // namespace brindle

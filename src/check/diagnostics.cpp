@@ -1,0 +1,50 @@
+#include "check/diagnostics.h"
+
+#include <algorithm>
+#include <tuple>
+#include <utility>
+
+namespace brindle {
+namespace {
+
+constexpr size_t kMostKept = 100000;
+constexpr size_t kMostOfAGroup = 20;
+
+}  // namespace
+
+void CDiagnostics::Add(Rule rule, Place place, std::string message, std::string way_out) {
+    const RuleInfo& info = InfoOf(rule);
+    ++counts_[static_cast<size_t>(info.severity)];
+    GroupUse& group = groups_[static_cast<size_t>(info.group)];
+    if (++group.count > kMostOfAGroup && IsLimited(info.group)) return;
+    group.last_line = place.line;
+    if (kept_.size() >= kMostKept) return;
+    kept_.push_back({rule, info.severity, place, std::move(message), std::move(way_out)});
+}
+
+std::string_view CDiagnostics::LineOf(const Place& place) const {
+    return place.line == 0 || place.line > lines_.size() ? std::string_view() : lines_[place.line - 1];
+}
+
+const std::vector<Diagnostic>& CDiagnostics::Sorted() {
+    AddFurther();
+    std::stable_sort(kept_.begin(), kept_.end(), [](const Diagnostic& a, const Diagnostic& b) {
+        return std::tie(a.place.line, a.place.column) < std::tie(b.place.line, b.place.column);
+    });
+    return kept_;
+}
+
+void CDiagnostics::AddFurther() {
+    for (const RuleInfo& info : Rules()) {
+        GroupUse& group = groups_[static_cast<size_t>(info.group)];
+        if (!IsLimited(info.group) || group.count <= kMostOfAGroup) continue;
+        const size_t more = std::exchange(group.count, 0) - kMostOfAGroup;
+        kept_.push_back({Rule::kFurther,
+                         InfoOf(Rule::kFurther).severity,
+                         {group.last_line},
+                         "and " + std::to_string(more) + " more of this kind behind this line",
+                         {}});
+    }
+}
+
+}  // namespace brindle

@@ -1,0 +1,63 @@
+// What checks have found in one file. Checks fill the list; hosts, the editor and others show it.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "check/rules.h"
+
+namespace brindle {
+
+// A word in a file.
+struct Place {
+    size_t line = 0;    // from 1; 0 for the file as a whole
+    size_t column = 0;  // in bytes, from 1; 0 for the line as a whole
+    size_t length = 0;  // in bytes
+};
+
+struct Diagnostic {
+    Rule rule;
+    Severity severity;
+    Place place;
+    std::string message;
+    std::string way_out;  // what to write instead; empty if there is no such thing, or the message says it
+};
+
+// Diagnostics of one file, in the order in which checks make them. Of the rules of drawings the first 20 of a group
+// are kept and the others counted in one line. Rubbish in the place of a tuning gives one for each line: of very many,
+// the last ones are counted and not kept.
+class CDiagnostics {
+public:
+    // `lines` are those of the file, without their ends; what they point to must outlive the list.
+    explicit CDiagnostics(std::string file = {}, std::span<const std::string_view> lines = {})
+        : file_(std::move(file)), lines_(lines) {}
+
+    void Add(Rule rule, Place place, std::string message, std::string way_out = {});
+
+    const std::string& file() const { return file_; }
+    size_t Count(Severity severity) const { return counts_[static_cast<size_t>(severity)]; }
+    // The line of a place, empty if there is none.
+    std::string_view LineOf(const Place& place) const;
+    // In the order of their places. Nothing can be added afterwards.
+    const std::vector<Diagnostic>& Sorted();
+
+private:
+    struct GroupUse {
+        size_t count = 0;
+        size_t last_line = 0;  // of the last one that is kept
+    };
+
+    void AddFurther();
+
+    std::string file_;
+    std::span<const std::string_view> lines_;
+    std::vector<Diagnostic> kept_;
+    std::array<size_t, 3> counts_ = {};  // by severity
+    std::array<GroupUse, kRuleGroups> groups_ = {};
+};
+
+}  // namespace brindle

@@ -7,6 +7,20 @@
 namespace brindle {
 namespace {
 
+static_assert(std::size(Rules()) == static_cast<size_t>(Rule::kFurther) + 1);
+static_assert([] {
+    for (size_t i = 0; i < std::size(Rules()); ++i) {
+        if (static_cast<size_t>(Rules()[i].rule) != i) return false;
+        for (const char c : Rules()[i].name) {
+            if ((c < 'a' || c > 'z') && (c < '0' || c > '9') && c != '-') return false;
+        }
+        for (size_t j = 0; j < i; ++j) {
+            if (Rules()[j].name == Rules()[i].name) return false;
+        }
+    }
+    return true;
+}());
+
 constexpr size_t kMostKept = 100000;
 constexpr size_t kMostOfAGroup = 20;
 

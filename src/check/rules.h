@@ -44,7 +44,7 @@ enum class Rule : uint8_t {
     kUnclosedWord, kWordAsText, kUnclosedCharacter, kBadCharacter, kCharacterRange, kUnknownDirective,
     kUnclosedArguments, kUnknownKeyword, kIgnoredKeyword, kContradiction, kNoKeywordValue, kExtraKeywordValue,
     kUnclosedValue, kBadKeywordValue,
-    // Tunings: directives where they stand, and what they read.
+    // Tunings: directives in their templates, and what they read.
     kOutsideTemplate, kNeedsOption, kNeedsRecord, kNeedsTool, kMarkOutsideSub, kNumberNotKnown, kEmptyAddress,
     kEmptyCode, kCycle, kUnreadKey, kUnusedKey,
     // A drawing with a tuning.
@@ -213,12 +213,5 @@ inline constexpr RuleInfo kRules[] = {
 constexpr const auto& Rules() { return rule_table::kRules; }
 
 constexpr const RuleInfo& InfoOf(Rule rule) { return Rules()[static_cast<size_t>(rule)]; }
-
-static_assert([] {
-    for (size_t i = 0; i < std::size(Rules()); ++i) {
-        if (static_cast<size_t>(Rules()[i].rule) != i) return false;
-    }
-    return std::size(Rules()) == static_cast<size_t>(Rule::kFurther) + 1;
-}());
 
 }  // namespace brindle

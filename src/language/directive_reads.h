@@ -30,7 +30,7 @@ struct DirectiveRead {
     Part part;
     WhenEmpty when_empty;
     Condition condition = Condition::kAlways;
-    bool of_tool = false;  // the key stands after the prefix of a tool
+    bool of_tool = false;  // the key follows the prefix of a tool
     EventSet events = {};  // if not empty, the only events in which the row holds
 
     // Whether a directive with these keywords writes the part.

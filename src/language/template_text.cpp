@@ -10,9 +10,6 @@ namespace {
 
 constexpr std::string_view kDirectiveOpening = "<@";
 constexpr std::string_view kRunValueOpening = "<RTD";
-// Stands for the `<` of an opening. A text may hold it too: there it divides as an opening does, and a second opening
-// within a word leaves it in the word.
-constexpr std::string_view kMarker = "!STARTWORDHERE!";
 
 std::string MarkOpenings(std::string_view text) {
     std::string marked;
@@ -20,7 +17,7 @@ std::string MarkOpenings(std::string_view text) {
     for (size_t at = text.find('<'); at != std::string_view::npos; at = text.find('<', at + 1)) {
         const std::string_view rest = text.substr(at);
         if (!rest.starts_with(kDirectiveOpening) && !rest.starts_with(kRunValueOpening)) continue;
-        marked.append(text.substr(done, at - done)).append(kMarker);
+        marked.append(text.substr(done, at - done)).append(kWordMarker);
         done = at + 1;
     }
     return marked.append(text.substr(done));
@@ -42,9 +39,9 @@ std::vector<TemplatePiece> CutTemplateText(std::string_view text) {
     const std::string marked = MarkOpenings(text);
     std::string_view rest = marked;
     bool closings_left = true;
-    for (size_t at = rest.find(kMarker); at != std::string_view::npos; at = rest.find(kMarker)) {
+    for (size_t at = rest.find(kWordMarker); at != std::string_view::npos; at = rest.find(kWordMarker)) {
         AddPiece(pieces, rest.substr(0, at));
-        rest.remove_prefix(at + kMarker.size());
+        rest.remove_prefix(at + kWordMarker.size());
         if (!closings_left) continue;
         const size_t close = rest.find('>');
         closings_left = close != std::string_view::npos;

@@ -20,6 +20,10 @@ struct TemplatePiece {
     bool operator==(const TemplatePiece&) const = default;
 };
 
+// Stands for the `<` of an opening while a text is cut. A text may hold it too: there it divides as an opening does,
+// and a second opening within a word leaves it in the word.
+inline constexpr std::string_view kWordMarker = "!STARTWORDHERE!";
+
 // The pieces of `text` that are not empty, in order. `<@` and `<RTD` open a word and the next `>` closes it; without
 // one the word goes on to the next opening or to the end. A piece is classed by its own first characters, so fixed text
 // that begins with `@` is a directive too.

@@ -106,6 +106,7 @@ public:
     constexpr EventSet(std::initializer_list<EventRef> events) {
         for (const EventRef event : events) bits_ |= Bit(*event.operator->());
     }
+    constexpr bool operator==(const EventSet&) const = default;
     constexpr bool IsEmpty() const { return bits_ == 0; }
     // `event` is null for a key that is no template's.
     constexpr bool Has(const EventInfo* event) const { return event != nullptr && (bits_ & Bit(*event)) != 0; }

@@ -26,7 +26,7 @@ bool IsCustomary(std::string_view name) {
     return !IsDigit(c) && (c < 'A' || c > 'Z');
 }
 
-// Whether each word behind the first is the number `neutral`.
+// Whether each word after the first is the number `neutral`.
 bool AllAre(const std::vector<std::string_view>& words, double neutral) {
     return std::all_of(words.begin() + 1, words.end(),
                        [neutral](std::string_view word) { return ParseNumber(word) == neutral; });

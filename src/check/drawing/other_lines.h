@@ -12,14 +12,14 @@
 
 namespace brindle {
 
-// Sees all lines of a drawing in their order. What is told once per name is kept until the end.
+// Sees all lines of a drawing in their order. What is reported once per name is kept until the end.
 class COtherLines {
 public:
     // A line that is none of the records that the library takes. `inches` are the units in force.
     void Look(size_t line, const std::vector<std::string_view>& words, bool inches, CDiagnostics& diagnostics);
     // A line that is one: the order data, which may hold anything, are over.
     void SeeRecord() { in_order_ = false; }
-    // Reports what is told once per name.
+    // Reports what is kept.
     void ReportNames(CDiagnostics& diagnostics) const;
 
 private:

@@ -18,8 +18,8 @@ bool HasCommaAfter(const std::vector<std::string_view>& words, size_t at) {
     return gap.find(',') != std::string_view::npos;
 }
 
-// Whether the name goes on behind a blank, as in `C,MY PART,10,10,0,0,0`. Where blanks separate all words, only their
-// number tells.
+// Whether the name goes on after a blank, as in `C,MY PART,10,10,0,0,0`. Where blanks separate all words, only their
+// number says so.
 bool IsNameCut(const RecordType& type, const std::vector<std::string_view>& words) {
     if (!HasName(type) || words.size() < 3 || HasCommaAfter(words, 1)) return false;
     return HasCommaAfter(words, 0) || words.size() > type.words.size();

@@ -5,7 +5,7 @@
 namespace brindle {
 namespace {
 
-// The key behind the prefix of a tool; empty if there is no prefix.
+// The key after the prefix of a tool; empty if there is no prefix.
 std::string_view BehindToolPrefix(std::string_view key) {
     if (!key.starts_with('T')) return {};
     const size_t end = key.find_first_not_of("0123456789", 1);

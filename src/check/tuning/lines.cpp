@@ -165,7 +165,7 @@ private:
             Quoted(value) + " is no whole number of 32 bits: it counts as " + std::to_string(TruncateToInt32(*number)));
     }
 
-    // N words and texts stand in pairs behind the key; one wrong word shifts all behind it, so only the first is told.
+    // N words and texts follow the key in pairs; one wrong word shifts all after it, so only the first is reported.
     void CheckTemplate(const PlacedLine& line) {
         CNWordInfo n_word;
         size_t i = 2;
@@ -185,7 +185,7 @@ private:
         }
     }
 
-    // Why another word stands in the place of an N word.
+    // Why another word is in the place of an N word.
     static std::string HintForNWord(const PlacedLine& line, size_t at) {
         const std::string_view word = line.words[at];
         if (at == 2) return "; NNUL is missing before the first text";

@@ -20,7 +20,7 @@ bool IsOneOf(const DirectiveUse& use, Directives directives) {
 
 bool IsEvent(const PlacedText& text, EventSet events) { return events.Has(text.item->match.event); }
 
-// Looks for what a run needs a directive for that stands in none of the texts that it reads.
+// Looks for what a run needs a directive for that is in none of the texts that it reads.
 class MissingWordChecker {
 public:
     MissingWordChecker(const CPlacedTuning& tuning, CDiagnostics& diagnostics)
@@ -73,7 +73,7 @@ private:
         Add(Rule::kNoFlyCode, Key("Fly_bSupport")->name, "no template has @FlyModeCode: fly mode never goes on");
     }
 
-    // A knife that swivels by itself is tangential too and needs no words; an address tells that they are wanted.
+    // A knife that swivels by itself is tangential too and needs no words; an address says that they are wanted.
     void CheckRotation() {
         const bool is_wanted = tuning_.abilities().tangential && !options_.ReadText(Key("ToolRot_sAddr")).empty();
         if (!is_wanted || Writes({D::kAtAngle, D::kFinAngle})) return;
@@ -95,7 +95,7 @@ private:
             "neither this nor MoveToIncludePt_tTmpl has @IncludePtWords: all calls are cut in one place");
     }
 
-    // The code can stand in a template as fixed text too.
+    // The code can be in a template as fixed text too.
     void CheckModeOfSubs() {
         if (!HasTemplate({Event("SubCall_")}) || !Holds(Condition::kAbsoluteMain, tuning_) ||
             Holds(Condition::kSubsAbsolute, tuning_))

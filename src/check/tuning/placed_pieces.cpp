@@ -6,24 +6,18 @@
 #include "text/words.h"
 
 namespace brindle {
-namespace {
-
-// What a run puts in the place of the `<` that opens a word. Within a word it stays, so a piece may hold it.
-constexpr std::string_view kMarker = "!STARTWORDHERE!";
-
-}  // namespace
 
 std::vector<PlacedPiece> PlacePieces(std::string_view text) {
     std::vector<PlacedPiece> placed;
     size_t at = 0;
     for (TemplatePiece& piece : CutTemplateText(text)) {
-        std::string as_written = ReplaceAll(piece.text, kMarker, "<");
+        std::string as_written = ReplaceAll(piece.text, kWordMarker, "<");
         // Only openings and closings lie between one piece and the next.
         while (at < text.size() && !text.substr(at).starts_with(as_written)) {
             if (text.substr(at).starts_with(piece.text))
                 as_written = piece.text;
             else
-                at += text.substr(at).starts_with(kMarker) ? kMarker.size() : 1;
+                at += text.substr(at).starts_with(kWordMarker) ? kWordMarker.size() : 1;
         }
         const size_t end = std::min(at + as_written.size(), text.size());
         const bool opened = at > 0 && text[at - 1] == '<' && as_written.find_first_of("@R") == 0;

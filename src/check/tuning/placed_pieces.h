@@ -9,12 +9,12 @@
 
 namespace brindle {
 
-// A piece of a text, and where it stands there.
+// A piece of a text, and where it is there.
 struct PlacedPiece {
     TemplatePiece piece;
     size_t at;    // of its first byte
-    bool opened;  // stands behind a `<`
-    bool closed;  // stands before a `>`
+    bool opened;  // follows a `<`
+    bool closed;  // is followed by a `>`
 };
 
 // The pieces of `text`, cut as a run cuts them.

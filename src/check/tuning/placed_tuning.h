@@ -19,7 +19,7 @@
 
 namespace brindle {
 
-// A line of the file; its words are what stands between blanks and tabs. One that holds a NUL byte can't be handed to
+// A line of the file; its words are what is between blanks and tabs. One that holds a NUL byte can't be handed to
 // the library and has no words.
 struct PlacedLine {
     size_t number = 0;  // from 1
@@ -36,7 +36,7 @@ struct PlacedLine {
     bool HasTabBefore(std::string_view word) const { return word.data() > text.data() && word.data()[-1] == '\t'; }
 };
 
-// A word of a line without its escapes. Knows where each byte of the text stands in the line.
+// A word of a line without its escapes. Knows where each byte of the text is in the line.
 class PlacedWord {
 public:
     PlacedWord(const PlacedLine& line, std::string_view word);
@@ -80,7 +80,7 @@ struct DirectiveUse {
     Place place;  // of its name
 };
 
-// A tool prefix that stands in the tuning.
+// A tool prefix that the tuning has.
 struct ToolUse {
     int32_t number = 0;                 // -1 for the default tool
     bool own = false;                   // a record can ask for it: its speeds and templates are read
@@ -95,7 +95,7 @@ struct ToolAbilities {
     bool tangential = false;
     bool fly = false;
     bool small_radii = false;  // slows down for them
-    bool bare_speeds = false;  // has a speed that begins with a digit, so that no address stands in it
+    bool bare_speeds = false;  // has a speed that begins with a digit, so that it holds no address
 };
 
 class CPlacedTuning {

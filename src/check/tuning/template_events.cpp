@@ -7,7 +7,7 @@
 namespace brindle {
 namespace {
 
-// What stands ready when the template of an event is executed. A segment can end at any record.
+// What there is when the template of an event is executed. A segment can end at any record.
 struct EventState {
     EventRef event;
     Records records;
@@ -70,7 +70,7 @@ private:
         return true;
     }
 
-    // What a place is worth: in further segments records and tools may stand ready where there are none at first.
+    // What counts at an event: in further segments there may be records and tools where there are none at first.
     std::optional<EventState> StateOf(const EventInfo& event) const {
         const bool segments = Holds(Condition::kSegments, tuning_);
         const bool subs_first =

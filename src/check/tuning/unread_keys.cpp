@@ -30,7 +30,7 @@ bool HoldsDefault(const CPlacedTuning& tuning, const PlacedItem& item) {
 // Directives by the keys that nothing but they read.
 using Readers = std::map<std::string_view, std::vector<std::string_view>>;
 
-// The readers of keys that none of them reads: they stand in no template that a run reads.
+// The readers of keys that none of them reads: no template that a run reads has them.
 Readers FindUnusedReaders(const CPlacedTuning& tuning) {
     Readers readers;
     for (const DirectiveRead& read : DirectiveReads()) {

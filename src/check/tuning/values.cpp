@@ -5,7 +5,7 @@
 namespace brindle {
 namespace {
 
-// A combination of options that can't be meant, told at one of them.
+// A combination of options that can't be meant, reported at one of them.
 struct OptionCheck {
     Rule rule;
     KeyRef key;

@@ -39,14 +39,14 @@ const KeywordInfo* FindKeyword(std::string_view name) {
     return nullptr;
 }
 
-// One keyword of an argument list, with the value in parentheses behind it.
+// One keyword of an argument list, with the value in parentheses after it.
 struct Argument {
     std::string_view name;
     std::optional<std::string_view> value;  // nothing without a parenthesis
     bool is_closed = true;                  // the parenthesis is
 };
 
-// Cuts the arguments behind a `[` as people write them: names, each perhaps with a value.
+// Cuts the arguments after a `[` as people write them: names, each perhaps with a value.
 std::vector<Argument> CutArguments(std::string_view text) {
     constexpr std::string_view kSeparators = " ,])";
     std::vector<Argument> arguments;
@@ -187,7 +187,7 @@ private:
             DidYouMean(NearestDirective(trimmed)));
     }
 
-    // Without the `]` no separator stands behind the last keyword, unless it ends in one.
+    // Without the `]` no separator follows the last keyword, unless it ends in one.
     void WarnOfOpenBracket(size_t bracket, std::string_view text) {
         const bool is_found = std::string_view(" ,()").find(text.back()) != std::string_view::npos;
         Add(Rule::kUnclosedArguments, bracket, text.size() - bracket,
@@ -210,7 +210,7 @@ private:
         if (argument.value) Add(Rule::kExtraKeywordValue, at, name.size(), std::string(info->name) + " takes no value");
     }
 
-    // A value is what stands before the next `)`, even if that belongs to another keyword.
+    // A value is what comes before the next `)`, even if that belongs to another keyword.
     void WarnOfNoValue(size_t at, const KeywordInfo& info, const CAtDirKeywords& keywords) {
         std::string text = std::string(info.name) + " has no value: it is written " + std::string(info.form);
         if (const auto value = ValueOf(keywords, info.keyword)) text += "; here it counts as " + ShortNumber(*value);

@@ -7,6 +7,7 @@
 #include <cstring>
 
 #include "allocations.h"
+#include "api/brindle_mgr.h"
 #include "brindle/brindle.h"
 #include "cff2/cff2_reader.h"
 #include "generator/char_codes.h"
@@ -132,7 +133,7 @@ void ReadDrawing(benchmark::State& state) {
     for (auto _ : state) {
         CNCGeomMgr geometry;
         JobData job;
-        ReadCF2(drawing.path(), geometry, job);
+        ReadCF2(*ReadWholeFile(drawing.path()), geometry, job);
         benchmark::DoNotOptimize(geometry.GetRecordCount(0));
     }
     state.SetItemsProcessed(state.iterations() * state.range(0));

@@ -116,12 +116,12 @@ CNCIncludeData::Fields CallOf(int64_t i) {
 
 int32_t ToolOf(int64_t i) { return static_cast<int32_t>(1 + i / 10 % 30); }
 
-void Load(const Job& job, int64_t records, CBrindleMgr& session) {
+void Load(const Job& job, int64_t records, CSession& session) {
     for (const std::string& line : job.tuning()) session.tuning.ReadLine(line, CRunTimeDataDef::ReadMode::kTuning);
     job.add_records(session.Records(), records);
 }
 
-std::string FetchAll(CBrindleMgr& session) {
+std::string FetchAll(CSession& session) {
     std::string all;
     for (int32_t number = 1; session.buffers.SetCurBuffer(number); ++number) {
         while (session.buffers.CurBufferHasMoreData()) all += session.buffers.GetOutputBuffer();

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "api/brindle_mgr.h"
+#include "session/session.h"
 
 namespace brindle::bench {
 
@@ -33,9 +33,9 @@ CNCIncludeData::Fields CallOf(int64_t i);
 int32_t ToolOf(int64_t i);
 
 // Puts tuning and records of `job` into `session`.
-void Load(const Job& job, int64_t records, CBrindleMgr& session);
+void Load(const Job& job, int64_t records, CSession& session);
 
 // The pieces of all buffers, joined. They are taken out.
-std::string FetchAll(CBrindleMgr& session);
+std::string FetchAll(CSession& session);
 
 }  // namespace brindle::bench

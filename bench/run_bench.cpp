@@ -24,9 +24,9 @@ void RequireEqual(const Job& job, const std::string& run, const std::string& by_
 
 void Run(benchmark::State& state, const Job& job, ByHand by_hand) {
     const int64_t records = state.range(0);
-    CBrindleMgr session;
+    CSession session;
     Load(job, records, session);
-    session.RunOutput();
+    RunJob(session);
     const std::string text = FetchAll(session);
     RequireEqual(job, text, by_hand(records, Writer::kPrintf));
     RequireEqual(job, text, by_hand(records, Writer::kToChars));
@@ -34,13 +34,13 @@ void Run(benchmark::State& state, const Job& job, ByHand by_hand) {
     size_t bytes_kept = 0;
     for (auto _ : state) {
         const Allocations before = AllocationsSoFar();
-        session.RunOutput();
+        RunJob(session);
         allocations = AllocationsSoFar().count - before.count;
     }
     session.buffers.Reset();
     session.trace.Clear();
     const size_t bytes_before = AllocationsSoFar().bytes_live;
-    session.RunOutput();
+    RunJob(session);
     bytes_kept = AllocationsSoFar().bytes_live - bytes_before;
     state.SetItemsProcessed(state.iterations() * records);
     state.SetBytesProcessed(state.iterations() * static_cast<int64_t>(text.size()));
@@ -69,7 +69,7 @@ void StoreLines(benchmark::State& state) {
     size_t bytes = 0;
     for (auto _ : state) {
         const size_t before = AllocationsSoFar().bytes_live;
-        CBrindleMgr session;
+        CSession session;
         Load(kLines, records, session);
         bytes = AllocationsSoFar().bytes_live - before;
     }

@@ -2,15 +2,13 @@
 #include <cstdint>
 #include <string>
 
-#include "api/brindle_mgr.h"
-#include "cff2/cff2_reader.h"
-#include "files.h"
+#include "session/session.h"
 
 namespace {
 
 constexpr size_t kLongest = 4000;  // a longer drawing is slow, not new
 
-void SetTemplate(brindle::CBrindleMgr& session, const std::string& event, const std::string& text) {
+void SetTemplate(brindle::CSession& session, const std::string& event, const std::string& text) {
     session.tuning.SetMulti(event + "_tTmpl", {{{}, text}});
 }
 
@@ -18,8 +16,7 @@ void SetTemplate(brindle::CBrindleMgr& session, const std::string& event, const 
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     if (size > kLongest) return 0;
-    const CMemoryFile drawing({reinterpret_cast<const char*>(data), size});
-    brindle::CBrindleMgr session;
+    brindle::CSession session;
     SetTemplate(session, "Move", "<@StartPtWords[INC]>");
     SetTemplate(session, "Line", "<@EndPtWords><@AtAngle><@CutWidth><@BridgeWidth>");
     SetTemplate(session, "Arc", "<@EndPtWords><@ArcDataWords><@Radius><@Subtended><@MidPtWords><@FinAngle>");
@@ -32,10 +29,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     session.tuning.SetReal("T_SmFacet_rMaxRadiusMM", 5.0);
     session.tuning.SetReal("T_SmFacet_rLiftAngleDEG", 7.0);
     session.tuning.SetReal("rMaxOrdIN", 1e6);
-    brindle::ReadCF2(drawing.path(), session.geometry, session.controller.job);
-    session.RunOutput();
+    session.TakeDrawing({reinterpret_cast<const char*>(data), size});
+    brindle::RunJob(session);
     session.tuning.SetBool("bUseSubs", 0);
     session.tuning.SetBool("bArcByRad", 1);
-    session.RunOutput();
+    brindle::RunJob(session);
     return 0;
 }

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "api/brindle_mgr.h"
+#include "session/session.h"
 
 namespace {
 
@@ -32,7 +32,7 @@ std::string_view TakeLine(std::string_view& text) {
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     if (size > kLongest) return 0;
-    brindle::CBrindleMgr session;
+    brindle::CSession session;
     std::string_view text(reinterpret_cast<const char*>(data), size);
     const brindle::TemplateLines lines = {{{}, std::string(TakeLine(text))}, {{}, "<@NBlockOn>N"}};
     for (const std::string_view event : kTemplates) session.tuning.SetMulti(std::string(event) + "tTmpl", lines);
@@ -52,7 +52,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     records.AddInclude({"S", {5.0, 5.0}, {}, 0.5, true, false});
     records.StartSub("S", {}, true, true);
     records.AddLine({1, 1, 0.5, 2, 1.0}, {0.0, 0.0}, {0.0, 7.0});
-    session.RunOutput();
-    session.RunOutput();
+    brindle::RunJob(session);
+    brindle::RunJob(session);
     return 0;
 }

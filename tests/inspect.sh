@@ -23,7 +23,7 @@ expect 'dump of one template, by its event' 0 "$("$BRINDLE" dump data/dump.tun -
     dump data/dump.tun --template Line_
 expect 'dump of a template that is not there' 1 "brindle: data/dump.tun: no template 'Arc_tTmpl'" \
     dump data/dump.tun --template Arc_tTmpl
-expect 'dump of no tuning' 1 'brindle: bad/bytes.tun:7: a NUL byte: this is no tuning' dump bad/bytes.tun
+expect 'dump of no tuning' 1 'brindle: bad/bytes.tun:7: the line holds a NUL byte: this is no tuning' dump bad/bytes.tun
 expect 'dump of a missing file' 1 'brindle: data/missing.tun: no such file' dump data/missing.tun
 
 expect 'one key' 0 "Tools

@@ -4,13 +4,15 @@
 #include <vector>
 
 #include "check/tuning/run_time_words.h"
+#include "editor/nc_run_time_dlg.h"
 #include "host/commands/commands.h"
+#include "host/console/date_text.h"
 #include "host/console/messages.h"
 #include "host/console/text_table.h"
-#include "host/console/tuning_report.h"
-#include "host/edit/edit_data.h"
-#include "host/post/date_text.h"
-#include "host/post/loaded_tuning.h"
+#include "host/edit/find_toolkit.h"
+#include "host/load/loaded_tuning.h"
+#include "host/load/tuning_report.h"
+#include "platform/text_encoding.h"
 #include "text/numbers.h"
 
 namespace brindle::host {
@@ -78,6 +80,26 @@ void PrintDefinition(const CRunTimeDataDef& definition, const std::string& datas
         const std::string name = datasets.NameAt(i);
         if (dataset.empty() || dataset == name) PrintDataset(definition, *datasets.Find(name));
     }
+}
+
+// What the user confirms is stored as the values last used, where a later job finds them.
+int EditData(const LoadedTuning& tuning, const std::string& dataset, const std::string& tuning_pick) {
+    if (dataset.empty()) {
+        PrintError({tuning.definition_name}, "defines no dataset: there are no values to edit");
+        return kBadInput;
+    }
+    CToolkit* const toolkit = FindToolkit();
+    if (toolkit == nullptr) return kBadInput;
+    CSession session;
+    SetTuning(session, tuning);
+    const std::string chosen =
+        DisplayRunTimeData(*toolkit, session.tuning.definition(), AsUtf8(tuning_pick), dataset, session.run_values);
+    if (chosen.empty()) {
+        PrintNote({tuning.definition_name}, "editing was cancelled: values and dataset stay as they were");
+    } else {
+        std::cout << PrintableText(chosen) << '\n';
+    }
+    return kGood;
 }
 
 int RunData(const DataArguments& arguments) {

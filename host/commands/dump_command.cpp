@@ -9,7 +9,7 @@
 #include "check/tuning/keyword_values.h"
 #include "host/commands/commands.h"
 #include "host/console/messages.h"
-#include "host/files/tuning_file.h"
+#include "host/load/loaded_tuning.h"
 #include "language/compiled_text.h"
 #include "language/directives.h"
 #include "language/template_text.h"
@@ -165,15 +165,9 @@ private:
 };
 
 int Dump(const DumpOptions& options) {
-    TuningFile file;
-    if (!ReadTuningFile(options.path, file)) return kBadInput;
-    if (const size_t line = FirstLineWithNul(file)) {
-        PrintError({options.path, line}, "a NUL byte: this is no tuning");
-        return kBadInput;
-    }
-    CBrindleOpts tuning;
-    for (const std::string_view line : file.lines) tuning.ReadLine(line, CRunTimeDataDef::ReadMode::kTuning);
-    Dumper dumper(tuning);
+    LoadedTuning tuning;
+    if (!LoadTuning(options.path, {}, tuning)) return kBadInput;
+    Dumper dumper(tuning.options);
     if (options.key.empty()) {
         dumper.PrintAll();
     } else if (!dumper.PrintOne(options.key)) {

@@ -1,16 +1,17 @@
 #include <filesystem>
 #include <memory>
-#include <new>
 #include <string>
 
-#include "api/brindle_mgr.h"
-#include "brindle/brindle.h"
+#include "editor/params_sheet.h"
 #include "host/commands/commands.h"
-#include "host/console/drawing_report.h"
 #include "host/console/messages.h"
+#include "host/edit/find_toolkit.h"
 #include "host/edit/tuning_edits.h"
+#include "host/files/input_file.h"
 #include "host/files/output_files.h"
-#include "host/post/loaded_tuning.h"
+#include "host/load/loaded_drawing.h"
+#include "host/load/loaded_tuning.h"
+#include "platform/text_encoding.h"
 
 namespace brindle::host {
 namespace {
@@ -21,6 +22,8 @@ struct EditArguments {
     std::string tuning, drawing;
     bool inches = false;
 };
+
+std::string NameOf(const std::string& path) { return AsUtf8(fs::path(path).filename().string()); }
 
 // A tuning that isn't there yet begins empty.
 bool LoadOrBegin(const std::string& path, LoadedTuning& tuning) {
@@ -44,26 +47,13 @@ void WarnOfDroppedLines(const TuningFile& file) {
     }
 }
 
-// Which tools the drawing needs is for the user to see in the preview.
-bool SendDrawing(const std::string& path, CLibraryInput& drawing) {
-    if (path.empty()) return true;
-    DrawingSurvey survey;
-    if (!drawing.Open(path) || !ReportOnDrawing(path, drawing.text(), nullptr, survey)) return false;
-    GBrn_SetFileName(Wide(fs::path(path).filename().string()).c_str());
-    GBrn_OpenCF2File(Wide(drawing.path()).c_str());
-    return true;
-}
-
 // The session's tuning as a file, with the line ends of the file that it came from.
-std::string SavedText(const TuningFile& file) {
-    wchar_t* all = nullptr;
-    GBrn_GetTuning(&all);
-    if (all == nullptr) throw std::bad_alloc();
-    std::string text = Taken(all);
-    const std::string line_end = file.text.find("\r\n") != std::string::npos ? "\r\n" : "\n";
-    for (size_t at = 0; (at = text.find('\b', at)) != std::string::npos; at += line_end.size()) {
-        text.replace(at, 1, line_end);
-    }
+std::string SavedText(const CBrindleOpts& tuning, const TuningFile& file) {
+    const std::string_view line_end = file.text.find("\r\n") != std::string::npos ? "\r\n" : "\n";
+    std::vector<std::string> lines;
+    tuning.WriteToList(lines);
+    std::string text;
+    for (const std::string& line : lines) text.append(AsUtf8(line)).append(line_end);
     return text;
 }
 
@@ -73,10 +63,10 @@ bool Write(const std::string& path, const std::string& text) {
 }
 
 // A field that the user has only looked at must not change a machine's program in silence.
-void NoteChangedDefaults(const LoadedTuning& tuning) {
+void NoteChangedDefaults(const LoadedTuning& tuning, const CBrindleOpts& edited) {
     if (tuning.file.lines.empty()) return;  // a new tuning
     std::string keys;
-    for (const std::string& key : ChangedByDefaults(tuning.options, CBrindleMgr::Current().tuning)) {
+    for (const std::string& key : ChangedByDefaults(tuning.options, edited)) {
         keys.append(keys.empty() ? "" : ", ").append(key);
     }
     if (keys.empty()) return;
@@ -85,9 +75,9 @@ void NoteChangedDefaults(const LoadedTuning& tuning) {
 }
 
 // The previous file stays as `TUNING~`, which is whole before the tuning is replaced.
-int Save(const LoadedTuning& tuning) {
+int Save(const LoadedTuning& tuning, const CBrindleOpts& edited) {
     const TuningFile& file = tuning.file;
-    const std::string text = SavedText(file);
+    const std::string text = SavedText(edited, file);
     if (text == file.text) {
         PrintNote({file.path}, "nothing has changed");
         return kGood;
@@ -95,12 +85,12 @@ int Save(const LoadedTuning& tuning) {
     std::error_code error;
     if (fs::exists(file.path, error) && !Write(file.path + "~", file.text)) return kBadInput;
     if (!Write(file.path, text)) return kBadInput;
-    NoteChangedDefaults(tuning);
+    NoteChangedDefaults(tuning, edited);
     return kGood;
 }
 
-int ReportCancel(const LoadedTuning& tuning) {
-    const auto keys = EditedKeys(tuning.options, CBrindleMgr::Current().tuning);
+int ReportCancel(const LoadedTuning& tuning, const CBrindleOpts& edited) {
+    const auto keys = EditedKeys(tuning.options, edited);
     if (keys.empty()) return kGood;
     PrintNote({tuning.file.path},
               "left as it was; " + Counted(keys.size(), "edit") + " dropped, the first of " + keys[0]);
@@ -109,19 +99,23 @@ int ReportCancel(const LoadedTuning& tuning) {
 
 int Edit(const EditArguments& arguments) {
     LoadedTuning tuning;
-    CLibraryInput drawing;
-    if (!HasEditor() || !LoadOrBegin(arguments.tuning, tuning)) return kBadInput;
+    CToolkit* const toolkit = FindToolkit();
+    if (toolkit == nullptr || !LoadOrBegin(arguments.tuning, tuning)) return kBadInput;
     WarnOfDroppedLines(tuning.file);
-    const std::string name = fs::path(arguments.tuning).filename().string();
-    GBrn_Clear();
-    for (const std::string_view line : tuning.file.lines) GBrn_ReadTuneLine(Wide(line).c_str());
-    GBrn_SetTuningFileName(Wide(name).c_str());
-    if (!SendDrawing(arguments.drawing, drawing)) return kBadInput;
-    int with_ok = 0;
-    GBrn_DisplayTuningDialog(arguments.inches ? 1 : 0, Wide(name + " - Brindle Parameter Editor").c_str(), &with_ok);
-    const int status = with_ok != 0 ? Save(tuning) : ReportCancel(tuning);
-    GBrn_Clear();
-    return status;
+    CSession session;
+    SetTuning(session, tuning);
+    session.Job().tuning_file = NameOf(arguments.tuning);
+    if (!arguments.drawing.empty()) {
+        // Which tools the drawing needs is for the user to see in the preview.
+        const std::optional<LoadedDrawing> drawing = LoadDrawing(arguments.drawing, nullptr);
+        if (!drawing) return kBadInput;
+        session.Job().file_name = NameOf(arguments.drawing);
+        session.TakeDrawing(drawing->text);
+    }
+    CNCParamsSheet sheet(*toolkit, &session, arguments.inches,
+                         NameOf(arguments.tuning) + " - Brindle Parameter Editor");
+    sheet.AddPages();
+    return sheet.RunModal() ? Save(tuning, session.tuning) : ReportCancel(tuning, session.tuning);
 }
 
 }  // namespace

@@ -4,18 +4,16 @@
 #include <memory>
 #include <string>
 
-#include "api/brindle_mgr.h"
-#include "cff2/cff2_reader.h"
-#include "generator/output_run.h"
 #include "host/commands/commands.h"
 #include "host/commands/number_pair.h"
-#include "host/console/drawing_report.h"
 #include "host/console/messages.h"
-#include "host/console/tuning_report.h"
+#include "host/files/input_file.h"
 #include "host/files/output_files.h"
+#include "host/files/output_plan.h"
+#include "host/load/loaded_drawing.h"
+#include "host/load/loaded_tuning.h"
+#include "host/load/tuning_report.h"
 #include "host/picture/scene_painter.h"
-#include "host/post/loaded_tuning.h"
-#include "host/post/output_plan.h"
 #include "host/post/run_report.h"
 #include "scene/scene_of_path.h"
 #include "text/ascii.h"
@@ -86,20 +84,16 @@ PictureStyle StyleOf(const PlotArguments& arguments) {
 
 bool RunForScene(const PlotArguments& arguments, PathScene& scene) {
     LoadedTuning tuning;
-    CLibraryInput drawing;
     if (!LoadTuning(arguments.tuning, {}, tuning) || !ReportOnTuning(tuning)) return false;
-    if (!drawing.Open(arguments.drawing)) return false;
-    DrawingSurvey survey;
-    if (!ReportOnDrawing(arguments.drawing, drawing.text(), &tuning.options, survey)) return false;
-    CBrindleMgr session;
-    ReadCF2(drawing.path(), session.geometry, session.controller.job);
-    ToolPath path;
-    RunOutput({tuning.options, session.run_values, session.controller, session.output_state, session.trace,
-               session.buffers, session.geometry, session.run_settings},
-              &path);
-    PrintRunMessages(session.trace, arguments.drawing, false);
-    if (!path.complete) PrintWarning({arguments.drawing}, "the calls lead to more than can be drawn");
-    scene = MakeScene(path);
+    const std::optional<LoadedDrawing> drawing = LoadDrawing(arguments.drawing, &tuning.options);
+    if (!drawing) return false;
+    CSession session;
+    SetTuning(session, tuning);
+    session.TakeDrawing(drawing->text);
+    const JobResult result = RunJob(session, WithPath::kYes);
+    PrintRunMessages(result, arguments.drawing, false);
+    if (!result.path->complete) PrintWarning({arguments.drawing}, "the calls lead to more than can be drawn");
+    scene = MakeScene(*result.path);
     if (scene.strokes.empty()) PrintWarning({arguments.drawing}, "the tool goes nowhere");
     return true;
 }

@@ -1,17 +1,16 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <thread>
 #include <vector>
 
 #include "host/commands/commands.h"
 #include "host/commands/number_pair.h"
+#include "host/console/date_text.h"
 #include "host/console/messages.h"
-#include "host/console/tuning_report.h"
-#include "host/post/date_text.h"
-#include "host/post/parallel_jobs.h"
-#include "host/post/post_job.h"
+#include "host/load/tuning_report.h"
+#include "host/post/post_jobs.h"
 #include "platform/local_time.h"
-#include "platform/worker_pool.h"
 #include "text/numbers.h"
 
 namespace brindle::host {
@@ -171,16 +170,6 @@ void TakeArguments(PostArguments& arguments) {
     for (const std::string& text : arguments.settings) job.run_data.settings.push_back(*ParseSetting(text));
 }
 
-int RunJobs(OutputPlan& plan, const LoadedTuning& tuning, const JobOptions& job) {
-    int status = kGood;
-    for (size_t i = 0; i < plan.jobs.size(); ++i) {
-        const std::string progress = "drawing " + std::to_string(i + 1) + " of " + std::to_string(plan.jobs.size()) +
-                                     ": " + plan.jobs[i].drawing;
-        if (!RunPostJob(plan.jobs[i], tuning, job, plan.roles, progress)) status = kBadInput;
-    }
-    return status;
-}
-
 int Post(PostArguments& arguments) {
     OutputRequest request{arguments.drawings, arguments.output, arguments.trace, {arguments.tuning}};
     if (!arguments.definition.empty()) request.inputs.push_back(arguments.definition);
@@ -195,9 +184,8 @@ int Post(PostArguments& arguments) {
     if (!LoadTuning(arguments.tuning, arguments.definition, tuning) || !ReportOnTuning(tuning)) return kBadInput;
     if (!ChooseDataset(tuning, job.dataset, job.run_data.dataset)) return kBadInput;
     if (!CheckSettings(tuning, job.run_data)) return kBadInput;
-    const size_t at_a_time = arguments.jobs == 0 ? ProcessorCores() : arguments.jobs;
-    const bool in_turn = at_a_time == 1 || plan.jobs.size() == 1;
-    return in_turn ? RunJobs(plan, tuning, job) : RunParallelJobs(plan, tuning, job, at_a_time);
+    const size_t at_a_time = arguments.jobs == 0 ? std::thread::hardware_concurrency() : arguments.jobs;
+    return RunPostJobs(plan, tuning, job, at_a_time) ? kGood : kBadInput;
 }
 
 }  // namespace

@@ -14,13 +14,23 @@ constexpr size_t kShownBehind = 60;
 constexpr std::string_view kCutMark = "...";
 constexpr size_t kMostPrinted = 1000;  // nobody reads more
 
+thread_local std::string* collected_messages = nullptr;  // where those of this thread go, null for standard error
+
+void Write(const std::string& lines) {
+    if (collected_messages == nullptr) {
+        std::cerr << lines;
+    } else {
+        collected_messages->append(lines);
+    }
+}
+
 void PrintLine(const InputLine& at, std::string_view severity, std::string_view text) {
     std::string line = "brindle: ";
     if (!at.file.empty()) line.append(at.file == "-" ? "standard input" : PrintableText(at.file));
     if (!at.file.empty() && at.line != 0) line.append(":").append(std::to_string(at.line));
     if (!at.file.empty()) line.append(": ");
     line.append(severity).append(PrintableText(text)).append("\n");
-    std::cerr << line;
+    Write(line);
 }
 
 std::string_view SeverityText(Severity severity) {
@@ -50,10 +60,14 @@ void PrintSource(std::string_view line, size_t word, size_t length) {
     std::string shown = "    ";
     shown.append(mark_before).append(PrintableText(line.substr(first, last - first))).append(mark_behind).append("\n");
     shown.append(4 + indent, ' ').append(carets, '^').append("\n");
-    std::cerr << shown;
+    Write(shown);
 }
 
 }  // namespace
+
+CCollectedMessages::CCollectedMessages() { collected_messages = &text_; }
+
+CCollectedMessages::~CCollectedMessages() { collected_messages = nullptr; }
 
 std::string PrintableText(std::string_view text) {
     std::wstring shown = NarrowToWide(text);

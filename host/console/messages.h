@@ -22,6 +22,19 @@ void PrintError(const InputLine& at, std::string_view text);    // brindle: FILE
 void PrintWarning(const InputLine& at, std::string_view text);  // brindle: FILE:LINE: warning: text
 void PrintNote(const InputLine& at, std::string_view text);     // brindle: FILE:LINE: note: text
 
+// Takes the messages of its thread instead of standard error while it lives. A thread has one at a time.
+class CCollectedMessages {
+public:
+    CCollectedMessages();
+    CCollectedMessages(const CCollectedMessages&) = delete;
+    CCollectedMessages& operator=(const CCollectedMessages&) = delete;
+    ~CCollectedMessages();
+    std::string Take() { return std::move(text_); }
+
+private:
+    std::string text_;
+};
+
 // `text` as a terminal may show it: valid UTF-8 of one line. Tabs become blanks, other control characters and bytes
 // that are no UTF-8 become `?`.
 std::string PrintableText(std::string_view text);

@@ -9,7 +9,7 @@
 
 namespace brindle::host {
 
-CProgressLine::CProgressLine(std::string_view text) : shown_(::isatty(STDERR_FILENO) != 0) {
+CProgressLine::CProgressLine(std::string_view text) : shown_(!text.empty() && ::isatty(STDERR_FILENO) != 0) {
     constexpr size_t kLongest = 60;  // a line that wraps could not be erased
     if (!shown_) return;
     std::cerr << "\rbrindle: " + PrintableText(text.substr(0, kLongest));

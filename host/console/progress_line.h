@@ -5,8 +5,8 @@
 
 namespace brindle::host {
 
-// Shows `text` on standard error from construction to destruction, if that is a terminal. Nothing else may be printed
-// there meanwhile.
+// Shows `text` on standard error from construction to destruction, if that is a terminal; empty text shows nothing.
+// Nothing else may be printed there meanwhile.
 class CProgressLine {
 public:
     explicit CProgressLine(std::string_view text);

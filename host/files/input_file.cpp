@@ -1,15 +1,10 @@
 #include "host/files/input_file.h"
 
-#include <unistd.h>
-
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
 #include <iterator>
 
 #include "host/console/messages.h"
-#include "platform/text_encoding.h"
 #include "platform/text_file.h"
 
 namespace brindle::host {
@@ -32,12 +27,6 @@ std::optional<std::string> ReadStandardInput() {
     return std::nullopt;
 }
 
-// Whether the library, given `path`, would read what we have read.
-bool CanBeReadAgain(const std::string& path) {
-    std::error_code error;
-    return path != kStandardInput && fs::is_regular_file(path, error) && AsUtf8(path) == path;
-}
-
 }  // namespace
 
 std::optional<std::string> ReadInputFile(const std::string& path) {
@@ -45,33 +34,6 @@ std::optional<std::string> ReadInputFile(const std::string& path) {
     std::optional<std::string> text = ReadWholeFile(path);
     if (!text) PrintError({path}, WhyUnreadable(path));
     return text;
-}
-
-CLibraryInput::~CLibraryInput() {
-    if (!copy_.empty()) ::unlink(copy_.c_str());
-}
-
-bool CLibraryInput::Open(const std::string& path) {
-    std::optional<std::string> text = ReadInputFile(path);
-    if (!text) return false;
-    path_ = path;
-    text_ = std::move(*text);
-    return CanBeReadAgain(path) || Copy();
-}
-
-bool CLibraryInput::Copy() {
-    std::error_code error;
-    std::string name = (fs::temp_directory_path(error) / "brindle-XXXXXX").string();
-    const int descriptor = error ? -1 : ::mkstemp(name.data());
-    if (descriptor >= 0) {
-        ::close(descriptor);
-        copy_ = name;
-        std::ofstream file(copy_, std::ios::binary);
-        file.write(text_.data(), static_cast<std::streamsize>(text_.size()));
-        if (file.flush()) return true;
-    }
-    PrintError({path_}, "can't be copied into a temporary file");
-    return false;
 }
 
 }  // namespace brindle::host

@@ -10,7 +10,7 @@
 #include <system_error>
 
 #include "host/console/messages.h"
-#include "host/post/output_plan.h"
+#include "host/files/output_plan.h"
 
 namespace brindle::host {
 namespace {

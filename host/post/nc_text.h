@@ -1,9 +1,11 @@
-// The NC text of a run, fetched from the library and put into bytes.
+// The NC text of a run, put into bytes.
 #pragma once
 
 #include <cstddef>
 #include <string>
 #include <vector>
+
+#include "generator/buffer_mgr.h"
 
 namespace brindle::host {
 
@@ -16,7 +18,7 @@ struct NcText {
     std::string fault;                  // why there is no text, empty if there is
 };
 
-// Fetches all buffers of the last run, which are empty behind it.
-NcText FetchNcText(Encoding encoding);
+// Takes the text out of all buffers.
+NcText TakeNcText(CBufferMgr& buffers, Encoding encoding);
 
 }  // namespace brindle::host

@@ -1,14 +1,15 @@
 #include "host/post/post_job.h"
 
 #include <filesystem>
+#include <new>
 
-#include "api/brindle_mgr.h"
-#include "brindle/brindle.h"
-#include "host/console/drawing_report.h"
 #include "host/console/messages.h"
 #include "host/console/progress_line.h"
+#include "host/files/input_file.h"
 #include "host/files/output_files.h"
+#include "host/load/loaded_drawing.h"
 #include "host/post/run_report.h"
+#include "platform/text_encoding.h"
 
 namespace brindle::host {
 namespace {
@@ -26,66 +27,60 @@ public:
         : planned_(planned), tuning_(tuning), options_(options), roles_(roles) {}
 
     bool Run(const std::string& progress) {
-        if (!drawing_.Open(planned_.drawing)) return false;
-        if (!ReportOnDrawing(planned_.drawing, drawing_.text(), &tuning_.options, survey_)) return false;
+        std::optional<LoadedDrawing> drawing = LoadDrawing(planned_.drawing, &tuning_.options);
+        if (!drawing) return false;
         ExpressionValues values;
-        if (!SettleExpressions(tuning_, options_.run_data, Values(), values)) return false;
-        {
+        if (!SettleExpressions(tuning_, options_.run_data, Values(drawing->survey), values)) return false;
+        const JobResult result = [&] {
             const CProgressLine line(progress);
-            GBrn_Clear();
-            SendTuning(tuning_, options_.run_data, values);
-            SendJobData();
-            SendDrawing();
-            GBrn_End();
-        }
-        PrintRunMessages(CBrindleMgr::Current().trace, planned_.drawing, options_.verbose);
-        const bool written = Write(FetchNcText(options_.encoding));
-        GBrn_Clear();
-        return written;
+            SetTuning(session_, tuning_, values);
+            ApplySettings(options_.run_data, session_.tuning.definition().datasets());
+            SetJobData(session_.Job());
+            session_.TakeDrawing(drawing->text);
+            // The drawing's own unit records set the units too; the user's word comes last.
+            if (options_.inches) session_.Job().auto_inches = *options_.inches;
+            return RunJob(session_);
+        }();
+        PrintRunMessages(result, planned_.drawing, options_.verbose);
+        return Write(TakeNcText(result.buffers, options_.encoding));
     }
 
 private:
-    Place InDrawing(size_t line) const { return {planned_.drawing, line}; }
+    InputLine InDrawing(size_t line) const { return {planned_.drawing, line}; }
 
-    JobValues Values() const {
+    JobValues Values(const DrawingSurvey& survey) const {
         const Point blank = options_.blank.value_or(Point{});
         const Point final_position = options_.final_position.value_or(Point{});
         return {.blank_x = blank.x,
                 .blank_y = blank.y,
-                .size_x = survey_.corner.x,
-                .size_y = survey_.corner.y,
+                .size_x = survey.corner.x,
+                .size_y = survey.corner.y,
                 .final_x = final_position.x,
                 .final_y = final_position.y,
                 .tile = static_cast<double>(options_.tile),
-                .inches = options_.inches.value_or(survey_.inches) ? 1.0 : 0.0,
-                .tools = Count(survey_.tools.size()),
-                .lines = Count(survey_.lines),
-                .arcs = Count(survey_.arcs),
-                .texts = Count(survey_.texts),
-                .calls = Count(survey_.calls),
-                .subs = Count(survey_.subs)};
+                .inches = options_.inches.value_or(survey.inches) ? 1.0 : 0.0,
+                .tools = Count(survey.tools.size()),
+                .lines = Count(survey.lines),
+                .arcs = Count(survey.arcs),
+                .texts = Count(survey.texts),
+                .calls = Count(survey.calls),
+                .subs = Count(survey.subs)};
     }
 
-    void SendJobData() const {
-        GBrn_SetTuningFileName(Wide(options_.tuning_name.value_or(NameOf(tuning_.file.path))).c_str());
-        GBrn_SetFileName(Wide(options_.drawing_name.value_or(NameOf(planned_.drawing))).c_str());
-        GBrn_SetOutputName(Wide(options_.output_name.value_or(NameOf(planned_.nc_path))).c_str());
-        GBrn_SetDate(Wide(options_.date).c_str());
-        GBrn_SetTime(Wide(options_.time).c_str());
-        GBrn_SetMaterialFile(Wide(options_.material).c_str());
-        GBrn_SetDataSetName(Wide(options_.dataset).c_str());
-        GBrn_SetTuneMenuPick(Wide(options_.tuning_pick).c_str());
-        GBrn_SetTileToOutput(options_.tile);
-        if (options_.blank) GBrn_SetBlankSize(options_.blank->x, options_.blank->y);
-        if (options_.final_position) GBrn_SetFinalPosition(options_.final_position->x, options_.final_position->y);
-        // A new session is metric, so this radius is millimetres whatever the units become.
-        if (options_.rotary_radius) GBrn_SetRotaryRadius(*options_.rotary_radius);
-    }
-
-    // The drawing's own unit records set the units too; the user's word comes last.
-    void SendDrawing() const {
-        GBrn_OpenCF2File(Wide(drawing_.path()).c_str());
-        if (options_.inches) GBrn_SetAutoUnitsToInches(*options_.inches ? 1 : 0);
+    void SetJobData(JobData& job) const {
+        job.tuning_file = AsUtf8(options_.tuning_name.value_or(NameOf(tuning_.file.path)));
+        job.file_name = AsUtf8(options_.drawing_name.value_or(NameOf(planned_.drawing)));
+        job.output_name = AsUtf8(options_.output_name.value_or(NameOf(planned_.nc_path)));
+        job.date = AsUtf8(options_.date);
+        job.time = AsUtf8(options_.time);
+        job.material_file = AsUtf8(options_.material);
+        job.dataset_name = AsUtf8(options_.dataset);
+        job.tuning_pick = AsUtf8(options_.tuning_pick);
+        job.tile_to_output = options_.tile;
+        if (options_.blank) job.blank = *options_.blank;
+        job.final_position_set = options_.final_position.has_value();
+        if (options_.final_position) job.final_position = *options_.final_position;
+        if (options_.rotary_radius) job.rotary_radius = *options_.rotary_radius;
     }
 
     bool Write(const NcText& nc) {
@@ -100,7 +95,7 @@ private:
             if (!MayWriteSegment(path) || !files.Add(path, nc.segments[i])) return false;
         }
         if (!planned_.trace_path.empty()) {
-            trace = TraceText(CBrindleMgr::Current().trace);
+            trace = TraceText(session_.trace);
             if (!files.Add(planned_.trace_path, trace)) return false;
         }
         if (!files.Commit()) return false;
@@ -144,15 +139,19 @@ private:
     const LoadedTuning& tuning_;
     const JobOptions& options_;
     CFileRoles& roles_;
-    CLibraryInput drawing_;
-    DrawingSurvey survey_;
+    CSession session_;
 };
 
 }  // namespace
 
 bool RunPostJob(const PlannedJob& planned, const LoadedTuning& tuning, const JobOptions& options, CFileRoles& roles,
                 const std::string& progress) {
-    return CPostJob(planned, tuning, options, roles).Run(progress);
+    try {
+        return CPostJob(planned, tuning, options, roles).Run(progress);
+    } catch (const std::bad_alloc&) {
+        PrintError({planned.drawing}, "not enough memory for this job: no NC file written");
+        return false;
+    }
 }
 
 }  // namespace brindle::host

@@ -5,9 +5,9 @@
 #include <string>
 
 #include "geometry/plane_math.h"
-#include "host/post/loaded_tuning.h"
+#include "host/files/output_plan.h"
+#include "host/load/loaded_tuning.h"
 #include "host/post/nc_text.h"
-#include "host/post/output_plan.h"
 #include "host/post/run_data.h"
 
 namespace brindle::host {

@@ -3,12 +3,8 @@
 #include <algorithm>
 #include <set>
 
-#include "api/brindle_mgr.h"
-#include "brindle/brindle.h"
 #include "host/console/messages.h"
 #include "language/template_text.h"
-#include "platform/system_string.h"
-#include "platform/text_encoding.h"
 #include "text/ascii.h"
 #include "text/numbers.h"
 
@@ -129,39 +125,6 @@ private:
     NamedNumbers numbers_;
 };
 
-// ---- To the library ----
-
-void SendExpressionValues(const ExpressionValues& values) {
-    for (const auto& [expression, value] : values) {
-        GBrn_SetRTDExprValue(Wide(expression).c_str(), Wide(value).c_str());
-    }
-}
-
-// The exchange that a definition file asks for.
-void ExchangeDefinition(const std::string& path, const ExpressionValues& values) {
-    GBrn_ReadRTDDefFromFile(Wide(path).c_str());
-    while (true) {
-        wchar_t* text = nullptr;
-        GBrn_GetNextRTDExpr(&text, nullptr);
-        const std::string expression = Taken(text);
-        if (expression.empty()) break;
-        const auto found = values.find(expression);
-        if (found != values.end()) GBrn_SetRTDExprValue(Wide(expression).c_str(), Wide(found->second).c_str());
-    }
-    GBrn_UpdateDefaultValuesForExpressions(Wide(path).c_str());
-}
-
-// The values go into the dataset as computed ones, which no stored value replaces.
-void ApplySettings(const RunDataRequest& request) {
-    if (request.settings.empty()) return;
-    CDataSetContainer& datasets = CBrindleMgr::Current().tuning.definition().datasets();
-    datasets.Add(request.dataset);
-    CKVItemContainer& values = *datasets.ValuesOf(request.dataset);
-    for (const RunDataSetting& setting : request.settings) {
-        values.SetText(setting.word, setting.value, TextKind::kTextExpression);
-    }
-}
-
 }  // namespace
 
 std::optional<RunDataSetting> ParseSetting(std::string_view text) {
@@ -196,13 +159,13 @@ bool SettleExpressions(const LoadedTuning& tuning, const RunDataRequest& request
     return good;
 }
 
-void SendTuning(const LoadedTuning& tuning, const RunDataRequest& request, const ExpressionValues& values) {
-    GBrn_ClearTuning();
-    // A tuning resolves the expressions of its own lines as it is read, so their values come first.
-    if (!tuning.has_definition_file) SendExpressionValues(values);
-    for (const std::string_view line : tuning.file.lines) GBrn_ReadTuneLine(Wide(line).c_str());
-    if (tuning.has_definition_file) ExchangeDefinition(tuning.definition_file.path(), values);
-    ApplySettings(request);
+void ApplySettings(const RunDataRequest& request, CDataSetContainer& datasets) {
+    if (request.settings.empty()) return;
+    datasets.Add(request.dataset);
+    CKVItemContainer& values = *datasets.ValuesOf(request.dataset);
+    for (const RunDataSetting& setting : request.settings) {
+        values.SetText(setting.word, setting.value, TextKind::kTextExpression);
+    }
 }
 
 }  // namespace brindle::host

@@ -2,14 +2,13 @@
 // compute.
 #pragma once
 
-#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "host/load/loaded_tuning.h"
 #include "host/post/expressions.h"
-#include "host/post/loaded_tuning.h"
 
 namespace brindle::host {
 
@@ -34,16 +33,13 @@ struct RunDataRequest {
 // of its datasets has.
 bool CheckSettings(const LoadedTuning& tuning, const RunDataRequest& request);
 
-// Texts of expressions, and the value of each.
-using ExpressionValues = std::map<std::string, std::string>;
-
 // Settles every expression of the request's dataset: with the value that the user gave; a number by arithmetic over
 // `job` and over the numbers that the user gave names to; a text that is a number is its own value. Words that the user
 // set need none. False, with messages printed that name each expression without value, if there is one.
 bool SettleExpressions(const LoadedTuning& tuning, const RunDataRequest& request, const JobValues& job,
                        ExpressionValues& values);
 
-// Hands the tuning with its run-time data to the library's session, which is new. `values` come from SettleExpressions.
-void SendTuning(const LoadedTuning& tuning, const RunDataRequest& request, const ExpressionValues& values);
+// Puts the settings into the request's dataset, as computed values, which no stored value replaces.
+void ApplySettings(const RunDataRequest& request, CDataSetContainer& datasets);
 
 }  // namespace brindle::host

@@ -23,16 +23,16 @@ std::string_view IndentOf(TraceKind kind) {
 
 }  // namespace
 
-void PrintRunMessages(const CNCDebugMgr& trace, const std::string& drawing, bool verbose) {
+void PrintRunMessages(const JobResult& result, const std::string& drawing, bool verbose) {
     std::unordered_map<std::string_view, size_t> counts;
     std::vector<std::string_view> frequent;  // in the order in which they became so
-    for (size_t i = 0; i < trace.GetCount(); ++i) {
-        const CNCDebugInfo record = trace.Get(i);
-        const bool is_ratio = record.text.starts_with(kFlyRatios);
-        if (record.kind != TraceKind::kMessage || (is_ratio && !verbose)) continue;
-        const size_t count = ++counts[record.text];
-        if (count <= kMostEqual) (is_ratio ? PrintNote : PrintWarning)({drawing}, record.text);
-        if (count == kMostEqual + 1) frequent.push_back(record.text);
+    for (const size_t record : result.Messages()) {
+        const std::string_view text = result.trace.Get(record).text;
+        const bool is_ratio = text.starts_with(kFlyRatios);
+        if (is_ratio && !verbose) continue;
+        const size_t count = ++counts[text];
+        if (count <= kMostEqual) (is_ratio ? PrintNote : PrintWarning)({drawing}, text);
+        if (count == kMostEqual + 1) frequent.push_back(text);
     }
     for (const std::string_view text : frequent) {
         const size_t more = counts[text] - kMostEqual;

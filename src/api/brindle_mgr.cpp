@@ -4,8 +4,6 @@
 #include <memory>
 #include <new>
 
-#include "generator/output_run.h"
-
 namespace brindle {
 namespace {
 
@@ -52,9 +50,5 @@ void CBrindleMgr::LoseWork() {
 }
 
 bool CBrindleMgr::WorkLost() { return Process().work_lost; }
-
-void CBrindleMgr::RunOutput() {
-    if (!WorkLost()) brindle::RunOutput(Parts());
-}
 
 }  // namespace brindle

@@ -1,21 +1,14 @@
-// The session: the one object that owns everything a job needs.
+// The session of the exports. A process has one at a time.
 #pragma once
 
 #include <string>
 
-#include "generator/buffer_mgr.h"
-#include "generator/debug_mgr.h"
-#include "generator/output_state.h"
-#include "generator/run_context.h"
-#include "geometry/controller_state.h"
-#include "geometry/job_records.h"
-#include "geometry/programs.h"
-#include "tuning/options.h"
+#include "session/session.h"
 
 namespace brindle {
 
-// Lives from the first export that needs it until GBrn_Clear.
-class CBrindleMgr {
+// What the exports keep from call to call, from the first one that needs it until GBrn_Clear.
+class CBrindleMgr : public CSession {
 public:
     // The session, made if there is none.
     static CBrindleMgr& Current();
@@ -28,25 +21,7 @@ public:
     static void LoseWork();
     static bool WorkLost();
 
-    virtual ~CBrindleMgr() = default;
-
-    // The output run, synchronously; none if work was lost.
-    void RunOutput();
-    // The records of the job, checked.
-    JobRecords Records() { return JobRecords(geometry); }
-    SessionParts Parts() {
-        return {tuning, run_values, controller, output_state, trace, buffers, geometry, run_settings};
-    }
-
-    CBrindleOpts tuning;
-    CKVItemContainer run_values;  // of the present or last run, by run-time data word
     std::string definition_tuning_name;
-    CNCControllerState controller;
-    CNCOutputState output_state;
-    CNCDebugMgr trace;
-    CBufferMgr buffers;
-    CNCGeomMgr geometry;
-    RunSettings run_settings;
 };
 
 }  // namespace brindle

@@ -10,7 +10,7 @@ using namespace brindle;
 
 int GBrn_DisplayTuningDialog(int inches, const wchar_t* title, int* result) {
     return Export([&] {
-        const SessionParts session = Session().Parts();
+        CSession& session = Session();
         bool with_ok = false;
         if (CToolkit* const toolkit = ActiveToolkit()) {
             CNCParamsSheet sheet(*toolkit, &session, inches != 0, In(title));

@@ -1,7 +1,6 @@
 // Exports of the geometry.
 #include "api/exports.h"
 #include "brindle/brindle.h"
-#include "cff2/cff2_reader.h"
 
 using namespace brindle;
 
@@ -56,8 +55,5 @@ int GBrn_AddInclude(const wchar_t* name, double x, double y, double center_x, do
 }
 
 int GBrn_OpenCF2File(const wchar_t* path) {
-    return Export([&] {
-        CBrindleMgr& session = Session();
-        ReadCF2(In(path), session.geometry, session.controller.job);
-    });
+    return Export([&] { Session().OpenDrawing(In(path)); });
 }

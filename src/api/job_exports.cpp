@@ -8,7 +8,7 @@ using namespace brindle;
 
 namespace {
 
-JobData& Job() { return Session().controller.job; }
+JobData& Job() { return Session().Job(); }
 
 int Store(std::string JobData::*field, const wchar_t* text) {
     return Export([&] { Job().*field = In(text); });

@@ -5,7 +5,10 @@
 using namespace brindle;
 
 int GBrn_End(void) {
-    return Export([&] { Session().RunOutput(); });
+    return Export([&] {
+        CSession& session = Session();
+        if (!CBrindleMgr::WorkLost()) RunJob(session);
+    });
 }
 
 int GBrn_GetNumOfBuffers(short* count) {

@@ -21,7 +21,7 @@ int GBrn_Clear(void) {
 }
 
 int GBrn_SetTuningFileName(const wchar_t* name) {
-    return Export([&] { Session().controller.job.tuning_file = In(name); });
+    return Export([&] { Session().Job().tuning_file = In(name); });
 }
 
 int GBrn_ClearTuning(void) {

@@ -1,6 +1,6 @@
 #include "cff2/cff2_reader.h"
 
-#include <string_view>
+#include <string>
 
 #include "cff2/cff2_record.h"
 #include "geometry/job_records.h"
@@ -72,12 +72,9 @@ private:
 
 }  // namespace
 
-bool ReadCF2(const std::string& path, CNCGeomMgr& geometry, JobData& job) {
-    const std::optional<std::string> text = ReadWholeFile(path);
-    if (!text) return false;
+void ReadCF2(std::string_view text, CNCGeomMgr& geometry, JobData& job) {
     geometry.Clear();
-    CF2Loader(geometry, job).Load(SplitLines(*text));
-    return true;
+    CF2Loader(geometry, job).Load(SplitLines(text));
 }
 
 }  // namespace brindle

@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "platform/text_encoding.h"
+
 namespace brindle {
 namespace {
 
@@ -21,6 +23,8 @@ double StepOfDigits(int32_t decimals) {
 void CBrindleOpts::ReadLine(std::string_view line, CRunTimeDataDef::ReadMode mode) {
     if (!definition_.ReadLine(line, mode)) ParseLine(line);
 }
+
+void CBrindleOpts::ReadFileLine(std::string_view line) { ReadLine(AsUtf8(line), CRunTimeDataDef::ReadMode::kTuning); }
 
 void CBrindleOpts::WriteToList(std::vector<std::string>& list) const {
     definition_.WriteToList(list);

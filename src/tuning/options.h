@@ -24,6 +24,8 @@ class CBrindleOpts : public CKVItemContainer {
 public:
     // One line of a tuning: a run-time data line goes to the definition, any other to ParseLine.
     void ReadLine(std::string_view line, CRunTimeDataDef::ReadMode mode);
+    // A line of a tuning file as the exports would get it: a byte that is no UTF-8 counts as the character of its code.
+    void ReadFileLine(std::string_view line);
     // The definition's lines, with the items placed among them by key.
     void WriteToList(std::vector<std::string>& list) const override;
     // Empties the definition and the items.

@@ -212,17 +212,20 @@ void CRunTimeDataDef::WriteToList(std::vector<std::string>& list) const {
 
 bool CRunTimeDataDef::ReadFromFile(const std::string& path, ReadMode mode) {
     if (path.empty()) return true;
+    const std::optional<std::string> text = ReadWholeFile(path);
+    ReadFromText(text ? *text : std::string_view(), mode);
+    return text.has_value();
+}
+
+void CRunTimeDataDef::ReadFromText(std::string_view text, ReadMode mode) {
     columns_.clear();
     rows_.clear();
     messages_.clear();
     if (mode != ReadMode::kResolve) expression_values_.Clear();
     pending_expressions_.Clear();
     datasets_.Clear();
-    const std::optional<std::string> text = ReadWholeFile(path);
-    if (!text) return false;
     // Names and expressions go out to the host, which gives them back as characters.
-    for (const std::string_view line : SplitLines(*text)) ReadLine(AsUtf8(line), mode);
-    return true;
+    for (const std::string_view line : SplitLines(text)) ReadLine(AsUtf8(line), mode);
 }
 
 void CRunTimeDataDef::Clear() {

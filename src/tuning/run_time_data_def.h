@@ -93,6 +93,8 @@ public:
     // Reads a definition file in the place of what is there. An empty path changes nothing and gives true; a file that
     // can't be opened gives false and leaves the definition emptied.
     bool ReadFromFile(const std::string& path, ReadMode mode);
+    // The same with a definition that is read already.
+    void ReadFromText(std::string_view text, ReadMode mode);
     // The time of last update stays.
     void Clear();
     void Assign(const CRunTimeDataDef& other);

@@ -54,9 +54,9 @@ const Switch& SwitchOf(Condition condition) {
 }
 
 // Much that a controller can do at once.
-const Lines kBusy = {"BOOL bUseMirror true",    "BOOL bUseRotations true",  "BOOL Fly_bSupport true",
-                     "BOOL Speed_bFactor true", "BOOL T1_bTangential true",
-                     "TEXT SubRot_sAddr R",     "TEXT sMirrorX MX",         "BOOL T1_Speed_bSepForArcs true"};
+const Lines kBusy = {"BOOL bUseMirror true",    "BOOL bUseRotations true",       "BOOL Fly_bSupport true",
+                     "BOOL Speed_bFactor true", "BOOL T1_bTangential true",      "TEXT SubRot_sAddr R",
+                     "TEXT sMirrorX MX",        "BOOL T1_Speed_bSepForArcs true"};
 
 // What a row needs besides its condition.
 struct Extra {

@@ -3,9 +3,9 @@
 
 #include <algorithm>
 
-#include "api/brindle_mgr.h"
 #include "editor/output/code_preview.h"
 #include "scene/path_scene.h"
+#include "session/session.h"
 #include "testing/headless/headless_windows.h"
 #include "unit/editor_user.h"
 
@@ -54,8 +54,7 @@ protected:
                std::to_string(static_cast<int>(end.y));
     }
 
-    CBrindleMgr session_;
-    SessionParts parts_ = session_.Parts();
+    CSession session_;
     CListUser user_;
     CHeadlessToolkit toolkit_{user_};
     std::unique_ptr<CSheetWindow> sheet_ = toolkit_.MakeSheet("Sheet");
@@ -64,7 +63,7 @@ protected:
 
 TEST_F(PreviewTest, ABlockIsMarkedInTheDrawingAndAnElementInTheList) {
     EXPECT_EQ(Drawing().scene(), nullptr);
-    preview_.ShowRun(parts_);
+    preview_.ShowRun(session_);
     ASSERT_EQ(Drawing().scene()->strokes.size(), 8U);
     struct Row {
         const char* block;
@@ -100,11 +99,11 @@ TEST_F(PreviewTest, ABlockIsMarkedInTheDrawingAndAnElementInTheList) {
 }
 
 TEST_F(PreviewTest, ANewRunBringsItsOwnPath) {
-    preview_.ShowRun(parts_);
+    preview_.ShowRun(session_);
     EXPECT_EQ(toolkit_.Pick("list", RowOf("G1X10")), "");
     session_.Records().StartMain("NEXT", {}, true, true);
     session_.Records().AddLine(kTool1, {5, 5}, {6, 6});
-    preview_.ShowRun(parts_);
+    preview_.ShowRun(session_);
     EXPECT_EQ(Drawing().scene()->strokes.size(), 2U);
     EXPECT_EQ(Drawing().highlighted(), -1);
     EXPECT_EQ(toolkit_.Pick("list", RowOf("G1X6Y6")), "");

@@ -5,8 +5,8 @@
 
 #include <initializer_list>
 
-#include "api/brindle_mgr.h"
 #include "editor/pages/params_sheet.h"
+#include "session/session.h"
 #include "unit/editor_user.h"
 
 namespace brindle {
@@ -33,7 +33,7 @@ public:
     void Play(std::initializer_list<std::function<void()>> acts, bool inches = false) {
         user.acts.assign(acts);
         user.acts.emplace_back([this] { toolkit.PressCancel(); });
-        CNCParamsSheet sheet(toolkit, &parts_, inches, "");
+        CNCParamsSheet sheet(toolkit, &session_, inches, "");
         sheet.AddPages();
         sheet.RunModal();
     }
@@ -49,8 +49,7 @@ public:
     CHeadlessToolkit toolkit{user};
 
 private:
-    CBrindleMgr session_;
-    SessionParts parts_ = session_.Parts();
+    CSession session_;
 };
 
 }  // namespace brindle

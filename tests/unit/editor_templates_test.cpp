@@ -1,11 +1,11 @@
 // What of templates, preview and dialogs no transcript can show: files, and what happens without a tuning or a toolkit.
 #include <gtest/gtest.h>
 
-#include "api/brindle_mgr.h"
 #include "editor/output/code_preview.h"
 #include "editor/pages/params_sheet.h"
 #include "editor/templates/edit_template_dlg.h"
 #include "editor/toolkit/active_toolkit.h"
+#include "session/session.h"
 #include "unit/editor_user.h"
 #include "unit/host_session.h"
 #include "unit/temp_folder.h"
@@ -22,8 +22,7 @@ protected:
         return rows;
     }
 
-    CBrindleMgr session_;
-    SessionParts parts_ = session_.Parts();
+    CSession session_;
     CListUser user_;
     CHeadlessToolkit toolkit_{user_};
 };
@@ -76,7 +75,7 @@ TEST_F(EditorDialogs, SavingTakesThePiecesOutOfTheBuffer) {
     preview.OpenDrawing();
     EXPECT_EQ(user_.file_question, "");
 
-    preview.ShowRun(parts_);
+    preview.ShowRun(session_);
     preview.SaveToFile();  // the user cancels
     EXPECT_EQ(user_.file_question, ".txt Text Files (*.txt)|*.txt|All Files (*.*)|*.*||");
     user_.file = folder.path() / "missing/code.txt";
@@ -96,7 +95,7 @@ TEST_F(EditorDialogs, SavingTakesThePiecesOutOfTheBuffer) {
 }
 
 TEST_F(EditorDialogs, APreviewTakesThePagesMark) {
-    CNCParamsSheet sheet(toolkit_, &parts_, false, "Sheet");
+    CNCParamsSheet sheet(toolkit_, &session_, false, "Sheet");
     auto& page = sheet.AddPage<CNCParamsPage>("Only", CNCParamsPage::Mark::kAtActivation);
     user_.acts.emplace_back([this] {
         EXPECT_EQ(toolkit_.PressApply(), "");

@@ -1,12 +1,12 @@
 // What of the pages of tools no transcript can show.
 #include <gtest/gtest.h>
 
-#include "api/brindle_mgr.h"
 #include "editor/pages/params_sheet.h"
 #include "editor/pages/params_tool_data.h"
 #include "editor/pages/params_tool_rot.h"
 #include "editor/pages/redef_tool_dlg.h"
 #include "editor/pages/view_tool_opt_dlg.h"
+#include "session/session.h"
 #include "unit/editor_user.h"
 
 namespace brindle {
@@ -25,15 +25,14 @@ protected:
     // Opens a sheet that has this page alone, and lets the user act.
     template <typename Page>
     void OnPage(bool inches, std::function<void(Page&)> acts, bool has_session = true) {
-        CNCParamsSheet sheet(toolkit_, has_session ? &parts_ : nullptr, inches, "Sheet");
+        CNCParamsSheet sheet(toolkit_, has_session ? &session_ : nullptr, inches, "Sheet");
         Page& page = sheet.AddPage<Page>();
         user_.acts.emplace_back([&acts, &page] { acts(page); });
         sheet.RunModal();
     }
     size_t CountOfEntries(std::string_view list) const { return toolkit_.Find(list)->Rows().size(); }
 
-    CBrindleMgr session_;
-    SessionParts parts_ = session_.Parts();
+    CSession session_;
     CListUser user_;
     CHeadlessToolkit toolkit_{user_};
 };

@@ -4,11 +4,8 @@
 
 #include <vector>
 
-#include "api/brindle_mgr.h"
-#include "brindle/brindle.h"
 #include "check/drawing/survey.h"
-#include "host/post/loaded_tuning.h"
-#include "unit/temp_folder.h"
+#include "session/session.h"
 
 namespace brindle::host {
 namespace {
@@ -157,12 +154,10 @@ TEST(HostDrawing, CountsAreThoseOfTheStore) {
         "SUB,B\nL,1,1,0,0,0,1,1,0,0\nUR,1,1\nL,1,2,0,0,0,1,1,0,0\nUR,2,2\nSUB,B\nSUB,B\nA,1,2,0,0,0,1,1,0,0,1,0,0\n",
         "UI,x\nUR,1e308,5\nL,1,1,0,0,0,1,1,0,0\nUM,x\nUR,1,5\nC,B,0,0,0,0,0\nT,0,0,0,1,2,0,3,0\n",
     };
-    const CTempFolder folder;
     for (const char* const drawing : drawings) {
         const DrawingSurvey survey = Survey(drawing);
-        GBrn_Clear();
-        GBrn_OpenCF2File(Wide(folder.Put("a.cf2", drawing)).c_str());
-        const CBrindleMgr& session = CBrindleMgr::Current();
+        CSession session;
+        session.TakeDrawing(drawing);
         const CNCGeomMgr& store = session.geometry;
         DrawingSurvey counted;
         for (int32_t program = 0; program < store.program_count(); ++program) {
@@ -185,7 +180,6 @@ TEST(HostDrawing, CountsAreThoseOfTheStore) {
         ASSERT_EQ(survey.tools.size(), counted.tools.size()) << drawing;
         for (const auto& [tool, use] : counted.tools) EXPECT_EQ(survey.tools.at(tool).count, use.count) << drawing;
     }
-    GBrn_Clear();
 }
 
 }  // namespace

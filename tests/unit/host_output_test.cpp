@@ -10,7 +10,7 @@
 #include "host/commands/number_pair.h"
 #include "host/console/messages.h"
 #include "host/files/output_files.h"
-#include "host/post/output_plan.h"
+#include "host/files/output_plan.h"
 #include "text/numbers.h"
 #include "unit/temp_folder.h"
 

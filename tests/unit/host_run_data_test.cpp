@@ -5,8 +5,6 @@
 
 #include <locale>
 
-#include "api/brindle_mgr.h"
-#include "brindle/brindle.h"
 #include "unit/temp_folder.h"
 
 namespace brindle::host {
@@ -72,19 +70,17 @@ TEST(HostSettings, Forms) {
 // Tunings and definitions in a folder of their own, with a store of their own.
 class HostRunData : public testing::Test {
 protected:
-    ~HostRunData() override { GBrn_Clear(); }
-
     std::string File(const std::string& name, const std::string& text) const { return folder_.Put(name, text); }
 
     // The first piece that a run with this tuning writes; empty if an expression has no value.
     static std::string Run(const LoadedTuning& tuning, const RunDataRequest& request, const JobValues& job = {}) {
         ExpressionValues values;
         if (!SettleExpressions(tuning, request, job, values)) return {};
-        GBrn_Clear();
-        SendTuning(tuning, request, values);
-        GBrn_SetDataSetName(Wide(request.dataset).c_str());
-        GBrn_End();
-        CBufferMgr& buffers = CBrindleMgr::Current().buffers;
+        CSession session;
+        SetTuning(session, tuning, values);
+        ApplySettings(request, session.tuning.definition().datasets());
+        session.Job().dataset_name = request.dataset;
+        CBufferMgr& buffers = RunJob(session).buffers;
         return buffers.SetCurBuffer(1) ? std::string(buffers.GetOutputBuffer()) : std::string();
     }
 

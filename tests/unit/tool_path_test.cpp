@@ -6,9 +6,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "api/brindle_mgr.h"
-#include "generator/output_run.h"
 #include "scene/scene_of_path.h"
+#include "session/session.h"
 
 namespace brindle {
 namespace {
@@ -25,10 +24,10 @@ struct Job {
         for (const std::string& line : tuning) session.tuning.ReadLine(line, CRunTimeDataDef::ReadMode::kTuning);
     }
     const ToolPath& Go() {
-        RunOutput(session.Parts(), &path);
+        path = *RunJob(session, WithPath::kYes).path;
         return path;
     }
-    CBrindleMgr session;
+    CSession session;
     ToolPath path;
 };
 
@@ -368,7 +367,7 @@ TEST(ToolPathTest, ARunIsTheSameWithAndWithoutIt) {
         if (run == &with) {
             run->Go();
         } else {
-            RunOutput(run->session.Parts());
+            RunJob(run->session);
         }
         std::string& text = texts[run == &with ? 0 : 1];
         for (int32_t i = 1; run->session.buffers.SetCurBuffer(i); ++i) {

@@ -47,7 +47,7 @@ CPlacedTuning::CPlacedTuning(std::span<const std::string_view> lines) {
         line.text = text;
         if (text.find('\0') != text.npos) continue;
         SplitWords(text, line.words);
-        options_.ReadLine(text, CRunTimeDataDef::ReadMode::kTuning);
+        options_.ReadFileLine(text);
     }
     FindItems();
     FindTools();

@@ -3,9 +3,7 @@
 #include <algorithm>
 #include <fstream>
 
-#include "cff2/cff2_reader.h"
 #include "editor/messages.h"
-#include "generator/output_run.h"
 #include "scene/scene_of_path.h"
 
 namespace brindle {
@@ -51,10 +49,10 @@ void CNCCodePreview::AddControls() {
     save.Show(false);
 }
 
-void CNCCodePreview::ShowRun(const SessionParts& session) {
+void CNCCodePreview::ShowRun(CSession& session) {
     session_ = &session;
     list_->Empty();  // its rows are those of the trace that goes now
-    RunOutput(session, &path_);
+    path_ = *RunJob(session, WithPath::kYes).path;
     RebuildList();
     drawing_->SetScene(std::make_shared<const PathScene>(MakeScene(path_)));
     path_.elements = {};
@@ -91,7 +89,7 @@ void CNCCodePreview::OpenDrawing() {
     if (session_ == nullptr) return;
     const auto path = toolkit_.ChooseFile(kOpenDrawing);
     if (!path) return;
-    ReadCF2(*path, session_->geometry, session_->controller.job);
+    session_->OpenDrawing(*path);
     ShowRun(*session_);
 }
 

@@ -8,8 +8,7 @@
 
 #include "editor/output/preview_owner.h"
 #include "editor/toolkit/windows.h"
-#include "generator/run_context.h"
-#include "generator/tool_path.h"
+#include "session/session.h"
 
 namespace brindle {
 
@@ -22,7 +21,7 @@ public:
     CNCCodePreview(CToolkit& toolkit, CNCPreviewOwner& owner, CSheetWindow& sheet);
 
     // Runs the tuning of `session`, which must outlive the window, over its geometry and shows the trace.
-    void ShowRun(const SessionParts& session);
+    void ShowRun(CSession& session);
     // Lists the trace of the last run anew, as the check boxes say.
     void RebuildList();
     // Lets the user choose a drawing, which takes the place of the session's geometry, and shows its run.
@@ -40,7 +39,7 @@ private:
 
     CToolkit& toolkit_;
     CNCPreviewOwner& owner_;
-    const SessionParts* session_ = nullptr;  // null until the first run
+    CSession* session_ = nullptr;  // null until the first run
     std::unique_ptr<CModelessWindow> window_;
     CListControl* list_ = nullptr;
     CDrawingControl* drawing_ = nullptr;

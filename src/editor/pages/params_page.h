@@ -7,7 +7,7 @@
 
 #include "editor/controls/bound_control.h"
 #include "editor/controls/units_static.h"
-#include "generator/run_context.h"
+#include "session/session.h"
 
 namespace brindle {
 
@@ -17,7 +17,7 @@ class CNCCodePreview;
 struct PageContext {
     CToolkit& toolkit;
     CSheetWindow& window;
-    const SessionParts* session;               // null if there is nothing to edit; controls stay unbound then
+    CSession* session;                         // null if there is nothing to edit; controls stay unbound then
     bool inches;                               // lengths are shown in inches, else in millimetres
     std::function<CNCCodePreview&()> preview;  // the sheet's preview window, opened if there is none
 };

@@ -9,7 +9,7 @@ constexpr std::string_view kStandardTitle = "Brindle Parameter Editor";
 
 }  // namespace
 
-CNCParamsSheet::CNCParamsSheet(CToolkit& toolkit, const SessionParts* session, bool inches, std::string_view title)
+CNCParamsSheet::CNCParamsSheet(CToolkit& toolkit, CSession* session, bool inches, std::string_view title)
     : toolkit_(toolkit),
       session_(session),
       inches_(inches),

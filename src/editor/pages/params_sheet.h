@@ -18,7 +18,7 @@ public:
     // `session` may be null; then there is nothing to edit. `inches`: lengths are shown in inches, else in millimetres;
     // fixed for the life of the sheet, and nothing to do with the output units of the tuning. An empty title gives the
     // standard one.
-    CNCParamsSheet(CToolkit& toolkit, const SessionParts* session, bool inches, std::string_view title);
+    CNCParamsSheet(CToolkit& toolkit, CSession* session, bool inches, std::string_view title);
     // An open preview window closes with the sheet.
     ~CNCParamsSheet() override = default;
 
@@ -43,7 +43,7 @@ public:
 
 private:
     CToolkit& toolkit_;
-    const SessionParts* session_;
+    CSession* session_;
     bool inches_;
     std::unique_ptr<CSheetWindow> window_;
     std::vector<std::unique_ptr<CNCParamsPage>> pages_;

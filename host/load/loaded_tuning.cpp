@@ -1,8 +1,7 @@
-#include "host/post/loaded_tuning.h"
+#include "host/load/loaded_tuning.h"
 
-#include "brindle/brindle.h"
-#include "editor/toolkit/active_toolkit.h"
 #include "host/console/messages.h"
+#include "host/files/input_file.h"
 #include "platform/text_encoding.h"
 
 namespace brindle::host {
@@ -11,9 +10,9 @@ namespace {
 using ReadMode = CRunTimeDataDef::ReadMode;
 
 bool LoadDefinition(const std::string& path, LoadedTuning& tuning) {
-    if (!tuning.definition_file.Open(path)) return false;
-    tuning.options.definition().ReadFromFile(tuning.definition_file.path(), ReadMode::kTuning);
-    tuning.has_definition_file = true;
+    tuning.definition_text = ReadInputFile(path);
+    if (!tuning.definition_text) return false;
+    tuning.options.definition().ReadFromText(*tuning.definition_text, ReadMode::kTuning);
     tuning.definition_name = path;
     if (!IsEmpty(tuning.definition())) return true;
     PrintError({path}, "holds no definition of run-time data");
@@ -34,10 +33,7 @@ bool LoadTuning(const std::string& path, const std::string& definition_path, Loa
         PrintError({path, line}, "the line holds a NUL byte: this is no tuning");
         return false;
     }
-    // The library gets each line as wide characters, so what is no UTF-8 changes on the way.
-    for (const std::string_view line : tuning.file.lines) {
-        tuning.options.ReadLine(AsUtf8(line), ReadMode::kTuning);
-    }
+    for (const std::string_view line : tuning.file.lines) tuning.options.ReadFileLine(line);
     tuning.definition_name = path;
     return definition_path.empty() || LoadDefinition(definition_path, tuning);
 }
@@ -57,18 +53,14 @@ bool IsEmpty(const CRunTimeDataDef& definition) {
            definition.datasets().size() == 0;
 }
 
-std::wstring Wide(std::string_view text) { return NarrowToWide(text); }
-
-std::string Taken(wchar_t* text) {
-    std::string narrow = WideToNarrow(text);
-    SysFreeString(text);
-    return narrow;
-}
-
-bool HasEditor() {
-    if (ActiveToolkit() != nullptr) return true;
-    PrintError({}, "the editor can't open: it needs a display, and its plugin beside the library");
-    return false;
+void SetTuning(CSession& session, const LoadedTuning& tuning, const ExpressionValues& values) {
+    CRunTimeDataDef& definition = session.tuning.definition();
+    // Lines take the values of their expressions as they are read, so the values come first.
+    for (const auto& [expression, value] : values) {
+        definition.expression_values().SetText(expression, AsUtf8(value), TextKind::kPlain);
+    }
+    for (const std::string_view line : tuning.file.lines) session.tuning.ReadFileLine(line);
+    if (tuning.definition_text) definition.ReadFromText(*tuning.definition_text, ReadMode::kResolve);
 }
 
 }  // namespace brindle::host

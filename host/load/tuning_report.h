@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "host/post/loaded_tuning.h"
+#include "host/load/loaded_tuning.h"
 
 namespace brindle::host {
 

@@ -1,4 +1,4 @@
-#include "host/post/output_plan.h"
+#include "host/files/output_plan.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -57,6 +57,7 @@ std::string CFileRoles::AddOutput(const std::string& path, const std::string& dr
     if (!is_standard && IsStream(path)) return {};
     const std::string name = is_standard ? path : TrueName(path);
     if (inputs_.contains(name)) return path + ": the command reads this file, it would be overwritten";
+    const std::lock_guard lock(*lock_);
     const auto [other, is_new] = outputs_.emplace(name, drawing);
     if (is_new) return {};
     return (is_standard ? "standard output" : path) +

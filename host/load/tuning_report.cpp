@@ -1,4 +1,4 @@
-#include "host/console/tuning_report.h"
+#include "host/load/tuning_report.h"
 
 #include "check/tuning/checks.h"
 #include "host/console/messages.h"
@@ -22,7 +22,7 @@ bool ReportOnFile(const TuningFile& file, void (*check)(const CPlacedTuning&, CD
 bool ReportOnDefinition(const LoadedTuning& tuning) {
     TuningFile file;
     file.path = tuning.definition_name;
-    file.text = tuning.definition_file.text();
+    file.text = *tuning.definition_text;
     file.lines = SplitLines(file.text);
     std::vector<std::string_view> words;
     for (std::string_view& line : file.lines) {
@@ -39,7 +39,7 @@ bool ReportOnDefinition(const LoadedTuning& tuning) {
 
 bool ReportOnTuning(const LoadedTuning& tuning) {
     const bool good = ReportOnFile(tuning.file, CheckAll);
-    return tuning.has_definition_file ? ReportOnDefinition(tuning) && good : good;
+    return tuning.definition_text ? ReportOnDefinition(tuning) && good : good;
 }
 
 }  // namespace brindle::host

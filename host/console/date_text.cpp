@@ -1,4 +1,4 @@
-#include "host/post/date_text.h"
+#include "host/console/date_text.h"
 
 #include <algorithm>
 

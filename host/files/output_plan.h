@@ -2,6 +2,8 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
+#include <mutex>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
@@ -25,7 +27,8 @@ struct OutputRequest {
     std::vector<std::string> inputs;  // files of the call that must not be overwritten, other than the drawings
 };
 
-// The files that a call reads and writes, each known by its true name, so that nothing is written over.
+// The files that a call reads and writes, each known by its true name, so that nothing is written over. Outputs may be
+// added by several threads.
 class CFileRoles {
 public:
     void AddInput(const std::string& path);
@@ -35,7 +38,8 @@ public:
 
 private:
     std::unordered_set<std::string> inputs_;
-    std::unordered_map<std::string, std::string> outputs_;  // and the drawing
+    std::unique_ptr<std::mutex> lock_ = std::make_unique<std::mutex>();  // of the outputs
+    std::unordered_map<std::string, std::string> outputs_;               // and the drawing
 };
 
 // A plan, or what is wrong with the request.

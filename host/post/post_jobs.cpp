@@ -1,0 +1,110 @@
+#include "host/post/post_jobs.h"
+
+#include <algorithm>
+#include <atomic>
+#include <exception>
+#include <iostream>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <system_error>
+#include <thread>
+#include <vector>
+
+#include "host/console/messages.h"
+#include "host/console/progress_line.h"
+#include "host/post/stop_request.h"
+
+namespace brindle::host {
+namespace {
+
+bool RunInTurn(OutputPlan& plan, const LoadedTuning& tuning, const JobOptions& options) {
+    bool good = true;
+    for (size_t i = 0; i < plan.jobs.size(); ++i) {
+        const std::string progress = "drawing " + std::to_string(i + 1) + " of " + std::to_string(plan.jobs.size()) +
+                                     ": " + plan.jobs[i].drawing;
+        good &= RunPostJob(plan.jobs[i], tuning, options, plan.roles, progress);
+    }
+    return good;
+}
+
+// Threads that each take the next job of the plan until there is none.
+class CJobThreads {
+public:
+    CJobThreads(OutputPlan& plan, const LoadedTuning& tuning, const JobOptions& options)
+        : plan_(plan), tuning_(tuning), options_(options), messages_(plan.jobs.size()) {
+        const auto is_stream = [](const PlannedJob& job) { return IsStream(job.drawing); };
+        if (std::none_of(plan.jobs.begin(), plan.jobs.end(), is_stream)) stop_.emplace();
+        ShowProgress();
+    }
+
+    bool Run(size_t threads) {
+        {
+            std::vector<std::jthread> others;
+            try {
+                while (others.size() + 1 < threads) others.emplace_back([this] { Work(); });
+            } catch (const std::system_error&) {
+                // No further thread to be had: those that there are do the work.
+            }
+            Work();
+        }
+        progress_.reset();
+        if (failure_) std::rethrow_exception(failure_);
+        return good_;
+    }
+
+private:
+    void Work() {
+        try {
+            while (!stop_ || !stop_->IsMade()) {
+                const size_t job = next_++;
+                if (job >= plan_.jobs.size()) return;
+                CCollectedMessages messages;
+                const bool good = RunPostJob(plan_.jobs[job], tuning_, options_, plan_.roles, {});
+                Finish(job, good, messages.Take());
+            }
+        } catch (...) {
+            const std::lock_guard lock(end_of_jobs_);
+            failure_ = std::current_exception();
+            next_ = plan_.jobs.size();
+        }
+    }
+
+    void Finish(size_t job, bool good, std::string messages) {
+        const std::lock_guard lock(end_of_jobs_);
+        good_ &= good;
+        ++done_;
+        messages_[job] = std::move(messages);
+        progress_.reset();
+        for (; printed_ < messages_.size() && messages_[printed_]; ++printed_) std::cerr << *messages_[printed_];
+        if (done_ < messages_.size()) ShowProgress();
+    }
+
+    void ShowProgress() {
+        progress_.emplace(std::to_string(done_) + " of " + std::to_string(messages_.size()) + " drawings done");
+    }
+
+    OutputPlan& plan_;
+    const LoadedTuning& tuning_;
+    const JobOptions& options_;
+    std::optional<CStopRequest> stop_;
+    std::atomic<size_t> next_ = 0;  // to be begun
+
+    std::mutex end_of_jobs_;  // what follows is changed at the end of a job
+    bool good_ = true;
+    std::exception_ptr failure_;  // of the program itself
+    size_t done_ = 0;
+    std::vector<std::optional<std::string>> messages_;  // of each job that is done
+    size_t printed_ = 0;                                // jobs whose messages are printed
+    std::optional<CProgressLine> progress_;
+};
+
+}  // namespace
+
+bool RunPostJobs(OutputPlan& plan, const LoadedTuning& tuning, const JobOptions& options, size_t at_a_time) {
+    const size_t threads = std::min(at_a_time, plan.jobs.size());
+    if (threads < 2) return RunInTurn(plan, tuning, options);
+    return CJobThreads(plan, tuning, options).Run(threads);
+}
+
+}  // namespace brindle::host

@@ -28,24 +28,6 @@ enum class DirectiveId : uint8_t {
 // clang-format on
 inline constexpr size_t kDirectiveCount = static_cast<size_t>(DirectiveId::kIODwell) + 1;
 
-// A directive as a number. The order is that of the table.
-// clang-format off
-enum class DirectiveId : uint8_t {
-    kInterpCode, kStartPtWords, kEndPtWords, kCenPtWords, kMidPtWords, kArcDataWords, kRadius, kSubtended, kArcSign,
-    kSetToolDir, kAtAngle, kFinAngle, kTangAuxCode1, kTangAuxCode2,
-    kToolId, kLineType, kCutWidth, kBridgeWidth, kBridgeNum, kSpeedWords, kFlyModeCode,
-    kTextDataWord, kTextRotWord, kTextHgtWord,
-    kMainProgNum, kCurProgName, kIncludeNum, kIncludeName, kCurProgNum, kNumOfSubs, kMarkAsSub,
-    kIncludePtWords, kIncludeMirCode, kIncludeMirResetCode, kIncludeRotWord, kIncludeRotResetWord,
-    kDate, kTime, kCADFile, kOutputFile, kMaterialFile, kDataSetName, kTuneFile, kTuneMenuPick, kDrvVersion,
-    kAbsIncCode, kUnitsCode, kGrainCode, kSideCode,
-    kBlankX, kBlankY, kOverallSize, kLowerLeft, kUpperRight, kRotaryRadius,
-    kNBlockOff, kNBlockOn,
-    kIODwell,
-};
-// clang-format on
-inline constexpr size_t kDirectiveCount = static_cast<size_t>(DirectiveId::kIODwell) + 1;
-
 // Whether a directive switches block numbers before its line is resolved.
 enum class Numbering : uint8_t { kNone, kOn, kOff };
 

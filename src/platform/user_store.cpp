@@ -12,6 +12,7 @@
 #include <cstdlib>
 #include <string_view>
 
+#include "platform/file_replacement.h"
 #include "platform/text_file.h"
 
 namespace brindle {
@@ -143,33 +144,6 @@ bool IsRecordFile(const std::string& path) {
            static_cast<uint64_t>(status.st_size) <= kLargestRecord;
 }
 
-bool WriteAll(int file, std::string_view text) {
-    while (!text.empty()) {
-        const ssize_t count = write(file, text.data(), text.size());
-        if (count < 0 && errno != EINTR) return false;
-        if (count > 0) text.remove_prefix(static_cast<size_t>(count));
-    }
-    return true;
-}
-
-// Closes `file`. The bytes must be on the disk before the record gets its name: else a power cut could leave an empty
-// one.
-bool FillAndClose(int file, std::string_view text) {
-    const bool filled = WriteAll(file, text) && fsync(file) == 0;
-    return close(file) == 0 && filled;
-}
-
-// The name of the temporary file begins with a dot, as that of no record does.
-bool ReplaceFile(const std::string& folder, const std::string& file_name, std::string_view text) {
-    std::string temporary = folder + "/.XXXXXX";
-    const int file = mkostemp(temporary.data(), O_CLOEXEC);
-    if (file < 0) return false;
-    const std::string path = folder + "/" + file_name;
-    if (FillAndClose(file, text) && std::rename(temporary.c_str(), path.c_str()) == 0) return true;
-    unlink(temporary.c_str());
-    return false;
-}
-
 }  // namespace
 
 std::optional<UserRecord> ReadUserRecord(const std::string& name) {
@@ -187,7 +161,9 @@ bool WriteUserRecord(const std::string& name, const UserRecord& record) {
     if (!folder) return false;
     const std::string text = FormatRecord(name, record);
     if (text.size() > kLargestRecord) return false;
-    return CreateFolders(*folder) && ReplaceFile(folder->path, FileNameOf(name), text);
+    if (!CreateFolders(*folder)) return false;
+    CFileReplacement file;
+    return file.Add(folder->path + "/" + FileNameOf(name), text, S_IRUSR | S_IWUSR) == 0 && file.Commit().error == 0;
 }
 
 }  // namespace brindle

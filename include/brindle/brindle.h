@@ -6,14 +6,16 @@
  * Conventions
  *
  *  1. There is one session per process. It comes into being with the first call that needs it and ends with GBrn_Clear.
- *     Nothing is guarded: call from one thread at a time.
+ *     Nothing is guarded: call from one thread at a time. The three dialogs (GBrn_Display...) must be called from the
+ *     GUI thread: the one that made the host's QApplication or, in a host without one, the one that opened the first
+ *     dialog. They return when the user has closed the dialog. All other functions may be called from any thread.
  *  2. Every function returns 0, always. Trouble that a run meets shows as messages in the NC text
  *     (`bErrorsAsComments`), and in the text itself; what was dropped before the run shows nowhere. Functions may be
  *     called in any order; one that makes no sense at its time has no effect. No C++ exception leaves a function. If
  *     memory runs out in one, the session ends, and GBrn_End gives no buffer before the host has called GBrn_Clear: a
  *     job that lacks a record must not reach a machine.
- *  3. Coordinates and lengths are millimetres and angles are radians, whatever the output units are. A number that
- *     is not finite makes the call have no effect.
+ *  3. Coordinates and lengths are millimetres and angles are radians, counter-clockwise from x, whatever the output
+ *     units are. Any finite number may be given. A number that is not finite makes the call have no effect.
  *  4. Strings are wide (wchar_t), NUL-terminated. A null string argument counts as empty. The library keeps no
  *     pointer of the host's.
  *  5. A string given to the host is a new system string: the host owns it and frees it with SysFreeString. It is
@@ -69,13 +71,13 @@ BRINDLE_API int GBrn_ReadTuneLine(const wchar_t* text);
 BRINDLE_API int GBrn_ReadTuneLineIgnoreRTDDefs(const wchar_t* text);
 /* Gives the first key of the tuning, empty if it has none. */
 BRINDLE_API int GBrn_GetStartKey(wchar_t** key);
-/* Gives the line of the item `key` and the key after it, empty behind the last. Both are empty for an unknown key.
- * Run-time data lines do not come by this road. */
+/* Gives the line of the item `key` and the key after it, empty after the last. Both are empty for an unknown key.
+ * Run-time data lines do not come this way. */
 BRINDLE_API int GBrn_GetNextTuneLine(const wchar_t* key, wchar_t** line, wchar_t** next_key);
-/* Gives all lines in key order, each with a character of code 8 behind it. */
+/* Gives all lines in key order, each with a character of code 8 after it. */
 BRINDLE_API int GBrn_GetTuning(wchar_t** text);
 /* Opens the tuning editor on the session's tuning. `inches` sets the units it shows. `result` becomes 1 if the user
- * left it with OK, otherwise 0. Without a display the dialog ends as cancelled. */
+ * left it with OK, otherwise 0. Without a display the dialog ends as cancelled. GUI thread. */
 BRINDLE_API int GBrn_DisplayTuningDialog(int inches, const wchar_t* title, int* result);
 
 /* ---- Job data ----
@@ -84,7 +86,7 @@ BRINDLE_API int GBrn_DisplayTuningDialog(int inches, const wchar_t* title, int* 
 /* Texts of `@Date` and `@Time`. */
 BRINDLE_API int GBrn_SetDate(const wchar_t* date);
 BRINDLE_API int GBrn_SetTime(const wchar_t* time);
-/* Both at once: what stands before the first `-` is the date, what stands behind it the time. */
+/* Both at once: what comes before the first `-` is the date, what comes after it the time. */
 BRINDLE_API int GBrn_SetDateTime(const wchar_t* text);
 /* The blank's size, millimetres. */
 BRINDLE_API int GBrn_SetBlankSize(double x, double y);
@@ -112,7 +114,12 @@ BRINDLE_API int GBrn_SetTuneMenuPick(const wchar_t* name);
 
 /* ---- Geometry ----
  * A job is a main program and any number of sub-programs. Records go to the program that was started last; before the
- * first there is none, and records are dropped. */
+ * first there is none, and records are dropped.
+ *
+ * `tool_id`, from 1 to 32,767, is the number of a tool of the tuning; GBrn_AddLine says what other numbers do.
+ * `line_type` is the host's own number for the kind of line (cut, crease, ...), any 16-bit number. It chooses nothing:
+ * `@LineType` prints it, and messages name a record by it. In a drawing both are the type word. Widths are millimetres;
+ * `@CutWidth`, `@BridgeWidth` and `@BridgeNum` print them and the bridge count, and nothing else uses them. */
 
 /* Destroys all programs and starts the main program. The centre is that of the program's bounding box, millimetres.
  * `inside` and `horizontal` decide what `@SideCode` and `@GrainCode` print. A start that is refused, for a number that
@@ -121,13 +128,13 @@ BRINDLE_API int GBrn_StartMain(const wchar_t* name, double center_x, double cent
 /* Starts a sub-program. The main program must come first: the first program is the main program. A refused start is as
  * for GBrn_StartMain. */
 BRINDLE_API int GBrn_StartSub(const wchar_t* name, double center_x, double center_y, int inside, int horizontal);
-/* Adds a line. `tool_id` is the number of a tool of the tuning, from 1. A line or arc with another number is output
- * with the default tool if `bDefaultTool` is true; a number below 1 never switches it on. Otherwise it is left out: in
- * silence for a number above `nNumOfTools` or below 0, with a message for 0 and for the number of an unused tool. */
+/* Adds a line. A line or arc of a tool that the tuning does not have is output with the default tool if `bDefaultTool`
+ * is true; a number below 1 never switches it on. Otherwise it is left out: in silence for a number above `nNumOfTools`
+ * or below 0, with a message for 0 and for the number of an unused tool. */
 BRINDLE_API int GBrn_AddLine(short tool_id, short line_type, double cut_width, double start_x, double start_y,
                              double end_x, double end_y, double bridge_width, short bridge_count);
-/* Adds an arc, or a circle whose start is its end. A positive radius means clockwise, a negative one
- * counter-clockwise. */
+/* Adds an arc, or a circle whose start is its end. The sign of the radius gives the direction: positive is clockwise,
+ * negative counter-clockwise. Its absolute value is the distance from the centre to the start and to the end. */
 BRINDLE_API int GBrn_AddArc(short tool_id, short line_type, double cut_width, double start_x, double start_y,
                             double end_x, double end_y, double center_x, double center_y, double radius,
                             double bridge_width, short bridge_count);
@@ -141,7 +148,7 @@ BRINDLE_API int GBrn_AddText(short tool_id, short line_type, double start_x, dou
  * gives no output, in silence. */
 BRINDLE_API int GBrn_AddInclude(const wchar_t* name, double x, double y, double center_x, double center_y,
                                 double rotation, int mirror_x, int mirror_y);
-/* Reads a CFF2 drawing in the place of all programs, as if it came through the functions above. A file that can't be
+/* Reads a CFF2 drawing in place of all programs, as if it came through the functions above. A file that can't be
  * opened changes nothing. */
 BRINDLE_API int GBrn_OpenCF2File(const wchar_t* path);
 
@@ -149,7 +156,7 @@ BRINDLE_API int GBrn_OpenCF2File(const wchar_t* path);
  * Values that templates use (`<RTD(1,2)>`) but that are settled at output time. The exchange: read the definition file,
  * take each expression and set its value, then update the defaults. */
 
-/* Reads a definition file in the place of the tuning's definition; its expressions become pending. A file that can't be
+/* Reads a definition file in place of the tuning's definition; its expressions become pending. A file that can't be
  * opened leaves the definition empty. */
 BRINDLE_API int GBrn_ReadRTDDefFromFile(const wchar_t* path);
 /* Takes the next pending expression: its text, and 1 for a text or 0 for a number. With none left `expression` is empty
@@ -164,7 +171,7 @@ BRINDLE_API int GBrn_GetNameTuneFileForRTDDef(wchar_t** path);
 /* Forgets the values of the last run and that name. The definition stays. */
 BRINDLE_API int GBrn_ClearRunTimeData(void);
 /* Lets the user set the values of a dataset, of the definition in `definition_path` or, if that is empty, of the
- * tuning's. `chosen` becomes the dataset that was shown last, empty if the user cancelled. */
+ * tuning's. `chosen` becomes the dataset that was shown last, empty if the user cancelled. GUI thread. */
 BRINDLE_API int GBrn_DisplayRTDataDlg(const wchar_t* definition_path, const wchar_t* dataset,
                                       const wchar_t* tuning_pick, wchar_t** chosen);
 
@@ -176,16 +183,17 @@ BRINDLE_API int GBrn_End(void);
 /* The number of output buffers. More than one means that the tuning limits the size of a file; each is a complete NC
  * file. The count has 16 bits: a tuning that makes more than 32,767 files can't be fetched whole. */
 BRINDLE_API int GBrn_GetNumOfBuffers(short* count);
-/* Makes buffer `number`, from 1, the current one. Behind GBrn_End the last one is. Any other number changes nothing. */
+/* Makes buffer `number`, from 1, the current one. After GBrn_End it is the last one. Any other number changes nothing.
+ */
 BRINDLE_API int GBrn_SetCurBuffer(short number);
 /* 1 if the current buffer holds a further piece, otherwise 0. */
 BRINDLE_API int GBrn_CurBufferHasMoreData(int* more);
-/* Takes the next piece of the current buffer, which then is gone from it; empty if there is none. Written one behind
+/* Takes the next piece of the current buffer, which then is gone from it; empty if there is none. Written one after
  * the other, with nothing between them, the pieces of a buffer are the NC file. */
 BRINDLE_API int GBrn_GetOutputBuffer(wchar_t** text);
 /* Gives "IODWELL". A piece that begins with it is no NC text but asks the host for a dwell; its parameter follows. */
 BRINDLE_API int GBrn_GetIODwellStr(wchar_t** text);
-/* With more than one buffer, lets the user choose the current one. */
+/* With more than one buffer, lets the user choose the current one. GUI thread. */
 BRINDLE_API int GBrn_DisplayLoadSegmentDialog(void);
 
 /* ---- System strings ---- */

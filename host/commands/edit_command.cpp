@@ -43,7 +43,7 @@ void WarnOfDroppedLines(const TuningFile& file) {
         if (line.find_first_not_of(" \t") == std::string_view::npos) continue;
         if (scratch.definition().ReadLine(line, CRunTimeDataDef::ReadMode::kTuning) || scratch.ParseLine(line))
             continue;
-        PrintWarning({file.path, number}, "is no line of a tuning, so saving leaves it out");
+        PrintWarning({file.path, number}, "is not a line of a tuning, so saving leaves it out");
     }
 }
 
@@ -55,11 +55,6 @@ std::string SavedText(const CBrindleOpts& tuning, const TuningFile& file) {
     std::string text;
     for (const std::string& line : lines) text.append(AsUtf8(line)).append(line_end);
     return text;
-}
-
-bool Write(const std::string& path, const std::string& text) {
-    COutputFiles files;
-    return files.Add(path, text) && files.Commit();
 }
 
 // A field that the user has only looked at must not change a machine's program in silence.
@@ -74,7 +69,7 @@ void NoteChangedDefaults(const LoadedTuning& tuning, const CBrindleOpts& edited)
               "these keys were missing and are there now, with another value than a run took: " + keys);
 }
 
-// The previous file stays as `TUNING~`, which is whole before the tuning is replaced.
+// The previous file stays as `TUNING~`, which is in place before the tuning is replaced.
 int Save(const LoadedTuning& tuning, const CBrindleOpts& edited) {
     const TuningFile& file = tuning.file;
     const std::string text = SavedText(edited, file);
@@ -82,9 +77,10 @@ int Save(const LoadedTuning& tuning, const CBrindleOpts& edited) {
         PrintNote({file.path}, "nothing has changed");
         return kGood;
     }
+    COutputFiles files;
     std::error_code error;
-    if (fs::exists(file.path, error) && !Write(file.path + "~", file.text)) return kBadInput;
-    if (!Write(file.path, text)) return kBadInput;
+    if (fs::exists(file.path, error) && !files.Add(file.path + "~", file.text)) return kBadInput;
+    if (!files.Add(file.path, text) || !files.Commit()) return kBadInput;
     NoteChangedDefaults(tuning, edited);
     return kGood;
 }

@@ -5,7 +5,7 @@
  *
  * Conventions
  *
- *  1. There is one session per process. It comes into being with the first call that needs it and ends with GBrn_Clear.
+ *  1. There is one session per process. It begins with the first call that needs it and ends with GBrn_Clear.
  *     Nothing is guarded: call from one thread at a time. The three dialogs (GBrn_Display...) must be called from the
  *     GUI thread: the one that made the host's QApplication or, in a host without one, the one that opened the first
  *     dialog. They return when the user has closed the dialog. All other functions may be called from any thread.
@@ -26,7 +26,7 @@
  * Order of a job: GBrn_Clear; GBrn_ReadTuneLine for each line; the GBrn_Set... functions; GBrn_StartMain and its
  * records, GBrn_StartSub and its records; GBrn_End; then for each buffer GBrn_SetCurBuffer and, while
  * GBrn_CurBufferHasMoreData gives 1, GBrn_GetOutputBuffer. To run again, change what changes and call GBrn_End again.
- * For another tuning begin anew with GBrn_Clear; GBrn_ClearTuning tells how job data and geometry can stay.
+ * For another tuning begin anew with GBrn_Clear; GBrn_ClearTuning says how job data and geometry can stay.
  */
 #ifndef BRINDLE_BRINDLE_H
 #define BRINDLE_BRINDLE_H
@@ -183,8 +183,7 @@ BRINDLE_API int GBrn_End(void);
 /* The number of output buffers. More than one means that the tuning limits the size of a file; each is a complete NC
  * file. The count has 16 bits: a tuning that makes more than 32,767 files can't be fetched whole. */
 BRINDLE_API int GBrn_GetNumOfBuffers(short* count);
-/* Makes buffer `number`, from 1, the current one. After GBrn_End it is the last one. Any other number changes nothing.
- */
+/* Makes buffer `number`, from 1, the current one. GBrn_End makes it the last one. Other numbers change nothing. */
 BRINDLE_API int GBrn_SetCurBuffer(short number);
 /* 1 if the current buffer holds a further piece, otherwise 0. */
 BRINDLE_API int GBrn_CurBufferHasMoreData(int* more);

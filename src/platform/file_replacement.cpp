@@ -4,10 +4,13 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <cerrno>
 #include <cstdio>
-#include <functional>
+#include <optional>
 #include <set>
+
+#include "platform/text_file.h"
 
 namespace brindle {
 namespace {
@@ -17,31 +20,13 @@ std::string FolderOf(const std::string& path) {
     return slash == std::string::npos ? "." : path.substr(0, slash + 1);
 }
 
-// Calls `take` with hidden names beside `target` until it gets one that is free. 0, or the error number.
-int TakeNameBeside(const std::string& target, std::string& name, const std::function<bool(const char*)>& take) {
+// A hidden name beside `target` that no other call of this process gets.
+std::string NameBeside(const std::string& target) {
     constexpr size_t kLongestStem = 200;  // of the 255 bytes that a name may have
-    const size_t slash = target.rfind('/');
-    const size_t stem = slash == std::string::npos ? 0 : slash + 1;
-    const std::string start =
-        target.substr(0, stem) + "." + target.substr(stem, kLongestStem) + "." + std::to_string(::getpid()) + "-";
-    for (int attempt = 0;; ++attempt) {
-        name = start + std::to_string(attempt) + ".tmp";
-        if (take(name.c_str())) return 0;
-        if (errno != EEXIST) return errno;
-    }
-}
-
-// A new file beside `target`. 0, or the error number.
-int CreateBeside(const std::string& target, unsigned permissions, std::string& name, int& descriptor) {
-    return TakeNameBeside(target, name, [&descriptor, permissions](const char* path) {
-        descriptor = ::open(path, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, permissions);
-        return descriptor >= 0;
-    });
-}
-
-void CopyPermissions(const std::string& from, int to) {
-    struct stat status = {};
-    if (::stat(from.c_str(), &status) == 0) (void)::fchmod(to, status.st_mode & 07777U);
+    static std::atomic<unsigned> count = 0;
+    const std::string folder = target.substr(0, target.rfind('/') + 1);
+    const std::string stem = target.substr(folder.size(), kLongestStem);
+    return folder + "." + stem + "." + std::to_string(::getpid()) + "-" + std::to_string(count++) + ".tmp";
 }
 
 // The bytes must be on the disk before they get the file's name: else a power cut could leave an empty file.
@@ -51,17 +36,29 @@ int FillAndClose(int descriptor, std::string_view text) {
     return ::close(descriptor) != 0 && error == 0 ? errno : error;
 }
 
+// Writes a new file beside `target`, with its permissions if it exists. `name` is set as soon as there is a file.
+int WriteBeside(const std::string& target, std::string_view text, unsigned permissions, std::string& name) {
+    std::string free_name;
+    int descriptor = -1;
+    do {  // a killed process of the same number may have left files
+        free_name = NameBeside(target);
+        descriptor = ::open(free_name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, permissions);
+    } while (descriptor < 0 && errno == EEXIST);
+    if (descriptor < 0) return errno;
+    name = free_name;
+    struct stat status = {};
+    if (::lstat(target.c_str(), &status) == 0 && S_ISREG(status.st_mode)) {
+        (void)::fchmod(descriptor, status.st_mode & 07777U);
+    }
+    return FillAndClose(descriptor, text);
+}
+
 // New names are in the folder on the disk, as far as its file system can promise that.
 void FlushFolder(const std::string& folder) {
     const int descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (descriptor < 0) return;
     (void)::fsync(descriptor);
     ::close(descriptor);
-}
-
-bool IsRegularFile(const std::string& path) {
-    struct stat status = {};
-    return ::lstat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
 }  // namespace
@@ -76,10 +73,11 @@ int WriteAll(int descriptor, std::string_view text) {
     return 0;
 }
 
+// An old file that can't come back keeps its other name: it may be the only one.
 CFileReplacement::~CFileReplacement() {
     for (auto file = files_.rbegin(); file != files_.rend(); ++file) {
-        if (!committed_) TakeBack(*file);
-        if (!file->old.empty()) ::unlink(file->old.c_str());
+        const bool settled = committed_ || TakeBack(*file);
+        if (settled && !file->old.empty()) ::unlink(file->old.c_str());
         if (!file->temporary.empty()) ::unlink(file->temporary.c_str());
     }
 }
@@ -87,43 +85,27 @@ CFileReplacement::~CFileReplacement() {
 int CFileReplacement::Add(const std::string& target, std::string_view text, unsigned permissions) {
     File& file = files_.emplace_back();
     file.target = target;
-    std::string name;
-    int descriptor = -1;
-    const int error = CreateBeside(target, permissions, name, descriptor);
-    if (error != 0) return error;
-    file.temporary = name;
-    CopyPermissions(target, descriptor);
-    return FillAndClose(descriptor, text);
+    return WriteBeside(target, text, permissions, file.temporary);
 }
 
-// Gives the old file a second name, so that it can come back if a later file fails. Where a file can have one name
-// alone, it gets the other one, and is away until the new one comes.
+// Gives the old file a second name, so that it can come back if a later file fails. Where there are no hard links, a
+// copy does. A folder is left to the rename, which fails.
 int CFileReplacement::KeepOld(File& file) {
-    if (!IsRegularFile(file.target)) return 0;
-    const char* const target = file.target.c_str();
-    std::string name;
-    int error = TakeNameBeside(file.target, name, [target](const char* path) { return ::link(target, path) == 0; });
-    if (error != 0) {
-        int descriptor = -1;
-        error = CreateBeside(file.target, 0600, name, descriptor);
-        if (error != 0) return error;
-        ::close(descriptor);
-        if (std::rename(target, name.c_str()) != 0) error = errno;
-    }
-    if (error == 0) {
+    struct stat status = {};
+    if (::lstat(file.target.c_str(), &status) != 0 || S_ISDIR(status.st_mode)) return 0;
+    const std::string name = NameBeside(file.target);
+    if (::link(file.target.c_str(), name.c_str()) == 0) {
         file.old = name;
-    } else {
-        ::unlink(name.c_str());
+        return 0;
     }
-    return error;
+    const std::optional<std::string> text = ReadWholeFile(file.target);
+    return text ? WriteBeside(file.target, *text, S_IRUSR | S_IWUSR, file.old) : EACCES;
 }
 
-void CFileReplacement::TakeBack(const File& file) {
-    if (!file.old.empty()) {
-        (void)std::rename(file.old.c_str(), file.target.c_str());
-    } else if (file.in_place) {
-        ::unlink(file.target.c_str());
-    }
+bool CFileReplacement::TakeBack(const File& file) {
+    if (!file.in_place) return true;
+    const char* const target = file.target.c_str();
+    return (file.old.empty() ? ::unlink(target) : std::rename(file.old.c_str(), target)) == 0;
 }
 
 CFileReplacement::Fault CFileReplacement::Commit() {

@@ -14,7 +14,7 @@ int WriteAll(int descriptor, std::string_view text);
 // Replaces files, all or none of them, each in one step: whoever reads one, after a crash too, finds the old or the new
 // text. Texts go into hidden temporary files beside their targets and to the disk; Commit gives these the targets'
 // names. A process that is killed in Commit can leave the first files new and the others old, and hidden files
-// `.NAME.PID-N.tmp`, which nothing reads.
+// `.NAME.PID-N.tmp`, which nothing reads. Any number of threads may replace files, each with an object of its own.
 class CFileReplacement {
 public:
     CFileReplacement() = default;
@@ -43,7 +43,8 @@ private:
     };
 
     static int KeepOld(File& file);
-    static void TakeBack(const File& file);
+    // Makes the target what it was before; false if that fails.
+    static bool TakeBack(const File& file);
 
     std::vector<File> files_;
     bool committed_ = false;

@@ -139,16 +139,21 @@ TEST_F(HostOutput, FailedJobsLeaveNothing) {
         EXPECT_FALSE(files.Add("folder.nc", "text"));
     }
     Write("old.nc", "old");
+    ::chmod("old.nc", 0640);
+    fs::create_symlink("gone", "link.nc");
     {
         COutputFiles files;
         EXPECT_TRUE(files.Add("good.nc", "text"));
         EXPECT_TRUE(files.Add("old.nc", "text"));
+        EXPECT_TRUE(files.Add("link.nc", "text"));
         EXPECT_TRUE(files.Add("late.nc", "text"));
         EXPECT_TRUE(files.Add("more.nc", "text"));
         fs::create_directory("late.nc");  // while the job was under way
         EXPECT_FALSE(files.Commit());
     }
     EXPECT_EQ(Read("old.nc"), "old");
+    EXPECT_EQ(fs::status("old.nc").permissions(), fs::perms{0640});
+    EXPECT_TRUE(fs::is_symlink("link.nc"));
     {
         COutputFiles files;
         EXPECT_TRUE(files.Add("good.nc", "text"));
@@ -160,7 +165,7 @@ TEST_F(HostOutput, FailedJobsLeaveNothing) {
               "brindle: folder.nc: can't be written: Is a directory\n"
               "brindle: late.nc: can't be written: Is a directory\n"
               "brindle: /dev/full: can't be written: No space left on device\n");
-    EXPECT_EQ(Names(), (Texts{"folder.nc", "late.nc", "old.nc"}));
+    EXPECT_EQ(Names(), (Texts{"folder.nc", "late.nc", "link.nc", "old.nc"}));
 }
 
 TEST_F(HostOutput, LinksStayAndTheirFilesAreReplaced) {

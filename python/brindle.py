@@ -1,4 +1,4 @@
-"""Brindle for Python: a host that makes NC text out of a tuning and geometry, over the library libBrindleDrv.
+"""Brindle for Python: a host that makes NC text from a tuning and geometry, over the library libBrindleDrv.
 
     import brindle
 
@@ -80,7 +80,7 @@ _MESSAGE_CLOSER = "\ue0b1"
 
 
 class BrindleError(Exception):
-    """What all exceptions of this module are."""
+    """The base of all exceptions of this module."""
 
 
 class LibraryMissing(BrindleError):
@@ -116,7 +116,7 @@ class NcText:
 
     @property
     def text(self):
-        """All segments, one behind the other."""
+        """All segments, one after the other."""
         return "".join(self.segments)
 
 
@@ -338,13 +338,13 @@ class Host:
     # ---- Tuning ----
 
     def load_tuning(self, path, expressions=()):
-        """Reads a tuning file in the place of the tuning. `expressions` is as for read_tuning()."""
+        """Reads a tuning file in place of the current tuning. `expressions` is as for read_tuning()."""
         self.read_tuning(_decoded(_read(path)), expressions, os.fspath(path))
 
     def read_tuning(self, text, expressions=(), path="tuning"):
-        """Takes a tuning, one item a line, in the place of the tuning and its run-time data; geometry stays.
+        """Takes a tuning, one item a line, in place of the tuning and its run-time data; geometry stays.
 
-        Lines that can't be understood are dropped in silence: `brindle check` tells them. `expressions` maps
+        Lines that can't be understood are dropped in silence: `brindle check` reports them. `expressions` maps
         expressions of the tuning's run-time data to their values, texts or numbers. `path` is for messages, and its
         last part for NC text.
         """
@@ -363,7 +363,7 @@ class Host:
             self._call("GBrn_ReadTuneLine", line)
         self._call("GBrn_SetTuningFileName", _name(path))
         self._item_lines = [line for line in lines if not _DEFINITION_WORDS.intersection(_words(line)[:1])]
-        # Without a value an expression stands for itself, which is right for a number.
+        # Without a value an expression counts as itself, which is right for a number.
         self._open_expressions = _open_expressions(lines, lambda text: text in values or _is_number(text))
 
     def tuning(self):
@@ -371,7 +371,7 @@ class Host:
         return self._call("GBrn_GetTuning").replace("\b", "\n")
 
     def load_run_time_data(self, path, value_of):
-        """Reads a definition file of run-time data in the place of the tuning's own.
+        """Reads a definition file of run-time data in place of the tuning's own.
 
         `value_of(expression, is_text)` is asked for the value of each expression that the file has; None leaves the
         expression without one.
@@ -396,7 +396,7 @@ class Host:
     def set_job(self, *, date=None, time=None, inches=None, blank=None, final_position=None, rotary_radius=None,
                 tile=None, tuning_name=None, drawing_name=None, output_name=None, material=None, dataset=None,
                 tuning_pick=None):
-        """Sets what the library is to know of the job; what is None stays as it is.
+        """Sets what the library should know about the job; what is None stays as it is.
 
         date, time: texts that the NC text shows, empty in a new session
         inches: whether the host's units are inches, for a tuning that takes its units from the host
@@ -432,14 +432,14 @@ class Host:
     def start_main(self, name, center=(0.0, 0.0), inside=False, horizontal=False):
         """Drops all geometry and starts the main program.
 
-        `center` is that of the program's bounding box, mm. `inside` tells that the job is seen from the inside of the
+        `center` is that of the program's bounding box, mm. `inside` says that the job is seen from the inside of the
         board, `horizontal` that its grain is horizontal, for tunings that print them.
         """
         self._call("GBrn_StartMain", name, *_point(center), inside, horizontal)
         self._records = _Records(name)
 
     def start_sub(self, name, center=(0.0, 0.0), inside=False, horizontal=False):
-        """Starts a sub-program, behind the main program; add_call() places it."""
+        """Starts a sub-program, after the main program; add_call() places it."""
         self._call("GBrn_StartSub", name, *_point(center), inside, horizontal)
         self._records.start_sub(name)
 
@@ -480,7 +480,7 @@ class Host:
         self._records.add_call(name)
 
     def open_drawing(self, path):
-        """Reads a CFF2 drawing in the place of all programs; a record of it may set the host's units."""
+        """Reads a CFF2 drawing in place of all programs; a record of it may set the host's units."""
         path = os.fspath(path)
         records = _records_of_drawing(_lines(_decoded(_read(path))))
         if records is None:
@@ -495,7 +495,7 @@ class Host:
         """Runs the tuning over the geometry and gives the output, an NcText.
 
         The NC text may hold messages, if the tuning wants them there. With `strict` a run that has messages() raises
-        RunError in the place of giving its output. A dataset that the run-time data lacks raises ValueError.
+        RunError instead of giving its output. A dataset that the run-time data lacks raises ValueError.
         """
         self._end()
         nc = self._fetch()
@@ -510,9 +510,9 @@ class Host:
 
         First what a run leaves out in silence: lines and arcs of a tool that the tuning lacks, calls of a program that
         is not there, the values of expressions that a template needs. Then what the library reports, such as
-        `Could not evaluate: @Foo`. Lines of a tuning, definition or drawing that can't be understood are not told.
+        `Could not evaluate: @Foo`. Lines of a tuning, definition or drawing that can't be understood are not reported.
 
-        The library tells messages in NC text only. So this is a run of its own, with a tuning that writes them there,
+        The library reports messages in NC text only. So this is a run of its own, with a tuning that writes them there,
         and takes about as long as run().
         """
         silent = self._silent_messages()

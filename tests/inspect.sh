@@ -27,7 +27,7 @@ expect 'dump of no tuning' 1 'brindle: bad/bytes.tun:7: the line holds a NUL byt
 expect 'dump of a missing file' 1 'brindle: data/missing.tun: no such file' dump data/missing.tun
 
 expect 'one key' 0 "Tools
-  key            type  default  editor  stands    meaning
+  key            type  default  editor  scope     meaning
   nPhysicalTool  INT   -        -       per tool  Number of the master tool if bToolSubordinate is true; without this key or at 0 it is the tool itself." \
     keys T3_nPhysicalTool
 expect 'keys by a part in any case' 0 "$("$BRINDLE" keys facettol)" keys FacetTol

@@ -145,7 +145,7 @@ box_nc | holds box-1.nc
 lid_nc | holds box-2.nc
 leaves box-1.nc box-2.nc box-3.nc
 run 0 post -t plain.tun -o - box.cf2
-says 'brindle: box.cf2: note: 3 segments, each a complete NC file, written one behind the other'
+says 'brindle: box.cf2: note: 3 segments, each a complete NC file, written one after the other'
 cat box-[123].nc | holds "$folder.out"
 touch box-4.nc box.nc
 run 0 post -t plain.tun box.cf2

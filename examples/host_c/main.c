@@ -7,8 +7,8 @@
  * Build it with `cc -std=c11 main.c -lBrindleDrv`. Run without arguments it takes the example laser_mm.
  *
  * Brindle opens no tuning file and writes no NC file: the host reads the one and writes the other. Every function
- * returns 0, always, so nothing is asked of results here. What a run meets stands in the NC text, if the tuning wants
- * it there. What is dropped in silence does not: tuning lines that can't be understood (`brindle check` finds them),
+ * returns 0, always, so results are not looked at here. What a run meets is in the NC text, if the tuning wants it
+ * there. What is dropped in silence is not: tuning lines that can't be understood (`brindle check` finds them),
  * lines and arcs of a tool that the tuning lacks, calls of a missing program, a drawing without records. A host that
  * takes these from its users looks at them first.
  */

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Makes NC files of all CFF2 drawings of a folder, on all processor cores.
+"""Makes NC files from all CFF2 drawings of a folder, on all processor cores.
 
     post_folder.py TUNING FOLDER OUTPUT_FOLDER
 
@@ -30,7 +30,7 @@ def post(tuning, drawing, output, date, time):
 
 
 class Progress:
-    """A line on the terminal that tells how many are done, and vanishes for messages."""
+    """A line on the terminal that says how many are done, and vanishes for messages."""
 
     def __init__(self, count):
         self.count = count

@@ -57,15 +57,15 @@ int Check(const CheckOptions& options) {
 
 void AddCheckCommand(CLI::App& app, int& status) {
     const auto options = std::make_shared<CheckOptions>();
-    CLI::App* const command = app.add_subcommand("check", "Tells what is wrong with a tuning, with file and line");
+    CLI::App* const command = app.add_subcommand("check", "Reports what is wrong with a tuning, with file and line");
     command->add_option("TUNING", options->paths, "Tunings; - is standard input")->required()->type_name("FILE");
     command->add_flag("--strict", options->strict, "Warnings count as errors in the exit status");
     command->footer(
-        "error    a line that is dropped, or a value that is read as something else than it says\n"
-        "warning  what gives something else than it seems to, or nothing; a dropped line that looks\n"
+        "error    a line that is dropped, or a value that is read differently than it looks\n"
+        "warning  what has another effect than it seems to, or none; a dropped line that looks\n"
         "         like a comment, which a tuning can't have\n"
         "info     what has no effect under the options of the tuning; keys that hold their default\n"
-        "         value are not told\n"
+        "         value are not reported\n"
         "Exit status 0 without errors, 1 with errors, 2 for wrong usage.");
     command->callback([options, &status] { status = Check(*options); });
 }

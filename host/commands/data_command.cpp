@@ -121,13 +121,13 @@ void AddDataCommand(CLI::App& app, int& status) {
     CLI::App& command = *app.add_subcommand("data", "Prints the run-time data of a tuning, or edits its values");
     const auto arguments = std::make_shared<DataArguments>();
     command.add_option("TUNING", arguments->tuning, "Tuning; - is standard input")->required();
-    command.add_option("--rtd", arguments->definition, "Definition file, in the place of the tuning's own definition")
+    command.add_option("--rtd", arguments->definition, "Definition file, in place of the tuning's own definition")
         ->type_name("FILE");
     command.add_option("--dataset", arguments->dataset, "Print this dataset alone, or edit it first")
         ->type_name("NAME");
     CLI::Option& edit = *command.add_flag("--edit", arguments->edit,
                                           "Let the user edit the values of the next jobs in a dialog, and print the\n"
-                                          "dataset that he chose");
+                                          "chosen dataset");
     command
         .add_option("--tune-pick", arguments->tuning_pick,
                     "Name of the tuning in a host's menu; the values last used are stored under it")

@@ -49,10 +49,10 @@ struct LineForm {
 };
 
 constexpr LineForm kLineForms[] = {
-    {"UPD", "UPD 2026_03_01_10_00_00", "When the run-time data were changed last."},
+    {"UPD", "UPD 2026_03_01_10_00_00", "When the run-time data were last changed."},
     {"ROW", "ROW TEXT NAME [HIDE]", "The next row of the table of run-time data; HIDE keeps it from the dialog."},
     {"COL", "COL TEXT NAME [HIDE]", "The next column of the table."},
-    {"MSG", "MSG TEXT NAME [HIDE]", "The next message: a value that stands in no row and column."},
+    {"MSG", "MSG TEXT NAME [HIDE]", "The next message: a value outside the rows and columns."},
     {"DATASETDEF", "DATASETDEF NAME", "A dataset, such as one of a material, above the lines of its values."},
     {"DSD", "DSD DATASET TYPE WORD VALUE",
      "The value of a word such as RTD(1,2) or RTD(1) in a dataset; TYPE is TEXT, or R_EXPR or T_EXPR for an expression "
@@ -86,7 +86,7 @@ private:
 // The rows of one group; empty if the filter wants none.
 std::string GroupText(std::string_view group, const RowFilter& filter) {
     CTextTable table("  ");
-    table.AddRow({"key", "type", "default", "editor", "stands", "meaning"});
+    table.AddRow({"key", "type", "default", "editor", "scope", "meaning"});
     bool has_rows = false;
     for (const KeyInfo& info : KeyCatalogue()) {
         if (info.group != group || !filter.Wants(info)) continue;
@@ -99,7 +99,7 @@ std::string GroupText(std::string_view group, const RowFilter& filter) {
 
 std::string EventsText(const RowFilter& filter) {
     CTextTable table("  ");
-    table.AddRow({"event", "stands", "executed"});
+    table.AddRow({"event", "scope", "executed"});
     bool has_rows = false;
     for (const EventInfo& event : TemplateEvents()) {
         if (!filter.Wants(event)) continue;
@@ -146,13 +146,14 @@ void AddKeysCommand(CLI::App& app, int& status) {
     const auto pattern = std::make_shared<std::string>();
     CLI::App* const command = app.add_subcommand("keys", "Lists the keys that a tuning can hold");
     command->add_option("PATTERN", *pattern,
-                        "A part of the keys that are wanted, a whole key such as T3_Speed_P1_sV1, a heading of the "
+                        "Part of the wanted keys, a whole key such as T3_Speed_P1_sV1, a heading of the "
                         "list, or the first word of a line of run-time data");
     command->footer(
-        "default  what a run takes for a key that the tuning lacks, - if it then does without\n"
+        "default  what a run uses for a key that is missing, - if it needs none\n"
         "editor   what the tuning editor stores for it\n"
-        "stands   alone; per tool: behind T1_, T2_ and so on, or T_ for the default tool; per event:\n"
-        "         behind the event, as in Line_tTmpl, or behind tool and event, as in T1_ToolOn_tTmpl");
+        "scope    how the key is written: alone; per tool: after T1_, T2_ and so on, or T_ for the\n"
+        "         default tool; per event: after the event, as in Line_tTmpl, or after tool and\n"
+        "         event, as in T1_ToolOn_tTmpl");
     command->callback([pattern, &status] { status = PrintKeys(*pattern); });
 }
 

@@ -122,13 +122,13 @@ void AddTextOptions(CLI::App& command, PostArguments& arguments) {
     add("--material", job.material, "Name of the material file");
     add("--tune-pick", job.tuning_pick,
         "Name of the tuning in a host's menu; the values last used are stored under it");
-    add("--drawing-name", job.drawing_name, "In the place of the drawing file's name");
-    add("--output-name", job.output_name, "In the place of the NC file's name");
-    add("--tuning-name", job.tuning_name, "In the place of the tuning file's name");
+    add("--drawing-name", job.drawing_name, "Replaces the drawing file's name");
+    add("--output-name", job.output_name, "Replaces the NC file's name");
+    add("--tuning-name", job.tuning_name, "Replaces the tuning file's name");
 }
 
 void AddRunDataOptions(CLI::App& command, PostArguments& arguments) {
-    command.add_option("--rtd", arguments.definition, "Definition file, in the place of the tuning's own definition")
+    command.add_option("--rtd", arguments.definition, "Definition file, in place of the tuning's own definition")
         ->type_name("FILE")
         ->group(kDataGroup);
     command.add_option("--dataset", arguments.job.dataset, "Dataset to use; by default the first")
@@ -191,7 +191,7 @@ int Post(PostArguments& arguments) {
 }  // namespace
 
 void AddPostCommand(CLI::App& app, int& status) {
-    CLI::App& command = *app.add_subcommand("post", "Makes NC files of drawings");
+    CLI::App& command = *app.add_subcommand("post", "Makes NC files from drawings");
     const auto arguments = std::make_shared<PostArguments>();
     DateText now = LocalDateText(Now());
     arguments->job.date = std::move(now.date);

@@ -120,7 +120,7 @@ private:
         if (count < 2) return;
         const std::string segments = std::to_string(count) + " segments";
         if (IsStream(planned_.nc_path)) {
-            PrintNote(InDrawing(0), segments + ", each a complete NC file, written one behind the other");
+            PrintNote(InDrawing(0), segments + ", each a complete NC file, written one after the other");
         } else {
             PrintNote(InDrawing(0), segments + ": " + SegmentPath(planned_.nc_path, 1, count) + " to " +
                                         SegmentPath(planned_.nc_path, count, count));
@@ -132,7 +132,7 @@ private:
     // A file of an earlier job that looks like a part of this one would be run with it.
     static void NoteLeftover(const std::string& path) {
         std::error_code error;
-        if (std::filesystem::exists(path, error)) PrintWarning({path}, "is older and no part of this job");
+        if (std::filesystem::exists(path, error)) PrintWarning({path}, "is older and not part of this job");
     }
 
     const PlannedJob& planned_;

@@ -24,7 +24,7 @@ tests. `brindle directives NAME` prints one entry, `brindle keys` all options, `
 
 ## Lines
 
-A line holds text, which is written as it stands, and words between `<` and `>`:
+A line holds text, which is written as it is, and words between `<` and `>`:
 
 - `<@Name>` or `<@Name[KEYWORDS]>` is a directive: it writes characters, or changes what later words write. Names count with
   their case. `<` before anything but `@` and `RTD` is text.
@@ -35,21 +35,21 @@ Words act from left to right, each on what those before it have left. A line who
 an empty line writes an empty block. Text that can't be read is reported and left out: the run goes on. Options that are texts,
 such as addresses and codes, may hold words too.
 
-In a tuning file a whole template is one line: behind its key stand, in turn, an N word, which begins a line of the template,
+In a tuning file a whole template is one line: after its key come, in turn, an N word, which begins a line of the template,
 and the text of that line. A blank ends the text, so a blank within it is written `!#SP#!`. This template has three lines, of
 which the second is empty:
 
     MULTI Move_tTmpl NNUL G0!#SP#!<@StartPtWords> NNUL !#EMPTY#! NNUL M8
 
-A tuning file has no comments: a line that begins with `!`, `;` or `#` is dropped, and told by `brindle check`.
+A tuning file has no comments: a line that begins with `!`, `;` or `#` is dropped, and `brindle check` reports it.
 
 )";
 
 constexpr std::string_view kKeywordsHeading = R"(
 ## Keywords
 
-Keywords stand between `[` and `]`, with commas or blanks between them, in any case; a directive ignores those that it does
-not know. A value stands in parentheses, as in `NDEC(3)`. There must be no blank before the `[`.
+Keywords are written between `[` and `]`, with commas or blanks between them, in any case; a directive ignores those that it does
+not know. A value is in parentheses, as in `NDEC(3)`. There must be no blank before the `[`.
 
 )";
 
@@ -145,7 +145,7 @@ std::vector<const KeywordInfo*> KeywordsOf(const DirectiveInfo& directive) {
     return keywords;
 }
 
-// `text` with each of its lines behind `first` or, from the second line on, behind as many blanks.
+// `text` with each of its lines after `first` or, from the second line on, after as many blanks.
 void AddLines(std::string_view first, std::string_view text, std::string& out) {
     std::string lead(first);
     for (const std::string_view line : SplitLines(text)) {
@@ -245,7 +245,7 @@ std::string EntryPage(const DirectiveInfo& directive) {
     for (const KeywordInfo* info : KeywordsOf(directive)) {
         keywords.append(keywords.empty() ? "`" : ", `").append(info->form).append("`");
     }
-    if (directive.name == "@IODwell") keywords = "none; all that stands between the brackets is the dwell's parameter";
+    if (directive.name == "@IODwell") keywords = "none; all that is between the brackets is the dwell's parameter";
     page += Joined({"Keywords: ", keywords.empty() ? "none" : keywords, ".\n"});
     if (!directive.defaults.empty()) page.append("Without them: ").append(directive.defaults).append(".\n");
     return page.append("\n").append(ExamplesPage(directive.name));

@@ -85,7 +85,7 @@ TEST_F(HostEditTest, CancelLeavesTheFileAndTellsOfDroppedEdits) {
 TEST_F(HostEditTest, WhatIsLostOrNewIsTold) {
     Put("a.tun", "TEXT sNWordAddr N\n\n# a remark\n");
     EXPECT_EQ(Edit("a.tun", {Cancel()}), kGood);
-    EXPECT_EQ(errors_, "brindle: a.tun:3: warning: is no line of a tuning, so saving leaves it out\n");
+    EXPECT_EQ(errors_, "brindle: a.tun:3: warning: is not a line of a tuning, so saving leaves it out\n");
     EXPECT_EQ(Edit("new.tun", {TypeAddress("N"), Ok()}), kGood);
     EXPECT_EQ(errors_, "brindle: new.tun: note: does not exist yet: this is a new tuning\n");
     EXPECT_NE(Get("new.tun").find("TEXT sNWordAddr N \n"), std::string::npos);

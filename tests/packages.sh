@@ -26,7 +26,8 @@ for file in bin/brindle include/brindle/brindle.h share/man/man1/brindle.1 share
     share/doc/brindle/examples/host_c/main.c; do
     [ -f "$prefix/$file" ] || fail "not installed: $file"
 done
-[ ! -e "$build/lib/libBrindleEditor.so" ] || [ -f "$libdir/libBrindleEditor.so" ] || fail 'not installed: the plugin'
+[ -f "$libdir/brindle/libBrindleEditor.so" ] || [ ! -e "$build/lib/brindle/libBrindleEditor.so" ] ||
+    fail 'not installed: the plugin'
 if grep -rlF -e "$build" -e "$SOURCE_DIR" "$libdir/cmake" "$libdir/pkgconfig"; then
     fail 'paths of the build folder are installed'
 fi

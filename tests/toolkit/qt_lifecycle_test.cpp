@@ -1,4 +1,4 @@
-// The windows as hosts meet them: the library loaded at run time with the plugin beside it, in hosts with and without
+// The windows as hosts meet them: the library loaded at run time with its plugin, in hosts with and without
 // windows of their own, and where there can be none.
 #include <dlfcn.h>
 #include <gtest/gtest.h>
@@ -24,7 +24,23 @@ namespace {
 namespace fs = std::filesystem;
 
 const fs::path kLibrary = BRINDLE_TEST_LIBRARY;
+const fs::path kPlugin = BRINDLE_TEST_PLUGIN;
 const std::string kHost = BRINDLE_TEST_HOST;
+
+// A folder with a copy of the library, which doesn't see the plugin of the build.
+class CLibraryCopy {
+public:
+    CLibraryCopy() { fs::create_directories(folder_), fs::copy_file(kLibrary, library_); }
+    CLibraryCopy(const CLibraryCopy&) = delete;
+    CLibraryCopy& operator=(const CLibraryCopy&) = delete;
+    ~CLibraryCopy() { fs::remove_all(folder_); }
+    const fs::path& Folder() const { return folder_; }
+    const fs::path& Library() const { return library_; }
+
+private:
+    fs::path folder_ = fs::path(testing::TempDir()) / ("brindle_copy_" + std::to_string(getpid()));
+    fs::path library_ = folder_ / "copy.so";
+};
 
 // ---- Hosts in a process of their own ----
 
@@ -57,19 +73,18 @@ TEST(PlainHost, DialogsEndAsCancelledWhereNoneCanOpen) {
 }
 
 TEST(PlainHost, DialogsEndAsCancelledWithoutThePlugin) {
-    if (fs::exists(fs::path(BRINDLE_TEST_INSTALLED) / BRINDLE_TEST_PLUGIN)) GTEST_SKIP() << "a plugin is installed";
-    const fs::path folder = fs::path(testing::TempDir()) / ("brindle_alone_" + std::to_string(getpid()));
-    fs::create_directories(folder);
-    fs::copy_file(kLibrary, folder / "alone.so");
-    EXPECT_EQ(OutputOf("QT_QPA_PLATFORM=offscreen " + Quoted(kHost) + ' ' + Quoted(folder / "alone.so")),
-              kAllCancelled);
-    fs::remove_all(folder);
+    const fs::path installed = BRINDLE_TEST_INSTALLED;
+    for (const fs::path& folder : {installed / "brindle", installed}) {
+        if (fs::exists(folder / kPlugin.filename())) GTEST_SKIP() << "a plugin is installed";
+    }
+    const CLibraryCopy copy;
+    EXPECT_EQ(OutputOf("QT_QPA_PLATFORM=offscreen " + Quoted(kHost) + ' ' + Quoted(copy.Library())), kAllCancelled);
 }
 
 // ---- Hosts in this process ----
 
-int DisplayTuningDialog() {
-    void* const library = dlopen(kLibrary.c_str(), RTLD_NOW | RTLD_LOCAL);
+int DisplayTuningDialog(const fs::path& path = kLibrary) {
+    void* const library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (library == nullptr) return -1;
     using Display = int(int, const wchar_t*, int*);
     int result = -1;
@@ -128,6 +143,14 @@ TEST_F(HostWithWindows, KeepsItsApplication) {
     EXPECT_TRUE(QApplication::quitOnLastWindowClosed());
     EXPECT_TRUE(window.isVisible());
     EXPECT_EQ(quits, 0);
+}
+
+TEST_F(HostWithWindows, FindsThePluginBesideTheLibraryToo) {
+    const CLibraryCopy copy;
+    fs::copy_file(kPlugin, copy.Folder() / kPlugin.filename());
+    const QApplication application(argument_count_, arguments_);
+    LeaveSheetSoon(0);
+    EXPECT_EQ(DisplayTuningDialog(copy.Library()), 1);
 }
 
 TEST_F(HostWithWindows, OpensTheSheetAgainAndAgain) {

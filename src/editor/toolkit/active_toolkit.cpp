@@ -6,11 +6,6 @@
 #include "editor/toolkit/toolkit_plugin.h"
 #include "platform/dynamic_library.h"
 
-#ifndef BRINDLE_LIB_FOLDER  // built without the plugin
-#define BRINDLE_LIB_FOLDER "lib"
-#define BRINDLE_INSTALL_FOLDER ""
-#endif
-
 namespace brindle {
 namespace {
 
@@ -19,14 +14,18 @@ std::optional<CToolkit*>& Chosen() {
     return toolkit;
 }
 
-// Null if there is no such plugin: one that can't be loaded once is not tried again.
+// The plugin is in a folder of its own below that of the library, or beside the library. The command holds the same
+// code and lies in a folder `bin` next to the library's. Null if there is no such plugin: one that can't be loaded once
+// is not tried again.
 ToolkitEntry FindPlugin() {
     const std::string here = FolderOfThisCode();
     for (const std::string& folder :
          {here, here + "/../lib", here + "/../" BRINDLE_LIB_FOLDER, std::string(BRINDLE_INSTALL_FOLDER)}) {
         if (!folder.starts_with('/')) continue;
-        void* const entry = LoadSymbol(folder + '/' + LibraryFileName(kToolkitPlugin), kToolkitEntry);
-        if (entry != nullptr) return reinterpret_cast<ToolkitEntry>(entry);
+        for (const char* const place : {"/brindle/", "/"}) {
+            void* const entry = LoadSymbol(folder + place + LibraryFileName(kToolkitPlugin), kToolkitEntry);
+            if (entry != nullptr) return reinterpret_cast<ToolkitEntry>(entry);
+        }
     }
     return nullptr;
 }

@@ -5,8 +5,8 @@
 
 namespace brindle {
 
-// The one that was set; before any was, the one of the plugin near the library, which is loaded then. Null if there
-// is none, or if no window can be opened now; every dialog then ends as cancelled.
+// The one that was set; before any was, the one of the library's plugin, which is loaded then. Null if there is none,
+// or if no window can be opened now; every dialog then ends as cancelled.
 CToolkit* ActiveToolkit();
 
 // Puts `toolkit` in its place, null for none. It must stay alive as long as it is active.

@@ -1,0 +1,27 @@
+# `make package`: what is installed, as a Debian package.
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME brindle)
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY ${PROJECT_DESCRIPTION})
+set(CPACK_PACKAGE_VENDOR "Brindle developers")
+set(CPACK_PACKAGE_CONTACT "Brindle developers <developers@brindle.invalid>")
+set(CPACK_PACKAGE_DESCRIPTION
+    "Brindle turns drawings of flat cutting jobs into NC programs for any controller, which a tuning file describes. This
+package holds the command, the library with its header, and the editor of tunings.")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION science)
+file(WRITE ${PROJECT_BINARY_DIR}/triggers "activate-noawait ldconfig\n")
+set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA ${PROJECT_BINARY_DIR}/triggers)
+find_program(DPKG_SHLIBDEPS dpkg-shlibdeps)
+find_program(FILE_TYPES file) # which the search for dependencies needs too
+if(DPKG_SHLIBDEPS AND FILE_TYPES)
+    set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+    set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_LIBRARY_OUTPUT_DIRECTORY})
+else()
+    set(CPACK_DEBIAN_PACKAGE_DEPENDS "libc6, libstdc++6, libgcc-s1, libmuparser2v5, libcairo2")
+    if(BRINDLE_EDITOR)
+        string(APPEND CPACK_DEBIAN_PACKAGE_DEPENDS ", libqt6widgets6")
+    endif()
+endif()
+include(CPack)

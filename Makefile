@@ -1,4 +1,4 @@
-# The everyday commands. `make help` lists them; CMakePresets.json holds the two builds behind them.
+# The everyday commands. `make help` lists them; CMakePresets.json holds the builds behind them.
 
 JOBS ?= $(shell nproc)
 PREFIX ?= /usr/local
@@ -8,18 +8,18 @@ T ?= 60
 export JOBS
 
 release := build/release
-san := build/san
 compile = cmake --build --parallel $(JOBS) --preset
 
 .DEFAULT_GOAL := build
-.PHONY: help setup build run test san fuzz bench format format-check tidy install package clean
+.PHONY: help setup build run test ci san fuzz bench format format-check tidy install package clean
 
 help:
-	@echo 'make build           library and command, into $(release) (the default)'
-	@echo 'make setup           install the Debian packages that are missing'
-	@echo 'make run             set up, build, post-process an example and show the NC file'
-	@echo 'make test            set up, build and run all tests'
-	@echo 'make san             build under the sanitizers, into $(san), and run all tests there'
+	@echo 'make run             set up, build the command, post-process an example and show the NC file'
+	@echo 'make test            set up, build all and run all tests'
+	@echo 'make ci              the same, and before it the sanitizers, the fuzzers and the format check'
+	@echo 'make setup           install the Debian packages that are missing for any of these targets'
+	@echo 'make build           library, command, windows of the editor and tests, into $(release) (the default)'
+	@echo 'make san             build under the sanitizers, into build/san, and run all tests there'
 	@echo 'make fuzz            run each fuzzer for T seconds (T=$(T)), with clang, in build/fuzz'
 	@echo 'make bench           build and run the benchmarks (BENCH_ARGS="--benchmark_filter=...")'
 	@echo 'make format          lay out the sources;  make format-check  only tells whether they are'
@@ -29,34 +29,45 @@ help:
 	@echo 'make clean           remove all that was built'
 
 setup:
-	@scripts/setup.sh
+	@scripts/setup.sh ci
 
-build/%/build.ninja: CMakePresets.json
+# The folder of the release build may hold the command alone, after `make run`. Whoever needs more makes this file, so
+# that all is configured, or what is missing is named.
+build/%/all_configured: CMakePresets.json
 	cmake --preset $*
+	@touch $@
 
-build: $(release)/build.ninja
+build: $(release)/all_configured
 	$(compile) release
 
 example_nc := build/run/folding_box.nc
-run: setup
-	@$(MAKE) --no-print-directory build
+run:
+	@scripts/setup.sh run
+	@[ -f $(release)/build.ninja ] || cmake --preset command
+	$(compile) command
 	@mkdir -p $(dir $(example_nc))
 	$(release)/bin/brindle post -t examples/laser_mm/laser_mm.tun -o $(example_nc) examples/drawings/folding_box.cf2
 	@echo 'NC file: $(example_nc)'
 	@head -n 15 $(example_nc)
 
-test: setup
-	@scripts/test.sh
+test:
+	@scripts/setup.sh test
+	@$(MAKE) --no-print-directory build
+	ctest --preset release --parallel $(JOBS)
 
-san: $(san)/build.ninja
+ci:
+	@scripts/setup.sh ci
+	@scripts/ci.sh
+
+san: build/san/all_configured
 	$(compile) san
 	ctest --preset san --parallel $(JOBS)
 
-fuzz: build/fuzz/build.ninja
+fuzz: build/fuzz/all_configured
 	$(compile) fuzz
 	@scripts/fuzz.sh $(T)
 
-bench: $(release)/build.ninja
+bench: $(release)/all_configured
 	$(compile) release --target brindle_bench
 	$(release)/bin/brindle_bench $(BENCH_ARGS)
 
@@ -66,7 +77,7 @@ format:
 format-check:
 	@scripts/format.sh --check
 
-tidy: $(release)/build.ninja
+tidy: $(release)/all_configured
 	@scripts/tidy.sh $(TIDY_ARGS)
 
 install: build

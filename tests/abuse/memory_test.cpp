@@ -49,6 +49,8 @@ std::string Fetch(short number) {
 
 struct Job {
     std::string tuning, drawing, definition;
+
+    friend void PrintTo(const Job& job, std::ostream* out) { *out << job.tuning; }
 };
 
 class CJobHost {

@@ -69,6 +69,8 @@ struct RealCase {
     const char* typed;
     const char* stored_then;
     const char* shown_then;
+
+    friend void PrintTo(const RealCase& c, std::ostream* out) { *out << c.name; }
 };
 
 class RealEdits : public EditorControls, public testing::WithParamInterface<RealCase> {};
@@ -104,6 +106,8 @@ struct RefusedCase {
     const char* control;
     const char* typed;
     const char* message;
+
+    friend void PrintTo(const RefusedCase& c, std::ostream* out) { *out << c.name; }
 };
 
 class RefusedNumbers : public EditorControls, public testing::WithParamInterface<RefusedCase> {};

@@ -82,6 +82,7 @@ constexpr DirectiveRead kReads[] = {
     {D::kSpeedWords, Key("Speed_P2_sV4"), Part::kAxis2, When::kFine, C::kTwoParameters, true},
     {D::kSpeedWords, Key("Speed_sForArcs_P2"), Part::kAxis2, When::kFine, C::kTwoParameters, true},
     {D::kFlyModeCode, Key("Fly_sOnCode"), Part::kAll, When::kNothing, C::kFly},
+    {D::kFlyModeCode, Key("Fly_sOffCode"), Part::kAll, When::kFine},  // written without fly mode too
     {D::kFlyModeCode, Key("Fly_sOffCode"), Part::kAll, When::kNothing, C::kFly},
 
     {D::kTextDataWord, Key("TextData_sAddr"), Part::kAddress, When::kBareWord, C::kText},

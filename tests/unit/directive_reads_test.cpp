@@ -68,10 +68,11 @@ struct Extra {
 
 const Extra kExtras[] = {
     {DirectiveId::kTextDataWord, "TextData_*", "", {"BOOL bUseText true", "TEXT TextData_sFROM_1 e"}},
+    {DirectiveId::kNBlockOn, "nNWordInitVal", "", {"INT nNWordBigInc 1"}},
     {DirectiveId::kNBlockOn, "nNWordSmInc", "SPECIAL", {}},
     {DirectiveId::kSpeedWords, "Speed_sForArcs_*", "", {"BOOL T1_Speed_bSepForArcs true"}},
     {DirectiveId::kIncludeRotWord, "SubRot_sCode", "", {"TEXT SubRot_sAddr R"}},
-    {DirectiveId::kIncludeMirCode, "sMirrorReset", "", {"TEXT sMirrorX MX"}},
+    {DirectiveId::kIncludeMirCode, "sMirrorReset", "", {"TEXT sMirrorXY MXY"}},
     {DirectiveId::kIncludeMirResetCode, "sMirrorReset", "NONMODAL", {}},
     {DirectiveId::kIncludeRotWord, "SubRot_sResetCode", "", {"TEXT SubRot_sAddr R"}},
     {DirectiveId::kIncludeRotResetWord, "SubRot_sResetCode", "NONMODAL", {}},
@@ -98,6 +99,7 @@ const Lines kBase = {
     "BOOL T1_Fly_bUse true",
     "REAL T1_Fly_rDEG_MaxAngDeviation 20",
     "BOOL SubNum_bUseSequence true",
+    "BOOL Speed_bModal false",
 };
 
 // A main program with lines in all directions, arcs in both senses, a text, two tools, and calls with all mirrors and
@@ -110,7 +112,7 @@ void MakeJob() {
         GBrn_AddArc(1, 1, 0.5, x1, y1, x2, y2, x, y, radius, 0.0, 0);
     };
     const auto call = [](double rotation, int mirror_x, int mirror_y) {
-        GBrn_AddInclude(L"PART", 50.0, 50.0, 0.0, 0.0, 0.0, rotation, mirror_x, mirror_y);
+        GBrn_AddInclude(L"PART", 50.0, 50.0, 0.0, 0.0, rotation, mirror_x, mirror_y);
     };
     GBrn_SetBlankSize(300.0, 200.0);
     GBrn_StartMain(L"MAIN", 150.0, 100.0, 1, 1);
@@ -227,6 +229,24 @@ TEST(DirectiveReads, NoOptionActsWhereItsConditionFails) {
         if (off.empty() || IsReadElsewhere(row, off)) continue;
         EXPECT_FALSE(HoldsWith(row.condition, off)) << NameOf(row);
         EXPECT_FALSE(TrialOf(row).Acts(off)) << NameOf(row) << ": the directive reads it all the same";
+    }
+}
+
+// An option that a directive wants acts whatever else the tuning says, as long as its condition holds.
+TEST(DirectiveReads, NoOtherConditionIsNeeded) {
+    for (const DirectiveRead& row : DirectiveReads()) {
+        if (row.when_empty == WhenEmpty::kFine) continue;
+        for (const Switch& one : kSwitches) {
+            for (const Lines& lines : {one.on, one.off}) {
+                Lines options = SwitchOf(row.condition).on;
+                options.insert(options.end(), lines.begin(), lines.end());
+                const bool loses_texts =
+                    row.condition == Condition::kText && !HoldsWith(Condition::kAbsoluteMain, options);
+                if (loses_texts || !HoldsWith(row.condition, options)) continue;
+                EXPECT_TRUE(TrialOf(row).Acts(options))
+                    << NameOf(row) << " needs condition " << static_cast<int>(one.condition);
+            }
+        }
     }
 }
 

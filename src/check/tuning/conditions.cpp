@@ -132,7 +132,7 @@ constexpr KeyCondition kKeyConditions[] = {
     {"Speed_sForArcs_*", Condition::kToolArcSpeed}, {"Speed_bUseSmallRadiiFormula", Condition::kToolArcSpeed}, {"SRF_*", Condition::kSmallRadii},
     {"bParen*", Condition::kSpeedExpression},
 
-    {"Fly_*", Condition::kFly}, {"Fly_s*", Condition::kFlyTools}, {"Fly_bForFollowing", Condition::kFlyTools}, {"Fly_rMM_Threshold", Condition::kFlyTools},
+    {"Fly_b*", Condition::kFly}, {"Fly_r*", Condition::kFly}, {"Fly_sOnCode", Condition::kFly}, {"Fly_sOnCode", Condition::kFlyTools}, {"Fly_bForFollowing", Condition::kFlyTools}, {"Fly_rMM_Threshold", Condition::kFlyTools},
     {"ToolRot_*", Condition::kRotationWords}, {"sTangAuxCode*", Condition::kTangential},
     {"b180Symmetry", Condition::kToolTangential}, {"rLiftAngDEG", Condition::kToolTangential},
     {"ToolOff_*", Condition::kNoMirror}, {"ToolOff_r*", Condition::kToolOffset}, {"SmFacet_r*", Condition::kToolFacets},

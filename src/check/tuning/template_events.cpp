@@ -126,7 +126,7 @@ private:
 
 }  // namespace
 
-void CheckStates(const CPlacedTuning& tuning, CDiagnostics& diagnostics) {
+void CheckEvents(const CPlacedTuning& tuning, CDiagnostics& diagnostics) {
     EventChecker checker(tuning, diagnostics);
     for (const DirectiveUse& use : tuning.directives()) {
         if (IsRead(tuning, *use.text)) checker.Check(use);

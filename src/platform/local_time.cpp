@@ -4,6 +4,7 @@
 #include <array>
 #include <chrono>
 #include <ctime>
+#include <mutex>
 #include <vector>
 
 #include "text/numbers.h"
@@ -20,6 +21,9 @@ bool IsCalendarTime(int32_t year, int32_t month, int32_t day, int32_t hour, int3
     return year >= kFirstYear && IsWithin(month, 1, 12) && IsWithin(day, 1, 31) && IsWithin(hour, 0, 23) &&
            IsWithin(minute, 0, 59) && IsWithin(second, 0, 59);
 }
+
+// The C library has one time zone for all threads, and reads it anew where TZ has changed.
+std::mutex time_zone;
 
 // How far the local clock is ahead of UTC at that time, in seconds.
 int64_t OffsetAt(int64_t seconds) {
@@ -52,6 +56,7 @@ int64_t Now() {
 std::string FormatTimeStamp(int64_t seconds) {
     const std::time_t time = static_cast<std::time_t>(seconds);
     std::tm local = {};
+    const std::lock_guard lock(time_zone);
     tzset();
     if (!localtime_r(&time, &local) || local.tm_year < 0) return {};
     return std::to_string(int64_t{kFirstYear} + local.tm_year) + Field(local.tm_mon + 1) + Field(local.tm_mday) +
@@ -73,6 +78,7 @@ int64_t ParseTimeStamp(std::string_view text) {
     local.tm_hour = hour;
     local.tm_min = minute;
     local.tm_sec = second;
+    const std::lock_guard lock(time_zone);
     tzset();
     return TimeOfLocalClock(timegm(&local));
 }

@@ -4,6 +4,8 @@
 #include <charconv>
 #include <cmath>
 
+#include "text/numbers.h"
+
 namespace brindle::host {
 namespace {
 
@@ -12,7 +14,7 @@ constexpr double kMostDecimals = 9.0;
 
 // 1, 2 or 5 times a power of ten.
 double RoundStep(double least) {
-    const double power = std::pow(10.0, std::floor(std::log10(least)));
+    const double power = PowerOfTenth(TruncateToInt32(-std::floor(std::log10(least))));
     for (const double factor : {1.0, 2.0, 5.0}) {
         if (factor * power >= least) return factor * power;
     }

@@ -19,20 +19,17 @@ struct PointStyle {
 
 double Coordinate(Point p, int axis) { return axis == 0 ? p.x : p.y; }
 
-void AxisWord(CTextResolver& resolver, int axis, double coordinate, OptionText& address, const PointStyle& style,
+void AxisWord(CTextResolver& resolver, int axis, double coordinate, const OptionText& address, const PointStyle& style,
               std::string& out) {
     RunContext& run = resolver.run();
     const double value = style.absolute ? coordinate : coordinate - Coordinate(run.controller.last_position, axis);
     const CNumberText number = AxisNumber(run, axis, value);
-    std::string& last = axis == 0 ? run.state.last_axis1 : run.state.last_axis2;
-    if (style.modal && (style.absolute ? !IsNew(last, number.view()) : std::fabs(value) < kTolerance)) return;
-    last = number.view();
-    if (style.address) resolver.AppendText(address, out);
-    out += number.view();
-    resolver.AppendSeparator(out);
+    if (style.modal && !style.absolute && std::fabs(value) < kTolerance) return;
+    resolver.AppendWord(style.address ? &address : nullptr, number.view(), style.modal && style.absolute,
+                        run.state.last.axis[axis], out);
 }
 
-void PointWords(CTextResolver& resolver, const CAtDirKeywords& keywords, Point p, OptionText (&addresses)[2],
+void PointWords(CTextResolver& resolver, const CAtDirKeywords& keywords, Point p, const OptionText (&addresses)[2],
                 std::string& out) {
     const PointStyle style(resolver.run(), keywords);
     std::string axis2_word;  // evaluated first, written last
@@ -115,14 +112,13 @@ void CornerWords(CTextResolver& resolver, const CAtDirKeywords& keywords, double
 }  // namespace
 
 void StartPtWords(CTextResolver& resolver, const CAtDirKeywords& keywords, std::string& out) {
-    AxisOptions& axes = resolver.run().options.axes;
-    PointWords(resolver, keywords, resolver.run().controller.current_item().Get().Start(),
+    const AxisOptions& axes = resolver.run().options.axes;
+    PointWords(resolver, keywords, resolver.run().Record().Start(),
                axes.start_end_on_block ? axes.start_address : axes.address, out);
 }
 
 void EndPtWords(CTextResolver& resolver, const CAtDirKeywords& keywords, std::string& out) {
-    PointWords(resolver, keywords, resolver.run().controller.current_item().Get().End(),
-               resolver.run().options.axes.address, out);
+    PointWords(resolver, keywords, resolver.run().Record().End(), resolver.run().options.axes.address, out);
 }
 
 void MidPtWords(CTextResolver& resolver, const CAtDirKeywords& keywords, std::string& out) {

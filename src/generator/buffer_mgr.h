@@ -10,7 +10,7 @@
 
 namespace brindle {
 
-// The mark of a dwell in NC text. A host gets it as a piece of its own, with the dwell's parameter behind it.
+// The mark of a dwell in NC text. A host gets it as a piece of its own, with the dwell's parameter after it.
 inline constexpr std::string_view kDwellMarker = "IODWELL";
 
 // The standard end of a block, as option texts spell it.
@@ -23,7 +23,7 @@ class CBufferMgr {
 public:
     // Drops all buffers.
     void Reset();
-    // Starts an empty buffer behind the others and makes it current.
+    // Starts an empty buffer after the others and makes it current.
     void NewBuffer();
     // Adds a finished block to the current buffer, which is made if there is none. Its character codes are expanded in
     // place. A block with a dwell becomes the text before the marker, the marker with its parameter, and the rest; a

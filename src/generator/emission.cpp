@@ -6,6 +6,7 @@
 #include "generator/facets.h"
 #include "generator/path_recorder.h"
 #include "generator/word_numbers.h"
+#include "geometry/rounding.h"
 #include "text/numbers.h"
 
 namespace brindle {
@@ -22,9 +23,10 @@ void CEmission::OutputProgram(int32_t program, const CTrans& trans) {
 void CEmission::EmitRecord(const CNCData& record, const CNCData* next, const CTrans& trans) {
     run_.SetCurrentRecords(&record, next, trans);
     const bool is_cut = record.IsLine() || record.IsArc();
+    const ProgramOptions& programs = run_.options.programs;
     const bool is_unknown_tool =
-        static_cast<uint32_t>(record.GetToolId()) > static_cast<uint32_t>(run_.settings.number_of_tools);
-    if (is_cut && is_unknown_tool && !run_.settings.default_tool_allowed) return;
+        static_cast<uint32_t>(record.GetToolId()) > static_cast<uint32_t>(programs.number_of_tools);
+    if (is_cut && is_unknown_tool && !programs.default_tool) return;
 
     std::vector<CNCLineData> facets;
     bool force_lift = false;
@@ -81,11 +83,11 @@ void CEmission::EmitFacets(const std::vector<CNCLineData>& facets, const CNCData
 
 void CEmission::UpdateToolDirection(const CNCData& record) {
     if (record.IsLine() || record.IsArc()) {
-        run_.controller.PointToolAlong(run_.controller.current_item().Get());
+        run_.controller.PointToolAlong(run_.Record());
         return;
     }
     run_.controller.ForgetToolDirection();
-    run_.state.last_tool_angle = -1.0;
+    run_.state.last.tool_angle = -1.0;
 }
 
 bool CEmission::ReportsNoTool(const CNCData& record, const char* what) {
@@ -113,7 +115,7 @@ void CEmission::ExecuteElement(const CompiledTemplate& compiled, PathKind kind) 
 void CEmission::CutLine(bool force_lift) {
     ApproachCut(force_lift);
     ExecuteElement(run_.line, PathKind::kLine);
-    run_.controller.last_position = run_.controller.current_item().Get().End();
+    run_.controller.last_position = run_.Record().End();
     tools_.FlyPostCheck();
 }
 
@@ -181,24 +183,25 @@ void CEmission::EmitText(const CNCData& record) {
 
 void CEmission::ExecuteMove(const CompiledTemplate& compiled) {
     CNCControllerState& controller = run_.controller;
-    const Point start = controller.current_item().Get().Start();
+    MoveKind& move = run_.state.tool.move;
+    const Point start = run_.Record().Start();
     if (run_.IsAtLastPosition(start)) return;
-    controller.move_kind = MoveKind::kRapid;
-    if (run_.state.PositionUnknown()) {
+    move = MoveKind::kRapid;
+    if (run_.state.last.PositionUnknown()) {
         tools_.ToolOff();
     } else {
         const double shortest_rapid = controller.transform.TransformLength(run_.options.programs.shortest_rapid);
-        if (Distance(controller.last_position, start) <= shortest_rapid) controller.move_kind = MoveKind::kLinear;
+        if (Distance(controller.last_position, start) <= shortest_rapid) move = MoveKind::kLinear;
         if (tools_.GapCanStayDown(controller.last_position, controller.GetToolDirection(true), start)) {
-            controller.move_kind = MoveKind::kLinear;
+            move = MoveKind::kLinear;
         } else {
             tools_.ToolOff();
         }
     }
     ExecuteElement(compiled, PathKind::kRapid);
     controller.last_position = start;
-    controller.SetToolDirection(controller.current_item().Get().GetStartAngle(false));
-    controller.move_kind = MoveKind::kNone;
+    controller.SetToolDirection(run_.Record().GetStartAngle(false));
+    move = MoveKind::kNone;
 }
 
 }  // namespace brindle

@@ -18,7 +18,7 @@ public:
 
     // Outputs all records of a program under `trans`.
     void OutputProgram(int32_t program, const CTrans& trans);
-    // A move to the start of the current record, unless the machine stands there.
+    // A move to the start of the current record, unless the machine is there.
     void ExecuteMove(const CompiledTemplate& compiled);
 
 private:
@@ -49,7 +49,7 @@ private:
     bool MayExpand(int32_t program);
     void CallSub(const CNCIncludeData& record, int32_t program, const CTrans& trans);
     void ReachCallPoint(const CNCIncludeData& record);
-    // A point of the called program behind the call's rotation and mirrors: its start or end reference.
+    // A point of the called program after the call's rotation and mirrors: its start or end reference.
     Point StartReference(const CNCIncludeData& record, int32_t program) const;
     Point EndReference(const CNCIncludeData& record, int32_t program) const;
     void MakeCallPointCurrent(const CNCIncludeData& record, Point place, const CTrans& trans);
@@ -59,7 +59,7 @@ private:
     CToolControl& tools_;
     CSegments& segments_;
     std::vector<int32_t> active_programs_;  // those being output, outermost first
-    int32_t expanded_calls_ = 0;
+    size_t expanded_calls_ = 0;
 };
 
 }  // namespace brindle

@@ -8,9 +8,6 @@
 namespace brindle {
 namespace {
 
-constexpr size_t kDeepestCall = 64;
-constexpr int32_t kMostCalls = 1000000;
-
 // A call's rotation and mirrors, without the caller's transform.
 void TakePlacing(const CNCIncludeData& record, CTrans& trans) {
     trans.mirror_x = record.GetIncludeMirrorX();
@@ -107,12 +104,12 @@ void CEmission::CallSub(const CNCIncludeData& record, int32_t program, const CTr
     if (!on_block) ReachCallPoint(record);
     tools_.ToolOff();
     executor_.ExecuteTemplate(run_.sub_call);
-    run_.state.ClearModalWords();
-    run_.state.tool_on = -1;
+    run_.state.last.Clear();
+    run_.state.tool.power = ToolPower::kUnknown;
     if (run_.options.programs.subs_absolute && !on_block) {
         MakeCallPointCurrent(record, Sum(record.Start(), EndReference(record, program)), run_.controller.transform);
         executor_.ExecuteTemplate(run_.origin_reset);
-        run_.state.ClearModalWords();
+        run_.state.last.Clear();
     }
     executor_.ExecuteTemplate(run_.sub_reset);
     if (run_.path != nullptr) run_.path->EndCall();
@@ -123,7 +120,7 @@ void CEmission::ReachCallPoint(const CNCIncludeData& record) {
     if (!run_.options.programs.subs_absolute) return;
     MakeCallPointCurrent(record, record.Start(), run_.controller.transform);
     executor_.ExecuteTemplate(run_.origin_set);
-    run_.state.ClearModalWords();
+    run_.state.last.Clear();
 }
 
 }  // namespace brindle

@@ -1,4 +1,5 @@
 #include "generator/evaluators.h"
+#include "geometry/rounding.h"
 #include "platform/version.h"
 
 namespace brindle {
@@ -49,7 +50,7 @@ void RotaryRadius(CTextResolver& resolver, const CAtDirKeywords& keywords, std::
     const RunContext& run = resolver.run();
     const double radius = run.EffectiveRotaryRadius() * keywords.Factor(1.0);
     const int32_t decimals = run.AxisUnit().grid_decimals[run.options.axes.LinearAxis()];
-    out += CNumberText(run.controller.transform.TransformLength(radius), decimals, run.settings.trim).view();
+    out += CNumberText(run.controller.transform.TransformLength(radius), decimals, run.state.trim).view();
 }
 
 // The parameter stays in the block until the buffer cuts it out for the host.

@@ -1,34 +1,30 @@
 #include "generator/evaluators.h"
 #include "generator/word_numbers.h"
+#include "geometry/rounding.h"
 
 namespace brindle {
-namespace {
-
-const CNCData& Current(CTextResolver& resolver) { return resolver.run().controller.current_item().Get(); }
-
-}  // namespace
 
 void CutWidth(CTextResolver& resolver, const CAtDirKeywords& keywords, std::string& out) {
     const RunContext& run = resolver.run();
     const int32_t decimals = keywords.NDec(run.AxisUnit().grid_decimals[run.options.axes.LinearAxis()]);
-    const double width = RoundScaled(Current(resolver).GetCutWidth(), keywords.Factor(1.0), decimals);
-    out += CNumberText(width, decimals, run.settings.trim).view();
+    const double width = RoundScaled(run.Record().GetCutWidth(), keywords.Factor(1.0), decimals);
+    out += CNumberText(width, decimals, run.state.trim).view();
 }
 
 void BridgeWidth(CTextResolver& resolver, const CAtDirKeywords&, std::string& out) {
-    out += AxisNumber(resolver.run(), 0, Current(resolver).GetBridgeWidth()).view();
+    out += AxisNumber(resolver.run(), 0, resolver.run().Record().GetBridgeWidth()).view();
 }
 
 void BridgeNum(CTextResolver& resolver, const CAtDirKeywords&, std::string& out) {
-    AppendInt(out, Current(resolver).GetBridgeCount());
+    AppendInt(out, resolver.run().Record().GetBridgeCount());
 }
 
 void LineType(CTextResolver& resolver, const CAtDirKeywords&, std::string& out) {
-    AppendInt(out, Current(resolver).GetLineType());
+    AppendInt(out, resolver.run().Record().GetLineType());
 }
 
 void ToolId(CTextResolver& resolver, const CAtDirKeywords&, std::string& out) {
-    const int32_t tool = resolver.run().state.selected_tool;
+    const int32_t tool = resolver.run().state.tool.selected;
     if (tool >= 1) AppendInt(out, tool);
 }
 

@@ -10,7 +10,7 @@ namespace brindle {
 
 // How numbers lose what a controller can do without.
 struct TrimFlags {
-    bool zeros = false;  // trailing zeros behind the point
+    bool zeros = false;  // trailing zeros after the point
     bool point = false;  // a trailing point
 };
 
@@ -30,7 +30,7 @@ private:
     bool WriteScaled(double value, int places);
     void Trim(TrimFlags trim);
 
-    std::array<char, 328> characters_;  // the largest double has 309 digits, behind a sign and with six decimals
+    std::array<char, 328> characters_;  // the largest double has 309 digits, after a sign and with six decimals
     char* begin_ = characters_.data();  // of the text within characters_
     char* end_ = begin_;
 };

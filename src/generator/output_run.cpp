@@ -30,54 +30,34 @@ void COutputRun::OutputFile() {
     run_.geometry.CollectIncludes({programs.rotations_in_use, programs.mirror_in_use});
     run_.controller.current_program_name = run_.geometry.GetProgramName(0);
     run_.controller.current_program = -1;
-    SettleComments();
+    run_.state.last.Clear();  // the comment marks see nothing of the run before
+    resolver_.SettleCommentMarks();
     TakeSettings();
     ResetController();
     run_.controller.SetTransform(run_.PlaneTransform());
-    run_.settings.segment_reserve = segments_.MeasureSegmentEnd();
+    segments_.MeasureEnd();
     ResetController();
     executor_.ExecuteTemplate(run_.file_start);
     OutputPrograms();
     executor_.ExecuteTemplate(run_.file_end);
 }
 
-// The opener is in force while the closer is being resolved. Neither sees what the run before wrote last.
-void COutputRun::SettleComments() {
-    run_.state.ClearModalWords();
-    RunSettings& settings = run_.settings;
-    settings.errors_as_comments = run_.options.blocks.errors_as_comments;
-    settings.open_comment.clear();
-    settings.close_comment.clear();
-    if (!settings.errors_as_comments) return;
-    std::string scratch;
-    settings.open_comment = resolver_.ReadText(run_.options.blocks.open_comment, scratch);
-    settings.close_comment = resolver_.ReadText(run_.options.blocks.close_comment, scratch);
-    settings.errors_as_comments = !settings.open_comment.empty();
-}
-
 void COutputRun::TakeSettings() {
     const BlockOptions& blocks = run_.options.blocks;
     const ProgramOptions& programs = run_.options.programs;
-    run_.settings.trim = {blocks.trim_zeros, blocks.trim_point};
-    run_.settings.default_tool_allowed = programs.default_tool;
-    run_.settings.number_of_tools = programs.number_of_tools;
-    run_.settings.segment_limit = programs.segmented ? programs.segment_bytes : -1;
+    run_.state.trim = {blocks.trim_zeros, blocks.trim_point};
     run_.controller.in_inches = programs.inches_auto ? run_.controller.job.auto_inches : programs.inches;
     run_.controller.absolute_mode = programs.absolute;
 }
 
 // Comes before the end of a segment is measured, so that it is measured from the same state in each run, and again
-// behind it.
+// after it.
 void COutputRun::ResetController() {
-    CNCControllerState& controller = run_.controller;
-    controller.fly_mode_on = false;
-    controller.tool_down = false;
-    controller.ForgetToolDirection();
-    run_.state.fly_check = -1;
-    run_.state.tool_on = 0;
-    run_.state.last_tool_angle = -1.0;
-    run_.state.ClearModalWords();
-    run_.ResetNumbering();
+    run_.controller.ForgetToolDirection();
+    run_.state.tool = {.power = ToolPower::kOff};
+    run_.state.last.tool_angle = -1.0;
+    run_.state.last.Clear();
+    run_.state.numbers.Reset(run_.options.blocks);
 }
 
 void COutputRun::OutputPrograms() {
@@ -95,7 +75,7 @@ void COutputRun::OutputMain() {
     run_.controller.current_program_name = run_.geometry.GetProgramName(0);
     run_.controller.current_program = -1;
     run_.controller.absolute_mode = run_.options.programs.absolute;
-    run_.state.ResetOutputState();
+    run_.state.ForgetOutput();
     if (run_.path != nullptr) run_.path->StartProgram(-1, {});
     executor_.ExecuteTemplate(run_.main_init);
     emission_.OutputProgram(0, trans);
@@ -103,15 +83,14 @@ void COutputRun::OutputMain() {
     FinishMain(trans);
     tools_.ToolOff();
     tools_.DeselectAtEnd();
-    run_.state.selected_tool = -1;
+    run_.state.tool.selected = -1;
     executor_.ExecuteTemplate(run_.main_term);
-    run_.state.ResetOutputState();
+    run_.state.ForgetOutput();
 }
 
 void COutputRun::FinishMain(const CTrans& trans) {
     const ProgramOptions& programs = run_.options.programs;
-    const int32_t tool =
-        programs.use_primary_tool ? programs.primary_tool : run_.controller.current_item().Get().GetToolId();
+    const int32_t tool = programs.use_primary_tool ? programs.primary_tool : run_.Record().GetToolId();
     MakeFinalRecordCurrent(tool, trans);
     if (tool != 0 && programs.use_primary_tool) {
         tools_.ToolChange();
@@ -149,7 +128,7 @@ void COutputRun::OutputSub(int32_t variant, int32_t program, const std::string& 
     const bool on_block = run_.options.axes.start_end_on_block;
     run_.controller.current_program = variant;
     run_.controller.current_program_name = name;
-    run_.state.ResetOutputState();
+    run_.state.ForgetOutput();
     const Point start = SubStart(program);
     if (on_block) {
         trans.offset_x = -start.x;
@@ -163,7 +142,7 @@ void COutputRun::OutputSub(int32_t variant, int32_t program, const std::string& 
     tools_.ToolOff();
     if (!on_block) ReturnFromSub(program, trans);
     executor_.ExecuteTemplate(run_.sub_term);
-    run_.state.ResetOutputState();
+    run_.state.ForgetOutput();
 }
 
 Point COutputRun::SubStart(int32_t program) const {

@@ -16,7 +16,7 @@ namespace brindle {
 // null, becomes the path of the tool.
 void RunOutput(const SessionParts& session, ToolPath* path = nullptr);
 
-// One such run, behind the settling of its values.
+// One such run, after its values have been settled.
 class COutputRun {
 public:
     explicit COutputRun(const SessionParts& session)
@@ -31,7 +31,6 @@ public:
 
 private:
     void OutputFile();
-    void SettleComments();
     void TakeSettings();
     void ResetController();
     void OutputPrograms();

@@ -7,8 +7,6 @@ namespace brindle {
 namespace {
 
 constexpr int32_t kMainProgram = -1;
-constexpr size_t kDeepestCall = 64;
-constexpr size_t kMostCalls = 1000000;
 constexpr size_t kMostElements = 2000000;
 // So many steps of an axis can lie between two pieces that meet.
 constexpr double kLooseSteps = 4.0;
@@ -62,7 +60,7 @@ void CPathRecorder::EndElement() {
 }
 
 void CPathRecorder::TakeCurrentRecord(Step& step, PathKind kind) {
-    const CNCData& record = run_.controller.current_item().Get();
+    const CNCData& record = run_.Record();
     PathElement& piece = step.piece;
     piece.kind = kind;
     piece.number = static_cast<int32_t>(path_.blocks.size()) - 1;
@@ -70,9 +68,9 @@ void CPathRecorder::TakeCurrentRecord(Step& step, PathKind kind) {
     piece.start = record.Start();
     piece.end = step.is_move || kind == PathKind::kText ? record.Start() : record.End();
     step.offset = OffsetOf(record);
-    if (step.is_move && run_.state.tool_on == 1) {
+    if (step.is_move && run_.state.tool.power == ToolPower::kOn) {
         piece.kind = PathKind::kLine;
-        piece.tool = run_.state.selected_tool;
+        piece.tool = run_.state.tool.selected;
     }
     if (kind == PathKind::kText) piece.text = TakeText(record);
     if (kind != PathKind::kArc) return;
@@ -100,10 +98,8 @@ void CPathRecorder::BeginCall(const CNCIncludeData& record) {
     OpenNumber();
     const ProgramOptions& programs = run_.options.programs;
     Call call{run_.VariantOf(record), TurnOf(record), {}};
-    const CNCControllerState& controller = run_.controller;
     call.start_is_at = !programs.subs_absolute || run_.options.axes.start_end_on_block;
-    call.at = call.start_is_at ? controller.current_item().Get().Start()
-                               : controller.transform.TransformPoint(record.Start());
+    call.at = call.start_is_at ? run_.Record().Start() : run_.controller.transform.TransformPoint(record.Start());
     call_is_open_ = true;
     call_step_ = {};
     call_step_.is_move = true;
@@ -139,11 +135,11 @@ void CPathRecorder::OpenNumber() {
     path_.blocks.emplace_back();
     number_is_open_ = true;
     wrote_block_ = false;
-    pending_before_ = run_.settings.pending_text.size();
+    pending_before_ = run_.state.pending_text.size();
 }
 
 void CPathRecorder::CloseNumber() {
-    const size_t pending = run_.settings.pending_text.size();
+    const size_t pending = run_.state.pending_text.size();
     if (pending != 0 && (wrote_block_ || pending != pending_before_)) {
         held_back_.push_back(static_cast<int32_t>(path_.blocks.size()) - 1);
     }

@@ -21,7 +21,7 @@ public:
     CPathRecorder& operator=(const CPathRecorder&) = delete;
 
     // What comes now belongs to the text of that include variant, -1 for the main program. `start`: where the machine
-    // stands then, in the coordinates of the text.
+    // is then, in the coordinates of the text.
     void StartProgram(int32_t variant, Point start);
     // The template of the current record comes now, as a piece of that kind; kRapid stands for a move to the record's
     // start, with the tool up or not.
@@ -60,7 +60,7 @@ private:
         int32_t variant;
         Placing turn;             // without the shift
         Point at;                 // what comes to lie here, in the coordinates of the caller's text:
-        bool start_is_at = true;  // where the machine stands at the start of the sub-program, otherwise its origin
+        bool start_is_at = true;  // where the machine is at the start of the sub-program, otherwise its origin
         bool has_move = false;    // of its own, to the call point
     };
     class CWalk;

@@ -1,14 +1,13 @@
 #include <cmath>
 
 #include "generator/evaluators.h"
+#include "geometry/rounding.h"
 #include "text/numbers.h"
 
 namespace brindle {
 namespace {
 
 constexpr double kSmallRotation = 0.0001;  // radians
-
-const CNCData& Current(const RunContext& run) { return run.controller.current_item().Get(); }
 
 int32_t MainNumber(CTextResolver& resolver) {
     std::string scratch;
@@ -30,7 +29,7 @@ int32_t SequenceNumber(const SubOptions& subs, int32_t main_number, int32_t sequ
 // The block number that the called sub-program recorded when it was written.
 void IncludeBlockNumber(CTextResolver& resolver, std::string& out) {
     const RunContext& run = resolver.run();
-    const int32_t variant = run.VariantOf(Current(run));
+    const int32_t variant = run.VariantOf(run.Record());
     const int32_t number = variant < 0 ? -1 : run.geometry.GetVariantNumber(variant);
     if (number < 0) return resolver.ReportError("ERROR: BLOCK NUM NOT SET");
     AppendInt(out, number);
@@ -41,8 +40,8 @@ int32_t MainSequence(const RunContext& run) {
     return run.options.programs.subs_first ? run.geometry.GetVariantCount() : 0;
 }
 
-// A reset code goes out only behind a code that it resets.
-void ResetCode(CTextResolver& resolver, OptionText& option, bool modal, std::string& last, std::string& out) {
+// A reset code goes out only after a code that it resets.
+void ResetCode(CTextResolver& resolver, const OptionText& option, bool modal, std::string& last, std::string& out) {
     if (modal && last.empty()) return;
     std::string scratch;
     const std::string_view code = resolver.ReadText(option, scratch);
@@ -60,7 +59,7 @@ void MainProgNum(CTextResolver& resolver, const CAtDirKeywords&, std::string& ou
 
 void CurProgNum(CTextResolver& resolver, const CAtDirKeywords& keywords, std::string& out) {
     RunContext& run = resolver.run();
-    SubOptions& subs = run.options.subs;
+    const SubOptions& subs = run.options.subs;
     const bool counts_on = keywords.HasWord(Keyword::kIncBy);
     const int32_t further = counts_on ? keywords.IncBy(0) : 0;
     const int32_t variant = run.controller.current_program;
@@ -84,9 +83,9 @@ void CurProgName(CTextResolver& resolver, const CAtDirKeywords&, std::string& ou
 void IncludeNum(CTextResolver& resolver, const CAtDirKeywords&, std::string& out) {
     RunContext& run = resolver.run();
     const SubOptions& subs = run.options.subs;
-    if (!Current(run).IsInclude()) return;
+    if (!run.Record().IsInclude()) return;
     if (!subs.by_sequence && run.options.programs.sub_numbers_by_block) return IncludeBlockNumber(resolver, out);
-    const int32_t variant = run.VariantOf(Current(run));
+    const int32_t variant = run.VariantOf(run.Record());
     if (variant < 0) return;
     const int32_t number = MainNumber(resolver);
     if (!subs.by_sequence) return AppendInt(out, Formula(subs, number, variant + 1));
@@ -94,7 +93,7 @@ void IncludeNum(CTextResolver& resolver, const CAtDirKeywords&, std::string& out
 }
 
 void IncludeName(CTextResolver& resolver, const CAtDirKeywords&, std::string& out) {
-    out += Current(resolver.run()).GetIncludeName();
+    out += resolver.run().Record().GetIncludeName();
 }
 
 void NumOfSubs(CTextResolver& resolver, const CAtDirKeywords&, std::string& out) {
@@ -102,44 +101,43 @@ void NumOfSubs(CTextResolver& resolver, const CAtDirKeywords&, std::string& out)
 }
 
 void MarkAsSub(CTextResolver& resolver, const CAtDirKeywords&, std::string&) {
-    const CNCControllerState& controller = resolver.run().controller;
-    resolver.run().geometry.SetVariantNumber(controller.current_program, controller.block_number);
+    RunContext& run = resolver.run();
+    run.geometry.SetVariantNumber(run.controller.current_program, run.state.numbers.number);
 }
 
 void IncludeMirResetCode(CTextResolver& resolver, const CAtDirKeywords& keywords, std::string& out) {
     RunContext& run = resolver.run();
     if (!run.options.programs.mirror_in_use) return;
-    ResetCode(resolver, run.options.subs.mirror_reset, keywords.WantModal(true), run.state.last_include_mirror, out);
+    ResetCode(resolver, run.options.subs.mirror_reset, keywords.WantModal(true), run.state.last.call_mirror, out);
 }
 
 void IncludeRotResetWord(CTextResolver& resolver, const CAtDirKeywords& keywords, std::string& out) {
     RunContext& run = resolver.run();
     if (!run.options.programs.rotations_in_use) return;
-    ResetCode(resolver, run.options.subs.rotation_reset, keywords.WantModal(true), run.state.last_include_rotation,
-              out);
+    ResetCode(resolver, run.options.subs.rotation_reset, keywords.WantModal(true), run.state.last.call_rotation, out);
 }
 
 void IncludeMirCode(CTextResolver& resolver, const CAtDirKeywords& keywords, std::string& out) {
     RunContext& run = resolver.run();
-    SubOptions& subs = run.options.subs;
-    const CNCData& record = Current(run);
+    const SubOptions& subs = run.options.subs;
+    const CNCData& record = run.Record();
     if (!run.options.programs.mirror_in_use || !record.IsInclude()) return;
     const bool x = record.GetIncludeMirrorX();
     const bool y = record.GetIncludeMirrorY();
     if (!x && !y && keywords.WantModal(true)) return IncludeMirResetCode(resolver, keywords, out);
-    OptionText& option = x && y ? subs.mirror_xy : x ? subs.mirror_x : y ? subs.mirror_y : subs.mirror_reset;
+    const OptionText& option = x && y ? subs.mirror_xy : x ? subs.mirror_x : y ? subs.mirror_y : subs.mirror_reset;
     std::string scratch;
     const std::string_view code = resolver.ReadText(option, scratch);
-    run.state.last_include_mirror = code;
+    run.state.last.call_mirror = code;
     out += code;
     resolver.AppendSeparator(out);
 }
 
 void IncludeRotWord(CTextResolver& resolver, const CAtDirKeywords& keywords, std::string& out) {
     RunContext& run = resolver.run();
-    SubOptions& subs = run.options.subs;
-    if (!run.options.programs.rotations_in_use || !Current(run).IsInclude()) return;
-    const double rotation = Current(run).GetIncludeRotation();
+    const SubOptions& subs = run.options.subs;
+    if (!run.options.programs.rotations_in_use || !run.Record().IsInclude()) return;
+    const double rotation = run.Record().GetIncludeRotation();
     if (std::fabs(rotation) < kSmallRotation && keywords.WantModal(true)) {
         return IncludeRotResetWord(resolver, keywords, out);
     }
@@ -150,9 +148,9 @@ void IncludeRotWord(CTextResolver& resolver, const CAtDirKeywords& keywords, std
     std::string word;
     resolver.AppendText(subs.rotation_code, word);
     if (!word.empty()) resolver.AppendSeparator(word);
-    word.append(address).append(CNumberText(value, subs.rotation_decimals, run.settings.trim).view());
+    word.append(address).append(CNumberText(value, subs.rotation_decimals, run.state.trim).view());
     resolver.AppendSeparator(word);
-    run.state.last_include_rotation = word;
+    run.state.last.call_rotation = word;
     out += word;
 }
 

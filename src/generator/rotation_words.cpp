@@ -2,12 +2,11 @@
 #include <cmath>
 
 #include "generator/evaluators.h"
+#include "geometry/rounding.h"
 #include "text/numbers.h"
 
 namespace brindle {
 namespace {
-
-const CNCData& Current(const RunContext& run) { return run.controller.current_item().Get(); }
 
 // A turn of the tool on the present record, radians.
 struct Turn {
@@ -20,9 +19,9 @@ struct Turn {
 
 // At the start of the record the tool turns from where it stands; at its end only the turn along the record counts.
 Turn TurnOf(const RunContext& run, bool at_start, const ToolData& tool) {
-    const CNCData& record = Current(run);
+    const CNCData& record = run.Record();
     if (!at_start) return {record.GetStartAngle(false), record.GetEndAngle(false), tool.symmetric};
-    const double last = run.state.last_tool_angle;
+    const double last = run.state.last.tool_angle;
     return {last >= 0.0 ? last : run.controller.GetToolDirection(false), record.GetStartAngle(false), tool.symmetric};
 }
 
@@ -38,14 +37,14 @@ bool IsNewRotation(std::string_view last, std::string_view word, bool ignore_sig
 std::string RotationNumber(const RunContext& run, double degrees) {
     const RotationOptions& rotation = run.options.rotation;
     const double value = RoundScaled(degrees, rotation.factor, rotation.decimals);
-    return std::string(CNumberText(value, rotation.decimals, run.settings.trim).view());
+    return std::string(CNumberText(value, rotation.decimals, run.state.trim).view());
 }
 
 std::string IncrementalNumber(const RunContext& run, double degrees) {
     const RotationOptions& rotation = run.options.rotation;
     double value = RoundScaled(degrees, rotation.factor, rotation.decimals);
     if (rotation.positive_is_cw) value = -value;
-    return std::string(CNumberText(value, rotation.decimals, run.settings.trim).view());
+    return std::string(CNumberText(value, rotation.decimals, run.state.trim).view());
 }
 
 // The direction that the turn reaches, which for a symmetric tool need not be the record's own. A minus sign tells that
@@ -73,15 +72,15 @@ std::string AngleNumber(const RunContext& run, const Turn& turn, const ToolData&
 bool IsDue(const RunContext& run, const Turn& turn, std::string_view number, bool absolute) {
     const RotationOptions& rotation = run.options.rotation;
     const double degrees = RoundScaled(turn.Degrees(), rotation.factor, rotation.decimals);
-    if (degrees > 0.0 && run.state.last_tool_angle >= 0.0 && !absolute) return true;
+    if (degrees > 0.0 && run.state.last.tool_angle >= 0.0 && !absolute) return true;
     if (!absolute && !rotation.always_absolute) return LeadingDouble(number) != 0.0;
     if (turn.symmetric && degrees == 0.0) return false;
-    return IsNewRotation(run.state.last_tool_rotation, number, rotation.always_absolute && rotation.use_sign);
+    return IsNewRotation(run.state.last.tool_rotation, number, rotation.always_absolute && rotation.use_sign);
 }
 
 // The direction of the radius at the start or end of an arc; empty for other records.
 std::string RadialNumber(const RunContext& run, bool at_start) {
-    const CNCData& record = Current(run);
+    const CNCData& record = run.Record();
     const RotationOptions& rotation = run.options.rotation;
     if (!record.IsArc()) return {};
     double angle = at_start ? record.GetStartAngle(true) : record.GetEndAngle(true);
@@ -106,21 +105,21 @@ void RotationWord(CTextResolver& resolver, const CAtDirKeywords& keywords, bool 
         return;
     }
     const bool absolute = keywords.WantAbsolute(run.controller.absolute_mode);
-    const ToolData& tool = *run.tools.Get(Current(run).GetToolId()).physical;
+    const ToolData& tool = *run.tools.Get(run.Record().GetToolId()).physical;
     const Turn turn = TurnOf(run, at_start, tool);
     const std::string number = AngleNumber(run, turn, tool, absolute);
     if (number.empty()) return;
     if (keywords.WantModal(run.options.rotation.modal) && !IsDue(run, turn, number, absolute)) return;
-    run.state.last_tool_rotation = number;
+    run.state.last.tool_rotation = number;
     std::string word;
     AppendWord(resolver, number, address, word);
-    if (!absolute) run.state.last_tool_angle = NormalizePositive(turn.to, false);
+    if (!absolute) run.state.last.tool_angle = NormalizePositive(turn.to, false);
     if (!keywords.HasWord(Keyword::kSilent)) out += word;
 }
 
-void AuxiliaryCode(CTextResolver& resolver, OptionText& code, std::string& out) {
+void AuxiliaryCode(CTextResolver& resolver, const OptionText& code, std::string& out) {
     RunContext& run = resolver.run();
-    const ToolData& tool = *run.tools.Get(run.state.selected_tool).physical;
+    const ToolData& tool = *run.tools.Get(run.state.tool.selected).physical;
     if (tool.exists() && tool.tangential) resolver.AppendText(code, out);
 }
 

@@ -23,7 +23,7 @@ void RunContext::SetCurrentRecords(const CNCData* current, const CNCData* next, 
 }
 
 bool RunContext::IsAtLastPosition(Point p) const {
-    if (state.PositionUnknown()) return false;
+    if (state.last.PositionUnknown()) return false;
     const Point last = controller.last_position;
     if (p.x == last.x && p.y == last.y) return true;  // mostly: records that meet
     const AxisOptions::Unit& unit = AxisUnit();
@@ -55,12 +55,6 @@ int32_t RunContext::VariantOf(const CNCData& record) const {
 double RunContext::EffectiveRotaryRadius() const {
     const double radius = controller.job.rotary_radius;
     return radius < 1.0 ? options.axes.default_rotary_radius : radius;
-}
-
-void RunContext::ResetNumbering() {
-    controller.numbering_on = false;
-    controller.block_number = options.blocks.initial_number;
-    controller.block_increment = options.blocks.big_increment;
 }
 
 }  // namespace brindle

@@ -1,14 +1,13 @@
 // What a run works on: the session's long-lived parts and the tuning as it is prepared for this run.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
-#include <string>
 
 #include "generator/buffer_mgr.h"
 #include "generator/debug_mgr.h"
-#include "generator/number_format.h"
-#include "generator/output_state.h"
 #include "generator/run_options.h"
+#include "generator/run_state.h"
 #include "generator/tool_table.h"
 #include "geometry/controller_state.h"
 #include "geometry/programs.h"
@@ -16,29 +15,19 @@
 
 namespace brindle {
 
-// Fields of the session that a run sets.
-struct RunSettings {
-    std::string pending_text;  // start of a block whose line was not terminated; survives the run
-    TrimFlags trim;
-    bool errors_as_comments = false;
-    std::string open_comment, close_comment;
-    bool default_tool_allowed = false;
-    int32_t number_of_tools = 0;
-    int32_t segment_limit = -1;       // bytes, negative for none
-    uint32_t segment_reserve = 0;     // bytes held back for the end of a segment
-    bool keep_physical_tool = false;  // a change within one physical tool is under way
-};
+// The limits of calls, so that no drawing can hang a run.
+inline constexpr size_t kDeepestCall = 64;
+inline constexpr size_t kMostCalls = 1000000;
 
 // The parts of the session that a run reads and writes. All outlive the run.
 struct SessionParts {
     CBrindleOpts& tuning;
     CKVItemContainer& run_values;
     CNCControllerState& controller;
-    CNCOutputState& state;
+    RunState& state;
     CNCDebugMgr& trace;
     CBufferMgr& buffers;
     CNCGeomMgr& geometry;
-    RunSettings& settings;
 };
 
 class CPathRecorder;
@@ -52,32 +41,34 @@ struct RunContext : SessionParts {
     RunContext& operator=(const RunContext&) = delete;
 
     CTextCompiler compiler;
-    RunOptions options;
+    const RunOptions options;
     CToolTable tools;
     CPathRecorder* path = nullptr;  // null if the path is not wanted
 
-    CompiledTemplate file_start = compiler.CompileTemplate("FileStart_");
-    CompiledTemplate file_end = compiler.CompileTemplate("FileEnd_");
-    CompiledTemplate main_init = compiler.CompileTemplate("MainInit_");
-    CompiledTemplate main_term = compiler.CompileTemplate("MainTerm_");
-    CompiledTemplate sub_init = compiler.CompileTemplate("SubInit_");
-    CompiledTemplate sub_term = compiler.CompileTemplate("SubTerm_");
-    CompiledTemplate move = compiler.CompileTemplate("Move_");
-    CompiledTemplate line = compiler.CompileTemplate("Line_");
-    CompiledTemplate arc = compiler.CompileTemplate("Arc_");
-    CompiledTemplate text = compiler.CompileTemplate("Text_");
-    CompiledTemplate sub_call = compiler.CompileTemplate("SubCall_");
-    CompiledTemplate sub_reset = compiler.CompileTemplate("SubReset_");
-    CompiledTemplate origin_set = compiler.CompileTemplate("OriTransSet_");
-    CompiledTemplate origin_reset = compiler.CompileTemplate("OriTransReset_");
-    CompiledTemplate move_to_include = compiler.CompileTemplate("MoveToIncludePt_");
-    CompiledTemplate fly_pre_check = compiler.CompileTemplate("Fly_PreCheck_");
-    CompiledTemplate fly_post_check = compiler.CompileTemplate("Fly_PostCheck_");
+    const CompiledTemplate file_start = compiler.CompileTemplate("FileStart_");
+    const CompiledTemplate file_end = compiler.CompileTemplate("FileEnd_");
+    const CompiledTemplate main_init = compiler.CompileTemplate("MainInit_");
+    const CompiledTemplate main_term = compiler.CompileTemplate("MainTerm_");
+    const CompiledTemplate sub_init = compiler.CompileTemplate("SubInit_");
+    const CompiledTemplate sub_term = compiler.CompileTemplate("SubTerm_");
+    const CompiledTemplate move = compiler.CompileTemplate("Move_");
+    const CompiledTemplate line = compiler.CompileTemplate("Line_");
+    const CompiledTemplate arc = compiler.CompileTemplate("Arc_");
+    const CompiledTemplate text = compiler.CompileTemplate("Text_");
+    const CompiledTemplate sub_call = compiler.CompileTemplate("SubCall_");
+    const CompiledTemplate sub_reset = compiler.CompileTemplate("SubReset_");
+    const CompiledTemplate origin_set = compiler.CompileTemplate("OriTransSet_");
+    const CompiledTemplate origin_reset = compiler.CompileTemplate("OriTransReset_");
+    const CompiledTemplate move_to_include = compiler.CompileTemplate("MoveToIncludePt_");
+    const CompiledTemplate fly_pre_check = compiler.CompileTemplate("Fly_PreCheck_");
+    const CompiledTemplate fly_post_check = compiler.CompileTemplate("Fly_PostCheck_");
 
     const AxisOptions::Unit& AxisUnit() const { return options.axes.In(controller.in_inches); }
+    // The record that is being written, in machine coordinates.
+    const CNCData& Record() const { return controller.current_item().Get(); }
     // Makes copies of both records in machine coordinates the current ones, each with the offset of its tool.
     void SetCurrentRecords(const CNCData* current, const CNCData* next, const CTrans& trans);
-    // Whether the controller already stands at `p`, which is in output units. Without an axis word written its position
+    // Whether the controller is already at `p`, which is in output units. Without an axis word written its position
     // counts as unknown.
     bool IsAtLastPosition(Point p) const;
     // A transform with output unit, axis factors and decimals, without offset, rotation or mirrors.
@@ -86,8 +77,6 @@ struct RunContext : SessionParts {
     int32_t VariantOf(const CNCData& record) const;
     // The host's radius of the rotary axis, millimetres; the tuning's where the host gave none.
     double EffectiveRotaryRadius() const;
-    // Block numbers off, the number and its increment as the tuning wants them at the start of a file.
-    void ResetNumbering();
 };
 
 }  // namespace brindle

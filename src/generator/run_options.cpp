@@ -1,6 +1,6 @@
 #include "generator/run_options.h"
 
-#include <cmath>
+#include "text/numbers.h"
 
 namespace brindle {
 namespace {
@@ -112,8 +112,7 @@ ProgramOptions ReadPrograms(const CBrindleOpts& tuning) {
         .rotations_in_use = tuning.RotationsInUse(),
         .mirror_in_use = tuning.MirrorInUse(),
         .use_text = tuning.ReadBool(Key("bUseText")),
-        .segmented = tuning.ReadBool(Key("bUseFileSeg")),
-        .segment_bytes = tuning.ReadInt(Key("nMaxBytes")),
+        .segment_limit = tuning.ReadBool(Key("bUseFileSeg")) ? tuning.ReadInt(Key("nMaxBytes")) : -1,
         .use_primary_tool = tuning.ReadBool(Key("bUsePrimaryTool")),
         .primary_tool_on = tuning.ReadBool(Key("bPrimaryToolUseToolOn")),
         .primary_tool = tuning.ReadInt(Key("nPrimaryTool")),
@@ -169,7 +168,7 @@ SpeedOptions ReadSpeed(const CTextCompiler& compiler) {
         .factor = compiler.CompileOption(Key("Speed_sFactor")),
         .as_value = tuning.ReadBool(Key("Speed_bAsValue")),
         .decimals = decimals,
-        .tolerance = std::pow(10.0, -decimals),
+        .tolerance = PowerOfTenth(decimals),
         .threshold5 = tuning.ReadReal(Key("SRF_rThreshold5MM")),
         .threshold25 = tuning.ReadReal(Key("SRF_rThreshold25MM")),
         .threshold50 = tuning.ReadReal(Key("SRF_rThreshold50MM")),

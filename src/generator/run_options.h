@@ -69,8 +69,7 @@ struct ProgramOptions {
     bool start_subs_at_center, end_subs_at_center;
     bool rotations_in_use, mirror_in_use;
     bool use_text;
-    bool segmented;
-    int32_t segment_bytes;
+    int32_t segment_limit;  // bytes, negative for none
     bool use_primary_tool, primary_tool_on;
     int32_t primary_tool;
     int32_t number_of_tools;

@@ -9,33 +9,32 @@ constexpr uint32_t kSpareBytes = 200;
 }  // namespace
 
 void CSegments::EndSegmentIfFull() {
-    if (run_.settings.segment_limit < 0) return;
-    const uint32_t expected = run_.buffers.GetCurBufferSize() + run_.settings.segment_reserve;
-    if (expected > static_cast<uint32_t>(run_.settings.segment_limit)) EndSegment();
+    const int32_t limit = run_.options.programs.segment_limit;
+    if (limit < 0) return;
+    if (run_.buffers.GetCurBufferSize() + reserve_ > static_cast<uint32_t>(limit)) EndSegment();
 }
 
-uint32_t CSegments::MeasureSegmentEnd() {
-    if (run_.controller.job.tile_to_output == 0) return 0;
-    const std::string pending = run_.settings.pending_text;
-    run_.state.fly_check = 1;
-    run_.state.tool_on = 1;
+void CSegments::MeasureEnd() {
+    if (run_.controller.job.tile_to_output == 0) return;
+    const std::string pending = run_.state.pending_text;
+    run_.state.tool.fly_post_due = true;
+    run_.state.tool.power = ToolPower::kOn;
     run_.buffers.NewBuffer();
     WriteEnd();
-    const uint32_t bytes = run_.buffers.GetCurBufferSize();
+    reserve_ = run_.buffers.GetCurBufferSize() + kSpareBytes;
     run_.buffers.Reset();
-    run_.settings.pending_text = pending;
-    return bytes + kSpareBytes;
+    run_.state.pending_text = pending;
 }
 
 void CSegments::EndSegment() {
     WriteEnd();
-    run_.state.ResetOutputState();
+    run_.state.ForgetOutput();
     run_.buffers.NewBuffer();
     StartSegment();
 }
 
 void CSegments::WriteEnd() {
-    run_.controller.fly_mode_on = false;
+    run_.state.tool.fly_mode = false;
     tools_.FlyPostCheck();
     tools_.ToolOff();
     executor_.ExecuteTemplate(run_.main_term);
@@ -43,7 +42,7 @@ void CSegments::WriteEnd() {
 }
 
 void CSegments::StartSegment() {
-    run_.ResetNumbering();
+    run_.state.numbers.Reset(run_.options.blocks);
     executor_.ExecuteTemplate(run_.file_start);
     executor_.ExecuteTemplate(run_.main_init);
 }

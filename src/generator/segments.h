@@ -12,8 +12,9 @@ public:
 
     // Ends the segment and starts a new one if the text has reached the tuning's limit. A record is never split.
     void EndSegmentIfFull();
-    // The bytes to hold back for the end of a segment: measured for a tile, otherwise 0. Drops all buffers.
-    uint32_t MeasureSegmentEnd();
+    // Settles how many bytes are held back for the end of a segment: none, but for a tile, for which they are measured;
+    // that drops all buffers.
+    void MeasureEnd();
 
 private:
     void EndSegment();
@@ -23,6 +24,7 @@ private:
     RunContext& run_;
     CTemplateExecutor& executor_;
     CToolControl& tools_;
+    uint32_t reserve_ = 0;
 };
 
 }  // namespace brindle

@@ -2,6 +2,7 @@
 #include <cmath>
 
 #include "generator/evaluators.h"
+#include "geometry/rounding.h"
 #include "text/numbers.h"
 
 namespace brindle {
@@ -68,7 +69,7 @@ int NearestAxis(bool four_values, double sine, double cosine) {
 // Evaluates the speed of the current record for one parameter of one tool.
 class CSpeedEvaluator {
 public:
-    CSpeedEvaluator(CTextResolver& resolver, ToolData& tool, int parameter)
+    CSpeedEvaluator(CTextResolver& resolver, const ToolData& tool, int parameter)
         : resolver_(resolver),
           run_(resolver.run()),
           options_(run_.options.speed),
@@ -86,11 +87,11 @@ public:
     }
 
 private:
-    std::string_view FirstTerm(OptionText& option) { return resolver_.ReadText(option, scratch_a_); }
-    OptionText& Value(int number) { return tool_.speeds[parameter_][number]; }
+    std::string_view FirstTerm(const OptionText& option) { return resolver_.ReadText(option, scratch_a_); }
+    const OptionText& Value(int number) { return tool_.speeds[parameter_][number]; }
 
     Speed Choose() {
-        const CNCData& record = run_.controller.current_item().Get();
+        const CNCData& record = run_.Record();
         Speed speed;
         if (record.IsArc() && tool_.separate_arc_speed) {
             speed.a = FirstTerm(tool_.arc_speeds[parameter_]);
@@ -137,7 +138,7 @@ private:
     double Rounded(double value) const { return RoundToDecimals(value, options_.decimals); }
 
     std::string Number(double value) const {
-        return std::string(CNumberText(Rounded(value), options_.decimals, run_.settings.trim).view());
+        return std::string(CNumberText(Rounded(value), options_.decimals, run_.state.trim).view());
     }
 
     std::string AsValue(const Speed& speed, double factor) const {
@@ -172,10 +173,10 @@ private:
 
     CTextResolver& resolver_;
     RunContext& run_;
-    SpeedOptions& options_;
-    ToolData& tool_;
+    const SpeedOptions& options_;
+    const ToolData& tool_;
     size_t parameter_;
-    std::string scratch_a_, scratch_b_;  // behind the terms
+    std::string scratch_a_, scratch_b_;  // where the terms are kept
     std::string word_;
 };
 
@@ -184,7 +185,7 @@ private:
 bool AddSpeedWord(CTextResolver& resolver, int parameter, std::string_view address, bool modal, std::string& last,
                   std::string& words) {
     RunContext& run = resolver.run();
-    ToolData& tool = *run.tools.Get(run.state.selected_tool).own;
+    const ToolData& tool = *run.tools.Get(run.state.tool.selected).own;
     CSpeedEvaluator speed(resolver, tool, parameter);
     const std::string_view word = tool.exists() ? speed.Word() : std::string_view();
     if (modal && !IsNew(last, word)) return false;
@@ -199,14 +200,14 @@ bool AddSpeedWord(CTextResolver& resolver, int parameter, std::string_view addre
 
 void SpeedWords(CTextResolver& resolver, const CAtDirKeywords& keywords, std::string& out) {
     RunContext& run = resolver.run();
-    SpeedOptions& speed = run.options.speed;
+    const SpeedOptions& speed = run.options.speed;
     const bool modal = keywords.WantModal(speed.modal);
     std::string words, scratch;
     std::string_view address = resolver.ReadText(speed.address[0], scratch);
-    if (keywords.WantAxis1(true) && !AddSpeedWord(resolver, 0, address, modal, run.state.last_speed1, words)) return;
+    if (keywords.WantAxis1(true) && !AddSpeedWord(resolver, 0, address, modal, run.state.last.speed[0], words)) return;
     address = resolver.ReadText(speed.address[1], scratch);
     if (speed.two_parameters && keywords.WantAxis2(true) &&
-        !AddSpeedWord(resolver, 1, address, modal, run.state.last_speed2, words)) {
+        !AddSpeedWord(resolver, 1, address, modal, run.state.last.speed[1], words)) {
         return;
     }
     out += words;

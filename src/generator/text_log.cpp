@@ -14,7 +14,7 @@ constexpr size_t kLongestHead = 10;
 constexpr int kTagBits = 2;
 constexpr size_t kTagMask = (size_t{1} << kTagBits) - 1;
 
-// Writes `value` in groups of seven bits, lowest first, and gives the place behind it.
+// Writes `value` in groups of seven bits, lowest first, and gives the place after it.
 char* WriteNumber(char* to, size_t value) {
     for (; value >= 0x80; value >>= 7) *to++ = static_cast<char>((value & 0x7F) | 0x80);
     *to++ = static_cast<char>(value);

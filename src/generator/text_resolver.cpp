@@ -1,9 +1,10 @@
 #include "generator/text_resolver.h"
 
+#include <algorithm>
+
 namespace brindle {
 namespace {
 
-constexpr int kDeepestRead = 32;
 constexpr int kMostReads = 10000;
 
 }  // namespace
@@ -22,7 +23,7 @@ void CTextResolver::ResolveText(const CCompiledText& text, std::string& out) {
     }
 }
 
-std::string_view CTextResolver::ReadText(OptionText& option, std::string& scratch) {
+std::string_view CTextResolver::ReadText(const OptionText& option, std::string& scratch) {
     if (option.empty) return {};
     if (depth_ == 0 && option.text.is_constant()) return option.text.constant();
     scratch.clear();
@@ -30,7 +31,7 @@ std::string_view CTextResolver::ReadText(OptionText& option, std::string& scratc
     return scratch;
 }
 
-void CTextResolver::AppendText(OptionText& option, std::string& out) {
+void CTextResolver::AppendText(const OptionText& option, std::string& out) {
     if (option.empty) return;
     if (depth_ == 0) {
         if (option.text.is_constant()) {
@@ -40,20 +41,20 @@ void CTextResolver::AppendText(OptionText& option, std::string& out) {
         reads_ = 0;
     }
     if (!MayRead(option)) return ReportUnresolved(option.key);
-    option.being_resolved = true;
-    ++depth_;
+    being_resolved_[depth_++] = &option;
     ResolveText(option.text, out);
     --depth_;
-    option.being_resolved = false;
 }
 
 bool CTextResolver::MayRead(const OptionText& option) {
     ++reads_;
-    return !option.being_resolved && depth_ < kDeepestRead && reads_ <= kMostReads;
+    if (depth_ >= being_resolved_.size() || reads_ > kMostReads) return false;
+    const auto end = being_resolved_.begin() + static_cast<ptrdiff_t>(depth_);
+    return std::find(being_resolved_.begin(), end, &option) == end;
 }
 
 void CTextResolver::AddBlockDelimiter(std::string& block) {
-    OptionText& custom = run_.options.blocks.delimiter;
+    const OptionText& custom = run_.options.blocks.delimiter;
     if (run_.options.blocks.standard_delimiter) {
         // Ready characters where they come to the same: a block with character codes of its own is expanded as a whole
         // later.
@@ -65,12 +66,31 @@ void CTextResolver::AddBlockDelimiter(std::string& block) {
     }
 }
 
+void CTextResolver::AppendWord(const OptionText* address, std::string_view text, bool modal, std::string& last,
+                               std::string& out) {
+    if (modal && !IsNew(last, text)) return;
+    last = text;
+    if (address != nullptr) AppendText(*address, out);
+    out += text;
+    AppendSeparator(out);
+}
+
+void CTextResolver::SettleCommentMarks() {
+    const BlockOptions& blocks = run_.options.blocks;
+    errors_as_comments_ = blocks.errors_as_comments;
+    if (!errors_as_comments_) return;
+    std::string scratch;
+    open_comment_ = ReadText(blocks.open_comment, scratch);
+    close_comment_ = ReadText(blocks.close_comment, scratch);
+    errors_as_comments_ = !open_comment_.empty();
+}
+
 void CTextResolver::ReportError(std::string_view message) {
     run_.trace.Add(TraceKind::kMessage, message);
-    if (!run_.settings.errors_as_comments || writing_comment_) return;
+    if (!errors_as_comments_ || writing_comment_) return;
     writing_comment_ = true;
-    std::string block = run_.settings.open_comment;
-    block.append(message).append(run_.settings.close_comment);
+    std::string block = open_comment_;
+    block.append(message).append(close_comment_);
     run_.trace.Add(TraceKind::kBlock, block);
     AddBlockDelimiter(block);
     run_.buffers.AddToBuffer(block);

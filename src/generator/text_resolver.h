@@ -20,7 +20,7 @@ using EvaluatorTable = std::array<Evaluator*, kDirectiveCount>;
 // its left have left it. What can't be evaluated is reported and gives nothing.
 //
 // An option text may hold words whose options hold words in turn. So that none can hang a run, a text that is read
-// while it is being resolved, one that would be the 33rd in a chain, and one behind the 10,000th read of an outermost
+// while it is being resolved, one that would be the 33rd in a chain, and one after the 10,000th read of an outermost
 // one give nothing and are reported.
 class CTextResolver {
 public:
@@ -31,15 +31,21 @@ public:
     // Adds what `text` gives to `out`.
     void ResolveText(const CCompiledText& text, std::string& out);
     // What an option text gives: a view of its constant, or of `scratch`, which is overwritten.
-    std::string_view ReadText(OptionText& option, std::string& scratch);
-    void AppendText(OptionText& option, std::string& out);
-    // Adds one blank if the tuning wants it behind words.
+    std::string_view ReadText(const OptionText& option, std::string& scratch);
+    void AppendText(const OptionText& option, std::string& out);
+    // Adds one blank if the tuning wants it after words.
     void AppendSeparator(std::string& out) const {
         if (run_.options.blocks.use_space) out.push_back(' ');
     }
 
+    // Adds a word: address (null for none), text and separator. Of a modal word a repeat of the last one is left out;
+    // otherwise it becomes the last one.
+    void AppendWord(const OptionText* address, std::string_view text, bool modal, std::string& last, std::string& out);
     // Adds the end of a block.
     void AddBlockDelimiter(std::string& block);
+    // Resolves the marks that make a message a comment. Both are empty until the first is resolved, which is in force
+    // while the second is.
+    void SettleCommentMarks();
     // Puts a message into the trace and, if the tuning wants it, as a comment block into the NC text.
     void ReportError(std::string_view message);
     // ReportError of "Could not evaluate: " and `what`.
@@ -49,9 +55,12 @@ private:
     bool MayRead(const OptionText& option);
 
     RunContext& run_;
-    const EvaluatorTable& evaluators_;  // by DirectiveId
-    int depth_ = 0;                     // of option texts that are being resolved
-    int reads_ = 0;                     // within the outermost one
+    const EvaluatorTable& evaluators_;                  // by DirectiveId
+    std::array<const OptionText*, 32> being_resolved_;  // the outermost one first
+    size_t depth_ = 0;                                  // how many there are
+    int reads_ = 0;                                     // within the outermost one
+    bool errors_as_comments_ = false;
+    std::string open_comment_, close_comment_;
     bool writing_comment_ = false;
 };
 

@@ -1,6 +1,7 @@
 #include <cmath>
 
 #include "generator/evaluators.h"
+#include "geometry/rounding.h"
 #include "text/words.h"
 
 namespace brindle {
@@ -9,23 +10,18 @@ namespace {
 // Text heights in points count 100 to the inch.
 constexpr double kPointsPerInch = 100.0;
 
-const CNCData& Current(const RunContext& run) { return run.controller.current_item().Get(); }
-
 struct TextNumber {
     double value;
     double factor;
     int32_t decimals;
 };
 
-void ModalNumber(CTextResolver& resolver, const CAtDirKeywords& keywords, const TextNumber& word, OptionText& address,
-                 bool modal, std::string& last, std::string& out) {
+void ModalNumber(CTextResolver& resolver, const CAtDirKeywords& keywords, const TextNumber& word,
+                 const OptionText& address, bool modal, std::string& last, std::string& out) {
     const double value = RoundScaled(word.value, word.factor, word.decimals);
-    const CNumberText number(value, word.decimals, resolver.run().settings.trim);
-    if (keywords.WantModal(modal) && !IsNew(last, number.view())) return;
-    last = number.view();
-    if (keywords.WantAddress(true)) resolver.AppendText(address, out);
-    out += number.view();
-    resolver.AppendSeparator(out);
+    const CNumberText number(value, word.decimals, resolver.run().state.trim);
+    resolver.AppendWord(keywords.WantAddress(true) ? &address : nullptr, number.view(), keywords.WantModal(modal), last,
+                        out);
 }
 
 double RotationValue(double radians, const CAtDirKeywords& keywords) {
@@ -38,8 +34,8 @@ double RotationValue(double radians, const CAtDirKeywords& keywords) {
 
 void TextDataWord(CTextResolver& resolver, const CAtDirKeywords& keywords, std::string& out) {
     RunContext& run = resolver.run();
-    TextOptions& options = run.options.text;
-    std::string text = Current(run).GetTextString();
+    const TextOptions& options = run.options.text;
+    std::string text = run.Record().GetTextString();
     if (!run.options.programs.use_text || text.empty()) return;
     std::string from;
     resolver.AppendText(options.replace_from, from);
@@ -54,27 +50,27 @@ void TextDataWord(CTextResolver& resolver, const CAtDirKeywords& keywords, std::
 
 void TextRotWord(CTextResolver& resolver, const CAtDirKeywords& keywords, std::string& out) {
     RunContext& run = resolver.run();
-    TextOptions& options = run.options.text;
+    const TextOptions& options = run.options.text;
     if (!run.options.programs.use_text) return;
-    const TextNumber word{RotationValue(Current(run).GetTextRotation(), keywords),
+    const TextNumber word{RotationValue(run.Record().GetTextRotation(), keywords),
                           options.rotation_factor * keywords.Factor(1.0), keywords.NDec(options.rotation_decimals)};
     ModalNumber(resolver, keywords, word, options.rotation_address, options.rotation_modal,
-                run.state.last_text_rotation, out);
+                run.state.last.text_rotation, out);
 }
 
 void TextHgtWord(CTextResolver& resolver, const CAtDirKeywords& keywords, std::string& out) {
     RunContext& run = resolver.run();
-    TextOptions& options = run.options.text;
+    const TextOptions& options = run.options.text;
     if (!run.options.programs.use_text) return;
     const bool inches = run.controller.in_inches;
-    double height = Current(run).GetTextHeight();
+    double height = run.Record().GetTextHeight();
     if (options.height_in_points) {
         if (!inches) height /= kMillimetresPerInch;
         height *= kPointsPerInch;
     }
     const TextOptions::Height& unit = inches ? options.height_inches : options.height_metric;
     const TextNumber word{height, keywords.Factor(1.0) * unit.factor, keywords.NDec(unit.decimals)};
-    ModalNumber(resolver, keywords, word, options.height_address, options.height_modal, run.state.last_text_height,
+    ModalNumber(resolver, keywords, word, options.height_address, options.height_modal, run.state.last.text_height,
                 out);
 }
 

@@ -5,22 +5,22 @@
 namespace brindle {
 
 void CToolControl::ToolChange() {
-    const int32_t number = run_.controller.current_item().Get().GetToolId();
-    if (number == run_.state.selected_tool) return;
+    const int32_t number = run_.Record().GetToolId();
+    if (number == state_.selected) return;
     const Tool new_tool = run_.tools.Get(number);
-    const bool had_tool = run_.state.selected_tool > 0;
+    const bool had_tool = state_.selected > 0;
     const Tool old_tool = had_tool ? SelectedTool() : Tool{};
     const bool deselects = had_tool && old_tool.physical->exists();
-    run_.settings.keep_physical_tool = false;
+    state_.keep_physical = false;
     if (deselects) Deselect(old_tool, new_tool);
     if (new_tool.physical->exists()) Select(number, deselects ? &old_tool : nullptr, new_tool);
     WarnOfOffset(*new_tool.physical);
 }
 
 void CToolControl::Deselect(const Tool& old_tool, const Tool& new_tool) {
-    if (run_.IsAtLastPosition(run_.controller.current_item().Get().Start())) {
+    if (run_.IsAtLastPosition(run_.Record().Start())) {
         const bool keep = old_tool.physical == new_tool.physical;
-        run_.settings.keep_physical_tool = keep;
+        state_.keep_physical = keep;
         if (old_tool.physical->off_before_deselect) ToolOff(keep);
     } else {
         ToolOff();
@@ -29,15 +29,15 @@ void CToolControl::Deselect(const Tool& old_tool, const Tool& new_tool) {
     if (new_tool.physical != old_tool.physical && old_tool.own != old_tool.physical) {
         Execute(old_tool.physical->deselect);
     }
-    run_.state.selected_tool = -1;
+    state_.selected = -1;
 }
 
 void CToolControl::Select(int32_t number, const Tool* old_tool, const Tool& new_tool) {
-    run_.state.selected_tool = number;
+    state_.selected = number;
     const bool other_physical = old_tool == nullptr || old_tool->physical != new_tool.physical;
     if (other_physical && new_tool.own != new_tool.physical) Execute(new_tool.physical->select);
     Execute(new_tool.own->select);
-    run_.state.tool_on = new_tool.physical->on_after_select ? 1 : 0;
+    state_.power = new_tool.physical->on_after_select ? ToolPower::kOn : ToolPower::kOff;
 }
 
 void CToolControl::WarnOfOffset(const ToolData& physical) {
@@ -49,30 +49,30 @@ void CToolControl::WarnOfOffset(const ToolData& physical) {
 }
 
 void CToolControl::ToolOn() {
-    if (run_.state.tool_on >= 1 || run_.state.selected_tool <= 0) return;
-    run_.controller.tool_down = true;
+    if (state_.power == ToolPower::kOn || state_.selected <= 0) return;
+    state_.down = true;
     const Tool tool = SelectedTool();
-    const bool physical_too = !run_.settings.keep_physical_tool && tool.physical->exists();
+    const bool physical_too = !state_.keep_physical && tool.physical->exists();
     if (physical_too && tool.physical != tool.own) Execute(tool.physical->on);
     if (tool.own->exists()) Execute(tool.own->on);
-    run_.state.tool_on = 1;
+    state_.power = ToolPower::kOn;
 }
 
 void CToolControl::ToolOff(bool keep) {
-    const bool forced = run_.settings.keep_physical_tool && !keep;
-    run_.settings.keep_physical_tool = keep;
-    if (run_.state.tool_on == 0 && !forced) return;
-    run_.controller.tool_down = false;
-    if (run_.state.selected_tool > 0) {
+    const bool forced = state_.keep_physical && !keep;
+    state_.keep_physical = keep;
+    if (state_.power == ToolPower::kOff && !forced) return;
+    state_.down = false;
+    if (state_.selected > 0) {
         const Tool tool = SelectedTool();
         if (tool.own->exists()) Execute(tool.own->off);
         if (!keep && tool.physical->exists() && tool.physical != tool.own) Execute(tool.physical->off);
     }
-    run_.state.tool_on = 0;
+    state_.power = ToolPower::kOff;
 }
 
 void CToolControl::DeselectAtEnd() {
-    if (run_.state.selected_tool <= 0) return;
+    if (state_.selected <= 0) return;
     const Tool tool = SelectedTool();
     Execute(tool.own->deselect);
     if (tool.physical != tool.own) Execute(tool.physical->deselect);
@@ -80,28 +80,27 @@ void CToolControl::DeselectAtEnd() {
 
 void CToolControl::FlyPreCheck() {
     if (!run_.options.fly.supported) return;
-    CNCControllerState& controller = run_.controller;
-    const CNCData& record = controller.current_item().Get();
-    const CNCData& next = controller.next_item().Get();
+    const CNCData& record = run_.Record();
+    const CNCData& next = run_.controller.next_item().Get();
     const ToolData& tool = *run_.tools.Get(record.GetToolId()).physical;
     if (!tool.exists()) return;
-    if (!controller.fly_mode_on && tool.fly && CanFly(record, next, tool.fly_deviation)) {
-        controller.fly_mode_on = true;
+    if (!state_.fly_mode && tool.fly && CanFly(record, next, tool.fly_deviation)) {
+        state_.fly_mode = true;
         Execute(run_.fly_pre_check);
-        run_.state.fly_check = 1;
+        state_.fly_post_due = true;
     }
-    if (controller.fly_mode_on && !CanFly(record, next, tool.fly_deviation)) {
-        controller.fly_mode_on = false;
+    if (state_.fly_mode && !CanFly(record, next, tool.fly_deviation)) {
+        state_.fly_mode = false;
         if (!run_.options.fly.code_with_following) return;
         Execute(run_.fly_pre_check);
-        run_.state.fly_check = 0;
+        state_.fly_post_due = false;
     }
 }
 
 void CToolControl::FlyPostCheck() {
-    if (run_.controller.fly_mode_on || run_.state.fly_check < 1) return;
+    if (state_.fly_mode || !state_.fly_post_due) return;
     Execute(run_.fly_post_check);
-    run_.state.fly_check = 0;
+    state_.fly_post_due = false;
 }
 
 bool CToolControl::CanFly(const CNCData& record, const CNCData& next, double max_turn) {
@@ -138,8 +137,8 @@ bool CToolControl::NeedsLift(bool force) {
     const ToolData& tool = *SelectedTool().physical;
     if (!tool.exists() || !tool.tangential) return false;
     if (!run_.controller.ToolDirectionKnown()) return true;
-    const double turn = SmallestTurn(run_.controller.current_item().Get().GetStartAngle(false),
-                                     run_.controller.GetToolDirection(false), tool.symmetric);
+    const double turn =
+        SmallestTurn(run_.Record().GetStartAngle(false), run_.controller.GetToolDirection(false), tool.symmetric);
     return std::fabs(turn / kRadiansPerDegree) > tool.lift_angle;
 }
 

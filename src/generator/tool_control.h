@@ -5,17 +5,17 @@
 
 namespace brindle {
 
-// Tool on tells whether a template is needed, tool down decides the interpolation code of a block. A tool that is on in
-// an unknown state (as behind a sub-program call) gets both templates out at the next occasion.
+// A tool whose power is unknown (as after a sub-program call) gets both templates out at the next occasion.
 //
 // Order at a change: own deselection, physical deselection, physical selection, own selection. Switching on goes
 // physical first and own second, switching off the other way round. Between tools that follow one physical tool, its
 // templates stay out.
 class CToolControl {
 public:
-    CToolControl(RunContext& run, CTemplateExecutor& executor) : run_(run), executor_(executor) {}
+    CToolControl(RunContext& run, CTemplateExecutor& executor)
+        : run_(run), executor_(executor), state_(run.state.tool) {}
 
-    // Selects the tool of the current record, behind the deselection of another.
+    // Selects the tool of the current record, after the deselection of another.
     void ToolChange();
     void ToolOn();
     // `keep`: the physical tool stays on.
@@ -23,7 +23,7 @@ public:
     // The deselection templates of the selected tool, if one is selected.
     void DeselectAtEnd();
 
-    // Fly mode around a record: the pre-code where it begins or ends, the post-code behind the record.
+    // Fly mode around a record: the pre-code where it begins or ends, the post-code after the record.
     void FlyPreCheck();
     void FlyPostCheck();
 
@@ -40,11 +40,12 @@ private:
     bool CanFly(const CNCData& record, const CNCData& next, double max_turn);
     // Whether an arc (sweep in degrees, radius in output units) turns slowly enough for fly mode.
     bool ArcFitsFly(double max_turn, double threshold, double sweep, double radius);
-    void Execute(CompiledTemplate& compiled) { executor_.ExecuteTemplate(compiled); }
-    Tool SelectedTool() { return run_.tools.Get(run_.state.selected_tool); }
+    void Execute(const CompiledTemplate& compiled) { executor_.ExecuteTemplate(compiled); }
+    Tool SelectedTool() { return run_.tools.Get(state_.selected); }
 
     RunContext& run_;
     CTemplateExecutor& executor_;
+    ToolState& state_;
 };
 
 }  // namespace brindle

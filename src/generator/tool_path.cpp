@@ -10,7 +10,7 @@ int32_t ToolPath::NumberOfBlock(size_t record) const {
     while (at != blocks.begin()) {
         --at;
         if (record < at->last) return static_cast<int32_t>(at - blocks.begin());
-        if (at->first != at->last) break;  // behind a number without blocks another one may hold the record
+        if (at->first != at->last) break;  // after a number without blocks another one may hold the record
     }
     return -1;
 }

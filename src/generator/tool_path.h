@@ -56,7 +56,7 @@ struct ToolPath {
     bool complete = true;
 
     // The number whose words trace record `record` holds, -1 for none. Of several that share a block the last one: the
-    // cut behind its move.
+    // cut after its move.
     int32_t NumberOfBlock(size_t record) const;
 };
 

@@ -69,7 +69,7 @@ Tool CToolTable::Prepare(int32_t tool) {
     return {&DataOf(tuning.ToolKeyPrefix(tool, false)), &DataOf(tuning.ToolKeyPrefix(tool, true))};
 }
 
-ToolData& CToolTable::DataOf(const std::string& prefix) {
+const ToolData& CToolTable::DataOf(const std::string& prefix) {
     std::unique_ptr<ToolData>& data = data_[prefix];
     if (data == nullptr) {
         data = std::make_unique<ToolData>();

@@ -13,8 +13,8 @@
 
 namespace brindle {
 
-// What the tuning holds behind one tool prefix. The empty prefix, of a tool without data, holds the keys that stand
-// without a prefix.
+// What the tuning holds under one tool prefix. The empty prefix, of a tool without data, holds the keys that have
+// none.
 struct ToolData {
     std::string prefix;
     CompiledTemplate select, deselect, on, off;
@@ -41,8 +41,8 @@ struct ToolData {
 
 // A tool's own data and that of the physical tool that it follows, which may be the same.
 struct Tool {
-    ToolData* own = nullptr;
-    ToolData* physical = nullptr;
+    const ToolData* own = nullptr;
+    const ToolData* physical = nullptr;
 };
 
 class CToolTable {
@@ -55,21 +55,21 @@ public:
         if (index < kQuickTools && quick_[index].own != nullptr) return quick_[index];
         return GetUnprepared(tool);
     }
-    // The data behind the empty prefix.
-    ToolData& WithoutTool() { return without_tool_; }
+    // The data under the empty prefix.
+    const ToolData& WithoutTool() { return without_tool_; }
 
 private:
     static constexpr uint32_t kQuickTools = 64;
 
     const Tool& GetUnprepared(int32_t tool);
     Tool Prepare(int32_t tool);
-    ToolData& DataOf(const std::string& prefix);
+    const ToolData& DataOf(const std::string& prefix);
 
     CTextCompiler& compiler_;
     std::array<Tool, kQuickTools> quick_;  // tools 0 to kQuickTools - 1, the usual ones
     std::unordered_map<int32_t, Tool> others_;
     std::unordered_map<std::string, std::unique_ptr<ToolData>> data_;
-    ToolData& without_tool_ = DataOf(std::string());
+    const ToolData& without_tool_ = DataOf(std::string());
 };
 
 }  // namespace brindle

@@ -1,6 +1,7 @@
 #include <cmath>
 
 #include "geometry/nc_data.h"
+#include "geometry/rounding.h"
 
 // An arc goes out as points and a radius that are each rounded to the grid of the axes. Rounding them one by one would
 // leave the two radii of the arc unequal, so the end points are rounded first and the centre is then looked for on the

@@ -1,7 +1,5 @@
 #include "geometry/controller_state.h"
 
-#include "text/numbers.h"
-
 namespace brindle {
 namespace {
 
@@ -53,12 +51,6 @@ void CNCControllerState::SetCurrentRecords(const CNCData* current, const CNCData
 }
 
 void CNCControllerState::ForgetRecords() { next_record_ = nullptr; }
-
-void CNCControllerState::AdvanceBlockNumber(int32_t increment) {
-    const int32_t old = block_number;
-    block_number = TruncateToInt32(RoundToStep(old, increment));
-    if (block_number <= old) block_number = TruncateToInt32(RoundToStep(WrapAdd(old, increment), increment));
-}
 
 double CNCControllerState::GetToolDirection(bool in_degrees) const {
     if (!ToolDirectionKnown()) return 0.0;

@@ -42,9 +42,6 @@ struct JobData {
     Point final_position;  // millimetres
 };
 
-// What moves a block's interpolation code beyond the tool's state.
-enum class MoveKind : int32_t { kNone = -1, kRapid = 0, kLinear = 1 };
-
 // The simulated controller. Lives as long as the session; a run sets most fields anew.
 class CNCControllerState {
 public:
@@ -57,8 +54,6 @@ public:
     // Records that were in an item may change from here on.
     void ForgetRecords();
     void SetTransform(const CTrans& trans) { transform.Copy(trans); }
-    // Moves the block number up to the next multiple of `increment`.
-    void AdvanceBlockNumber(int32_t increment);
     // 0 while the direction is not known.
     double GetToolDirection(bool in_degrees) const;
     void SetToolDirection(double radians);
@@ -68,16 +63,10 @@ public:
     void ForgetToolDirection() { tool_heading_ = ToolHeading::kUnknown; }
     bool ToolDirectionKnown() const { return tool_heading_ != ToolHeading::kUnknown; }
 
-    MoveKind move_kind = MoveKind::kNone;
-    bool fly_mode_on = false;
     bool absolute_mode = false;
-    bool tool_down = false;
     bool in_inches = true;
     int32_t current_program = -1;  // index of the include variant being output, -1 in the main program
     std::string current_program_name;
-    bool numbering_on = false;
-    int32_t block_increment = 0;
-    int32_t block_number = 0;
     Point last_position;  // output units, on the axes' grid
     CTrans transform;
     JobData job;

@@ -2,20 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
-#include <iterator>
 
-#include "text/numbers.h"
+#include "geometry/rounding.h"
 
 namespace brindle {
 namespace {
-
-// The value without its fraction, with its sign: what std::modf splits off, without the call where an integer holds it.
-double WholePart(double value) {
-    if (std::abs(value) < 9.0e15) return std::copysign(static_cast<double>(static_cast<int64_t>(value)), value);
-    double whole = 0.0;
-    std::modf(value, &whole);
-    return whole;
-}
 
 double FullTurn(bool in_degrees) { return in_degrees ? 360.0 : kFullTurn; }
 
@@ -25,22 +16,6 @@ double WithoutWholeTurns(double angle, double turn) {
     // Of a huge angle the product has lost the digits that matter.
     if (rest < -turn || rest > 1.5 * turn) return std::fmod(angle, turn);
     return rest;
-}
-
-double PowerOfTenth(int32_t decimals) {
-    constexpr double kPowers[] = {1.0, 1e-1, 1e-2, 1e-3, 1e-4, 1e-5, 1e-6, 1e-7, 1e-8, 1e-9};
-    const auto n = static_cast<size_t>(decimals);
-    return n < std::size(kPowers) ? kPowers[n] : std::pow(10.0, -static_cast<double>(decimals));
-}
-
-double RoundingStep(int32_t decimals) { return PowerOfTenth(decimals == kWholeNumber ? 0 : decimals); }
-
-// `value` in steps of `decimals`, toward zero, then `more` steps up.
-double WholeSteps(double value, int32_t decimals, double more) {
-    if (decimals < 0) return value;
-    const double step = StepOfDecimals(decimals);
-    if (step == 0.0) return value;
-    return (WholePart(value / step) + more) * step;
 }
 
 double SmallerTurn(double turn) {
@@ -96,30 +71,6 @@ double SmallestTurn(double a, double b, bool symmetric) {
     const double turn = SmallerTurn(a - b);
     if (symmetric && std::abs(turn) > kQuarterTurn) return SmallerTurn(a - b - kHalfTurn);
     return turn;
-}
-
-double RoundToStep(double value, double step) {
-    if (step == 0.0 || value == 0.0) return value;
-    const double steps = value / step;
-    const double whole = WholePart(steps);
-    const double fraction = steps - whole;
-    if (fraction >= 0.5) return (whole + 1.0) * step;
-    if (fraction <= -0.5) return (whole - 1.0) * step;
-    return whole * step;
-}
-
-double StepOfDecimals(int32_t decimals) { return decimals >= kWholeNumber ? 1.0 : PowerOfTenth(decimals); }
-
-double RoundToDecimals(double value, int32_t decimals) {
-    return decimals < 0 ? value : RoundToStep(value, RoundingStep(decimals));
-}
-
-double TruncToDecimals(double value, int32_t decimals) { return WholeSteps(value, decimals, 0.0); }
-
-double NextStepUp(double value, int32_t decimals) { return WholeSteps(value, decimals, 1.0); }
-
-double RoundScaled(double value, double factor, int32_t decimals) {
-    return RoundToStep(value * factor, RoundingStep(decimals));
 }
 
 bool PointsCoincide(const Point& a, const Point& b, double tolerance_x, double tolerance_y) {

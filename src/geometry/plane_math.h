@@ -1,8 +1,6 @@
-// The geometric and rounding functions that records, transforms and the generator share. Coordinates are doubles;
-// angles are radians unless told otherwise.
+// The geometric functions that records, transforms and the generator share. Coordinates are doubles; angles are radians
+// unless told otherwise.
 #pragma once
-
-#include <cstdint>
 
 namespace brindle {
 
@@ -40,18 +38,6 @@ double DirectionOf(const Point& from, const Point& to);
 // The shortest turn from direction `b` to direction `a`. With `symmetric`, a tool that looks the same after half a
 // turn: never more than a quarter turn.
 double SmallestTurn(double a, double b, bool symmetric);
-
-// The nearest multiple of `step`, halves away from zero. A step of 0 leaves `value` alone.
-double RoundToStep(double value, double step);
-// 1 for the decimals value of whole numbers (kWholeNumber or more), otherwise 10 to the power -decimals.
-double StepOfDecimals(int32_t decimals);
-// `value` on the grid of `decimals`, where kWholeNumber counts as 0 and a negative count leaves `value` alone: the
-// nearest grid value, the one toward zero, and the one a step above that.
-double RoundToDecimals(double value, int32_t decimals);
-double TruncToDecimals(double value, int32_t decimals);
-double NextStepUp(double value, int32_t decimals);
-// `value` times `factor` on the grid of `decimals`; a negative count is a grid coarser than 1.
-double RoundScaled(double value, double factor, int32_t decimals);
 
 // Whether two points are nearer than half a tolerance in both axes; a tolerance below kTolerance is raised to it.
 bool PointsCoincide(const Point& a, const Point& b, double tolerance_x, double tolerance_y);

@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "geometry/rounding.h"
+
 namespace brindle {
 
 Rotation::Rotation(double radians) : radians_(radians), cosine_(std::cos(radians)), sine_(std::sin(radians)) {}

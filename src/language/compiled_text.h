@@ -46,12 +46,11 @@ private:
     std::string constant_;
 };
 
-// A text option of the tuning. While it is being resolved it can't be read again.
+// A text option of the tuning.
 struct OptionText {
     std::string key;
     CCompiledText text;
     bool empty = true;  // absent or empty: gives nothing and counts as no read
-    bool being_resolved = false;
 };
 
 // A line of a template.

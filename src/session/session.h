@@ -10,7 +10,6 @@
 
 #include "generator/buffer_mgr.h"
 #include "generator/debug_mgr.h"
-#include "generator/output_state.h"
 #include "generator/run_context.h"
 #include "generator/tool_path.h"
 #include "geometry/controller_state.h"
@@ -33,18 +32,15 @@ public:
     void TakeDrawing(std::string_view text);
 
     // What a run reads and writes.
-    SessionParts Parts() {
-        return {tuning, run_values, controller, output_state, trace, buffers, geometry, run_settings};
-    }
+    SessionParts Parts() { return {tuning, run_values, controller, run_state, trace, buffers, geometry}; }
 
     CBrindleOpts tuning;
     CKVItemContainer run_values;  // of the present or last run, by run-time data word
     CNCControllerState controller;
-    CNCOutputState output_state;
+    RunState run_state;
     CNCDebugMgr trace;
     CBufferMgr buffers;
     CNCGeomMgr geometry;
-    RunSettings run_settings;
 };
 
 // What a run gives. All but the path lies in the session, up to its next run.

@@ -60,6 +60,11 @@ int32_t LeadingInt(std::string_view text) {
     return static_cast<int32_t>(negative ? -value : value);
 }
 
+double FarPowerOfTenth(int32_t n) {
+    if (n < -std::numeric_limits<double>::max_exponent10) return std::numeric_limits<double>::infinity();
+    return LeadingDouble("1e" + std::to_string(-int64_t{n}));
+}
+
 int32_t TruncateToInt32(double value) {
     if (std::isnan(value)) return 0;
     if (value >= 2147483647.0) return std::numeric_limits<int32_t>::max();

@@ -28,6 +28,14 @@ int32_t LeadingInt(std::string_view text);
 // `value` with its fraction dropped. Beyond 32 bits it gives the nearest 32-bit value, for not-a-number 0.
 int32_t TruncateToInt32(double value);
 
+// 10 to the power -n: the unit of the n-th decimal. Beyond the range of doubles 0 or infinity. Not by std::pow, which C
+// libraries round differently.
+double FarPowerOfTenth(int32_t n);
+inline double PowerOfTenth(int32_t n) {
+    constexpr double kPowers[] = {1.0, 1e-1, 1e-2, 1e-3, 1e-4, 1e-5, 1e-6, 1e-7, 1e-8, 1e-9};
+    return n >= 0 && n < 10 ? kPowers[n] : FarPowerOfTenth(n);
+}
+
 // `value` with exactly `decimals` digits behind the point, which is left out for 0 decimals; never in exponent form. A
 // value that is not finite is written as 0.
 std::string FixedText(double value, int decimals);

@@ -1,6 +1,6 @@
 #include "tuning/options.h"
 
-#include <cmath>
+#include "text/numbers.h"
 
 #include "platform/text_encoding.h"
 
@@ -14,9 +14,7 @@ std::string FullKey(std::string_view prefix, KeyRef key) {
     return full.append(key->name);
 }
 
-double StepOfDigits(int32_t decimals) {
-    return decimals == kWholeNumber ? 1.0 : std::pow(10.0, -static_cast<double>(decimals));
-}
+double StepOfDigits(int32_t decimals) { return decimals == kWholeNumber ? 1.0 : PowerOfTenth(decimals); }
 
 }  // namespace
 

@@ -6,6 +6,7 @@
 #include <sstream>
 
 #include "geometry/nc_data.h"
+#include "geometry/rounding.h"
 
 namespace brindle {
 namespace {

@@ -9,6 +9,8 @@
 #include <random>
 
 #include "geometry/plane_math.h"
+#include "geometry/rounding.h"
+#include "text/numbers.h"
 
 namespace brindle {
 namespace {
@@ -106,6 +108,17 @@ TEST(NumberFormatTest, TellsOfNumbersThatAreNotFiniteInMessagesAlone) {
     EXPECT_EQ(PlainReal(-std::numeric_limits<double>::quiet_NaN()), "nan");
     EXPECT_EQ(PlainReal(-0.25), "-0.250000");
     EXPECT_EQ(PlainReal(1e300).size(), 308U);
+}
+
+// Each is the double nearest to the decimal number, also where the standard library's pow is a digit off.
+TEST(PowerOfTenthTest, IsCorrectlyRounded) {
+    constexpr double kInfinity = std::numeric_limits<double>::infinity();
+    constexpr int32_t kMost = std::numeric_limits<int32_t>::max();
+    constexpr int32_t kLeast = std::numeric_limits<int32_t>::min();
+    const std::pair<int32_t, double> kRows[] = {
+        {0, 1.0},     {1, 0.1},   {9, 1e-9},   {10, 1e-10},   {17, 1e-17},   {323, 1e-323},     {324, 0.0},
+        {kMost, 0.0}, {-1, 10.0}, {-23, 1e23}, {-210, 1e210}, {-308, 1e308}, {-309, kInfinity}, {kLeast, kInfinity}};
+    for (const auto& [n, power] : kRows) EXPECT_EQ(PowerOfTenth(n), power) << n;
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <tuple>
 #include <utility>
 
+#include "geometry/rounding.h"
 #include "text/numbers.h"
 
 namespace brindle {

@@ -106,7 +106,7 @@ private:
                              std::to_string(options_.ReadInt(Key("Speed_nNDec"))));
     }
 
-    double SmallestFactor() const { return std::pow(10.0, -static_cast<double>(options_.ReadInt(Key("Speed_nNDec")))); }
+    double SmallestFactor() const { return PowerOfTenth(options_.ReadInt(Key("Speed_nNDec"))); }
 
     bool HasSpeed(std::string_view prefix, int parameter) const {
         return std::any_of(std::begin(kSpeeds[parameter]), std::end(kSpeeds[parameter]),

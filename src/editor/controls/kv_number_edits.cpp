@@ -5,6 +5,7 @@
 #include "editor/messages.h"
 #include "generator/number_format.h"
 #include "geometry/plane_math.h"
+#include "geometry/rounding.h"
 #include "text/numbers.h"
 
 namespace brindle {

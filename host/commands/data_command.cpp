@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "check/tuning/run_time_words.h"
-#include "editor/nc_run_time_dlg.h"
+#include "editor/run_time_data/nc_run_time_dlg.h"
 #include "host/commands/commands.h"
 #include "host/console/date_text.h"
 #include "host/console/messages.h"

@@ -2,7 +2,7 @@
 #include <memory>
 #include <string>
 
-#include "editor/params_sheet.h"
+#include "editor/pages/params_sheet.h"
 #include "host/commands/commands.h"
 #include "host/console/messages.h"
 #include "host/edit/find_toolkit.h"

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# What `make ci` runs: the check of the layout of the sources; the whole suite under the address, undefined behaviour and
-# leak sanitizers; each fuzzer for some seconds; and the whole suite on the release build, which comes last so that its
-# summary closes the output. Builds what it needs. Later steps run even if an earlier one failed.
+# What `make ci` runs: the checks of the sources' layout and includes; the whole suite under the address, undefined
+# behaviour and leak sanitizers; each fuzzer for some seconds; and the whole suite on the release build, which comes last
+# so that its summary closes the output. Builds what it needs. Later steps run even if an earlier one failed.
 # FUZZ_SECONDS: how long each fuzzer runs (20).
 set -uo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
@@ -43,6 +43,7 @@ step() {
 }
 
 step "layout of the sources" scripts/format.sh --check
+step "includes without circles" scripts/cycles.py
 step "all tests under the address, undefined behaviour and leak sanitizers" sanitized_tests
 step "fuzzers" fuzzers
 step "all tests of the release build" release_tests

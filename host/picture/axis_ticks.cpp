@@ -31,6 +31,7 @@ std::string Label(double value, int decimals) {
 
 std::vector<AxisTick> TicksBetween(double low, double high, double least_step) {
     std::vector<AxisTick> ticks;
+    if (!std::isfinite(least_step)) return ticks;
     const double step = RoundStep(least_step);
     const double first = std::ceil(low / step);
     const double last = std::floor(high / step);

@@ -33,12 +33,12 @@ constexpr const TypeWordInfo* FindTypeWord(std::string_view word) {
     return nullptr;
 }
 
-// The type word of an item; `text_kind` is that of a text.
+// The type word of an item; `text_kind` is that of a text, and one beyond the known kinds counts as plain.
 constexpr std::string_view TypeWord(KeyKind kind, TextKind text_kind = TextKind::kPlain) {
     for (const TypeWordInfo& info : kTypeWords) {
         if (info.kind == kind && info.text_kind == text_kind) return info.word;
     }
-    return {};
+    return TypeWord(kind);
 }
 
 }  // namespace brindle

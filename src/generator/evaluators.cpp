@@ -9,7 +9,7 @@ using D = DirectiveId;
 
 struct Row {
     DirectiveId id;
-    Evaluator* evaluate;
+    Evaluator& evaluate;
 };
 
 // clang-format off
@@ -44,8 +44,8 @@ consteval EvaluatorTable InOrder() {
     static_assert(std::size(kRows) == kDirectiveCount);
     EvaluatorTable table{};
     for (size_t i = 0; i < kDirectiveCount; ++i) {
-        if (kRows[i].id != static_cast<DirectiveId>(i) || kRows[i].evaluate == nullptr) throw "row out of place";
-        table[i] = kRows[i].evaluate;
+        if (kRows[i].id != static_cast<DirectiveId>(i)) throw "row out of place";
+        table[i] = &kRows[i].evaluate;
     }
     return table;
 }

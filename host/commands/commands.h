@@ -10,6 +10,7 @@ namespace brindle::host {
 inline constexpr int kGood = 0;
 inline constexpr int kBadInput = 1;  // bad input or a failed job; nothing half-written is left
 inline constexpr int kBadUsage = 2;
+inline constexpr int kLosses = 3;  // NC files are written, but do not cut what is drawn
 
 // Each takes the parser and where to put the exit status.
 void AddPostCommand(CLI::App& app, int& status);

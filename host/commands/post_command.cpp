@@ -19,7 +19,7 @@ namespace {
 // The command line as it was given.
 struct PostArguments {
     std::string tuning, output, trace, definition;
-    std::vector<std::string> drawings, settings;
+    std::vector<std::string> drawings, settings, allowed;
     bool inches = false, millimetres = false;
     std::string blank, final_position, rotary_radius, encoding;
     size_t jobs = 1;
@@ -30,6 +30,7 @@ constexpr int kMostJobs = 1024;
 
 // Headings of the help text.
 constexpr char kJobGroup[] = "Job";
+constexpr char kComparisonGroup[] = "Comparison with the drawing";
 constexpr char kTextGroup[] = "Texts for the NC file";
 constexpr char kDataGroup[] = "Run-time data";
 
@@ -87,6 +88,25 @@ void AddFileOptions(CLI::App& command, PostArguments& arguments) {
         ->check(CLI::Range(0, kMostJobs))
         ->type_name("NUMBER");
     command.add_flag("--verbose", arguments.job.verbose, "Print what fly mode measures, too");
+}
+
+void AddComparisonOptions(CLI::App& command, PostArguments& arguments) {
+    command.add_option("--tolerance", arguments.job.tolerance,
+                       "How far a cut may lie beside what is drawn, beyond what decimals cost, mm; by default 0.02")
+        ->check(CLI::NonNegativeNumber)
+        ->type_name("NUMBER")
+        ->group(kComparisonGroup);
+    command
+        .add_option("--allow", arguments.allowed,
+                    "Findings that are meant, by the names of their rules, as not-cut,stray-cut")
+        ->delimiter(',')
+        ->type_name("RULE,...")
+        ->check([](const std::string& name) {
+            return FindRule(name) != nullptr ? std::string() : Quoted(name) + " is the name of no rule";
+        })
+        ->group(kComparisonGroup);
+    command.add_flag("--strict", arguments.job.strict, "Make no NC file if there is a warning")
+        ->group(kComparisonGroup);
 }
 
 void AddJobOptions(CLI::App& command, PostArguments& arguments) {
@@ -166,6 +186,7 @@ void TakeArguments(PostArguments& arguments) {
     job.blank = PairText(arguments.blank, 'x');
     job.final_position = PairText(arguments.final_position, ',');
     job.rotary_radius = ParseNumber(arguments.rotary_radius);
+    for (const std::string& name : arguments.allowed) job.allowed.push_back(FindRule(name)->rule);
     if (arguments.encoding == "latin1") job.encoding = Encoding::kLatin1;
     for (const std::string& text : arguments.settings) job.run_data.settings.push_back(*ParseSetting(text));
 }
@@ -185,7 +206,12 @@ int Post(PostArguments& arguments) {
     if (!ChooseDataset(tuning, job.dataset, job.run_data.dataset)) return kBadInput;
     if (!CheckSettings(tuning, job.run_data)) return kBadInput;
     const size_t at_a_time = arguments.jobs == 0 ? std::thread::hardware_concurrency() : arguments.jobs;
-    return RunPostJobs(plan, tuning, job, at_a_time) ? kGood : kBadInput;
+    switch (RunPostJobs(plan, tuning, job, at_a_time)) {
+        case JobOutcome::kMade: return kGood;
+        case JobOutcome::kLossy: return kLosses;
+        case JobOutcome::kNotMade: break;
+    }
+    return kBadInput;
 }
 
 }  // namespace
@@ -197,6 +223,7 @@ void AddPostCommand(CLI::App& app, int& status) {
     arguments->job.date = std::move(now.date);
     arguments->job.time = std::move(now.time);
     AddFileOptions(command, *arguments);
+    AddComparisonOptions(command, *arguments);
     AddJobOptions(command, *arguments);
     AddTextOptions(command, *arguments);
     AddRunDataOptions(command, *arguments);

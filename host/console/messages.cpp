@@ -36,6 +36,7 @@ void PrintLine(const InputLine& at, std::string_view severity, std::string_view 
 std::string_view SeverityText(Severity severity) {
     switch (severity) {
         case Severity::kError: return "error: ";
+        case Severity::kLoss: return "loss: ";
         case Severity::kWarning: return "warning: ";
         case Severity::kInfo: return "info: ";
     }

@@ -8,7 +8,7 @@ namespace brindle::host {
 std::optional<LoadedDrawing> LoadDrawing(const std::string& path, const CBrindleOpts* tuning) {
     std::optional<std::string> text = ReadInputFile(path);
     if (!text) return std::nullopt;
-    LoadedDrawing drawing{std::move(*text), {}};
+    LoadedDrawing drawing{std::move(*text), {}, 0};
     CDiagnostics diagnostics(path), pairing(path);
     drawing.survey = SurveyDrawing(drawing.text, diagnostics);
     if (!drawing.survey.has_records) {
@@ -20,6 +20,7 @@ std::optional<LoadedDrawing> LoadDrawing(const std::string& path, const CBrindle
     PrintDiagnostics(diagnostics);
     if (tuning != nullptr) CheckPairing(drawing.survey, *tuning, pairing);
     PrintDiagnostics(pairing);
+    drawing.warnings = diagnostics.Count(Severity::kWarning) + pairing.Count(Severity::kWarning);
     return drawing;
 }
 

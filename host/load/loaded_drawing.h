@@ -11,6 +11,7 @@ namespace brindle::host {
 struct LoadedDrawing {
     std::string text;  // the whole file
     DrawingSurvey survey;
+    size_t warnings = 0;  // that were printed
 };
 
 // Reads the drawing at `path`, `-` for standard input, and prints what is wrong with it and, unless `tuning` is null,

@@ -8,6 +8,7 @@
 #include "host/files/input_file.h"
 #include "host/files/output_files.h"
 #include "host/load/loaded_drawing.h"
+#include "host/post/loss_report.h"
 #include "host/post/run_report.h"
 #include "platform/text_encoding.h"
 
@@ -26,11 +27,14 @@ public:
     CPostJob(const PlannedJob& planned, const LoadedTuning& tuning, const JobOptions& options, CFileRoles& roles)
         : planned_(planned), tuning_(tuning), options_(options), roles_(roles) {}
 
-    bool Run(const std::string& progress) {
+    JobOutcome Run(const std::string& progress) {
         std::optional<LoadedDrawing> drawing = LoadDrawing(planned_.drawing, &tuning_.options);
-        if (!drawing) return false;
+        if (!drawing) return JobOutcome::kNotMade;
         ExpressionValues values;
-        if (!SettleExpressions(tuning_, options_.run_data, Values(drawing->survey), values)) return false;
+        if (!SettleExpressions(tuning_, options_.run_data, Values(drawing->survey), values)) {
+            return JobOutcome::kNotMade;
+        }
+        CJobComparison comparison(options_.tolerance);
         const JobResult result = [&] {
             const CProgressLine line(progress);
             SetTuning(session_, tuning_, values);
@@ -39,10 +43,17 @@ public:
             session_.TakeDrawing(drawing->text);
             // The drawing's own unit records set the units too; the user's word comes last.
             if (options_.inches) session_.Job().auto_inches = *options_.inches;
-            return RunJob(session_);
+            return RunJob(session_, WithPath::kNo, &comparison);
         }();
         PrintRunMessages(result, planned_.drawing, options_.verbose);
-        return Write(TakeNcText(result.buffers, options_.encoding));
+        const LossCounts counts =
+            ReportLosses(comparison.losses(), options_.allowed, drawing->text, planned_.drawing);
+        if (options_.strict && counts.losses + counts.warnings + drawing->warnings > 0) {
+            PrintError(InDrawing(0), "warnings count as errors (--strict): no NC file written");
+            return JobOutcome::kNotMade;
+        }
+        if (!Write(TakeNcText(result.buffers, options_.encoding))) return JobOutcome::kNotMade;
+        return counts.losses > 0 ? JobOutcome::kLossy : JobOutcome::kMade;
     }
 
 private:
@@ -144,13 +155,13 @@ private:
 
 }  // namespace
 
-bool RunPostJob(const PlannedJob& planned, const LoadedTuning& tuning, const JobOptions& options, CFileRoles& roles,
+JobOutcome RunPostJob(const PlannedJob& planned, const LoadedTuning& tuning, const JobOptions& options, CFileRoles& roles,
                 const std::string& progress) {
     try {
         return CPostJob(planned, tuning, options, roles).Run(progress);
     } catch (const std::bad_alloc&) {
         PrintError({planned.drawing}, "not enough memory for this job: no NC file written");
-        return false;
+        return JobOutcome::kNotMade;
     }
 }
 

@@ -3,12 +3,14 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "geometry/plane_math.h"
 #include "host/files/output_plan.h"
 #include "host/load/loaded_tuning.h"
 #include "host/post/nc_text.h"
 #include "host/post/run_data.h"
+#include "verify/job_comparison.h"
 
 namespace brindle::host {
 
@@ -25,15 +27,25 @@ struct JobOptions {
     // In the place of the names of the files themselves.
     std::optional<std::string> drawing_name, output_name, tuning_name;
 
+    double tolerance = CJobComparison::kDefaultTolerance;  // of what is cut against what is drawn, millimetres
+    std::vector<Rule> allowed;                             // findings that are meant
+    bool strict = false;                                   // a job with a warning is not made
+
     RunDataRequest run_data;
     Encoding encoding = Encoding::kUtf8;
     bool verbose = false;
 };
 
+// What has become of a job, the worst last.
+enum class JobOutcome {
+    kMade,
+    kLossy,    // made, but the NC text does not cut what is drawn
+    kNotMade,  // messages say why; no file is written
+};
+
 // Runs `tuning` over a drawing, in a session of its own, and writes what `planned` says; `roles` takes in the files of
-// segments. `progress` is shown on a terminal meanwhile. False, with messages printed and no file written, if it
-// failed.
-bool RunPostJob(const PlannedJob& planned, const LoadedTuning& tuning, const JobOptions& options, CFileRoles& roles,
+// segments. `progress` is shown on a terminal meanwhile.
+JobOutcome RunPostJob(const PlannedJob& planned, const LoadedTuning& tuning, const JobOptions& options, CFileRoles& roles,
                 const std::string& progress);
 
 }  // namespace brindle::host

@@ -18,14 +18,14 @@
 namespace brindle::host {
 namespace {
 
-bool RunInTurn(OutputPlan& plan, const LoadedTuning& tuning, const JobOptions& options) {
-    bool good = true;
+JobOutcome RunInTurn(OutputPlan& plan, const LoadedTuning& tuning, const JobOptions& options) {
+    JobOutcome worst = JobOutcome::kMade;
     for (size_t i = 0; i < plan.jobs.size(); ++i) {
         const std::string progress = "drawing " + std::to_string(i + 1) + " of " + std::to_string(plan.jobs.size()) +
                                      ": " + plan.jobs[i].drawing;
-        good &= RunPostJob(plan.jobs[i], tuning, options, plan.roles, progress);
+        worst = std::max(worst, RunPostJob(plan.jobs[i], tuning, options, plan.roles, progress));
     }
-    return good;
+    return worst;
 }
 
 // Threads that each take the next job of the plan until there is none.
@@ -38,7 +38,7 @@ public:
         ShowProgress();
     }
 
-    bool Run(size_t threads) {
+    JobOutcome Run(size_t threads) {
         {
             std::vector<std::jthread> others;
             try {
@@ -50,7 +50,7 @@ public:
         }
         progress_.reset();
         if (failure_) std::rethrow_exception(failure_);
-        return good_;
+        return worst_;
     }
 
 private:
@@ -60,8 +60,8 @@ private:
                 const size_t job = next_++;
                 if (job >= plan_.jobs.size()) return;
                 CCollectedMessages messages;
-                const bool good = RunPostJob(plan_.jobs[job], tuning_, options_, plan_.roles, {});
-                Finish(job, good, messages.Take());
+                const JobOutcome outcome = RunPostJob(plan_.jobs[job], tuning_, options_, plan_.roles, {});
+                Finish(job, outcome, messages.Take());
             }
         } catch (...) {
             const std::lock_guard lock(end_of_jobs_);
@@ -70,9 +70,9 @@ private:
         }
     }
 
-    void Finish(size_t job, bool good, std::string messages) {
+    void Finish(size_t job, JobOutcome outcome, std::string messages) {
         const std::lock_guard lock(end_of_jobs_);
-        good_ &= good;
+        worst_ = std::max(worst_, outcome);
         ++done_;
         messages_[job] = std::move(messages);
         progress_.reset();
@@ -91,7 +91,7 @@ private:
     std::atomic<size_t> next_ = 0;  // to be begun
 
     std::mutex end_of_jobs_;  // what follows is changed at the end of a job
-    bool good_ = true;
+    JobOutcome worst_ = JobOutcome::kMade;
     std::exception_ptr failure_;  // of the program itself
     size_t done_ = 0;
     std::vector<std::optional<std::string>> messages_;  // of each job that is done
@@ -101,7 +101,7 @@ private:
 
 }  // namespace
 
-bool RunPostJobs(OutputPlan& plan, const LoadedTuning& tuning, const JobOptions& options, size_t at_a_time) {
+JobOutcome RunPostJobs(OutputPlan& plan, const LoadedTuning& tuning, const JobOptions& options, size_t at_a_time) {
     const size_t threads = std::min(at_a_time, plan.jobs.size());
     if (threads < 2) return RunInTurn(plan, tuning, options);
     return CJobThreads(plan, tuning, options).Run(threads);

@@ -11,7 +11,10 @@ namespace {
 
 class CF2Loader {
 public:
-    CF2Loader(CNCGeomMgr& geometry, JobData& job) : records_(geometry), job_(job) {}
+    CF2Loader(CNCGeomMgr& geometry, JobData& job) : geometry_(geometry), records_(geometry), job_(job) {}
+
+    // Where the lines of the records go, if they are wanted.
+    void KeepLines(std::vector<std::vector<size_t>>& lines) { lines_of_records_ = &lines; }
 
     void Load(const std::vector<std::string_view>& lines) {
         std::vector<std::string_view> words;
@@ -19,13 +22,23 @@ public:
             const cff2::Record record = cff2::ParseLine(lines[i], words);
             const auto* text = std::get_if<cff2::Text>(&record);
             const auto* cut_short = std::get_if<cff2::Short>(&record);
+            const size_t line = i + 1;
             if (text != nullptr && i + 1 < lines.size()) AddText(*text, lines[i + 1]);
             if (text != nullptr || (cut_short != nullptr && cut_short->takes_next_line)) ++i;
             std::visit([this](const auto& r) { Add(r); }, record);
+            if (lines_of_records_ != nullptr) KeepLine(line, std::holds_alternative<cff2::UpperRight>(record));
         }
     }
 
 private:
+    void KeepLine(size_t line, bool starts_main) {
+        if (starts_main) lines_of_records_->clear();
+        lines_of_records_->resize(static_cast<size_t>(geometry_.program_count()));
+        if (lines_of_records_->empty()) return;
+        std::vector<size_t>& lines = lines_of_records_->back();
+        lines.resize(static_cast<size_t>(geometry_.GetRecordCount(geometry_.program_count() - 1)), line);
+    }
+
     Point Scaled(Point p) const { return {p.x * scale_, p.y * scale_}; }
     CutAttributes Scaled(CutAttributes cut) const {
         cut.cut_width *= scale_;
@@ -64,8 +77,10 @@ private:
         records_.AddText(std::move(fields));
     }
 
+    CNCGeomMgr& geometry_;
     JobRecords records_;
     JobData& job_;
+    std::vector<std::vector<size_t>>* lines_of_records_ = nullptr;
     std::string main_name_;
     double scale_ = 1.0;
 };
@@ -75,6 +90,16 @@ private:
 void ReadCF2(std::string_view text, CNCGeomMgr& geometry, JobData& job) {
     geometry.Clear();
     CF2Loader(geometry, job).Load(SplitLines(text));
+}
+
+std::vector<std::vector<size_t>> LinesOfRecords(std::string_view text) {
+    CNCGeomMgr geometry;
+    JobData job;
+    std::vector<std::vector<size_t>> lines;
+    CF2Loader loader(geometry, job);
+    loader.KeepLines(lines);
+    loader.Load(SplitLines(text));
+    return lines;
 }
 
 }  // namespace brindle

@@ -7,7 +7,7 @@
 namespace brindle {
 namespace {
 
-static_assert(std::size(Rules()) == static_cast<size_t>(Rule::kFurther) + 1);
+static_assert(std::size(Rules()) == static_cast<size_t>(Rule::kNotJudged) + 1);
 static_assert([] {
     for (size_t i = 0; i < std::size(Rules()); ++i) {
         if (static_cast<size_t>(Rules()[i].rule) != i) return false;

@@ -56,7 +56,7 @@ private:
     std::string file_;
     std::span<const std::string_view> lines_;
     std::vector<Diagnostic> kept_;
-    std::array<size_t, 3> counts_ = {};  // by severity
+    std::array<size_t, 4> counts_ = {};  // by severity
     std::array<GroupUse, kRuleGroups> groups_ = {};
 };
 

@@ -10,15 +10,16 @@
 namespace brindle {
 
 // An error is a line that the reader drops, or a value that a run reads as something else than it says: nobody can have
-// meant it. A warning is what gives something else than it seems to, or nothing. An info is what has no effect under
+// meant it. A loss is NC text that does not cut what is drawn. A warning is what gives something else than it seems to, or nothing. An info is what has no effect under
 // the options of this tuning.
-enum class Severity : uint8_t { kError, kWarning, kInfo };
+enum class Severity : uint8_t { kError, kLoss, kWarning, kInfo };
 
 // What a rule looks at. Of the rules of drawings, findings of one group are limited together.
 // clang-format off
 enum class RuleGroup : uint8_t {
     kLines, kRunTimeData, kValues, kChoices, kSpeeds, kMissing, kTools, kWords, kEvents, kUnread,
     kPairing,  // a drawing and the tuning that it is run with
+    kNcText,   // what a machine makes of the NC text
     kShortRecords, kInfinite, kNumbers, kMisplacedWords, kArcs, kPrograms, kCutOff, kTexts, kTextRecords, kUnits, kCase,
     kUnknownRecords, kNames, kDrawing,
 };
@@ -54,6 +55,11 @@ enum class Rule : uint8_t {
     kCutName, kTooManyWords, kArcCentre, kZeroRadius, kMovedCentre, kRadiusWord, kEarlyRecord, kNoMain,
     kDiscardedPrograms, kCutOff, kTextWithoutLine, kTextInSub, kRecordAsText, kUnitsWord, kRecordCase, kUnknownRecord,
     kLowerLeft, kScale, kByteOrderMark, kSemicolons, kLateMainName, kRepeatedProgram, kUnknownProgram, kFurther,
+    // NC text held against its drawing.
+    kNotCut, kCutElsewhere, kStrayCut, kCutTwice, kOtherTool, kTextLost, kRapidWhileOn, kChangedWhileOn, kPowerChange,
+    kEndWhileOn, kUnresolvedValue, kToolDirection, kTurnInMaterial, kNoMotionCode, kRepeatedWord, kNoArcCentre,
+    kHalfCentre, kRadiusTooSmall, kCircleByRadius, kZeroRadiusArc, kUnequalRadii, kUnlikeRadii, kNoFeed,
+    kAssumedCentres, kUnreadText, kNotJudged,
 };
 
 struct RuleInfo {
@@ -205,12 +211,47 @@ inline constexpr RuleInfo kRules[] = {
     {kRepeatedProgram, "repeated-program", kWarning, G::kNames, "A program of this name is there already."},
     {kUnknownProgram, "unknown-program", kWarning, G::kNames, "A called program is not in the drawing."},
     {kFurther, "further", kWarning, G::kDrawing, "So many findings of a kind are left out."},
+
+    {kNotCut, "not-cut", kLoss, G::kNcText, "What is drawn is not cut."},
+    {kCutElsewhere, "cut-elsewhere", kLoss, G::kNcText, "A record is cut beside its place, or in another shape."},
+    {kStrayCut, "stray-cut", kLoss, G::kNcText, "Something is cut that is not drawn."},
+    {kCutTwice, "cut-twice", kLoss, G::kNcText, "A record is cut more often than it is drawn."},
+    {kOtherTool, "other-tool", kLoss, G::kNcText, "A record is cut by another tool than its own."},
+    {kTextLost, "text-lost", kLoss, G::kNcText, "A text is not written."},
+    {kRapidWhileOn, "rapid-while-on", kLoss, G::kNcText, "The machine moves at rapid with the tool on."},
+    {kChangedWhileOn, "changed-while-on", kLoss, G::kNcText, "The tool is changed while it is on."},
+    {kPowerChange, "power-change", kWarning, G::kNcText, "Another tool is selected while one is on."},
+    {kEndWhileOn, "end-while-on", kLoss, G::kNcText, "The NC text ends with the tool on."},
+    {kUnresolvedValue, "unresolved-value", kLoss, G::kNcText, "A value could not be evaluated and is left out."},
+    {kToolDirection, "tool-direction", kLoss, G::kNcText, "A tangential tool does not point along its cut."},
+    {kTurnInMaterial, "turn-in-material", kLoss, G::kNcText, "A tangential tool turns too far in the material."},
+    {kNoMotionCode, "no-motion-code", kLoss, G::kNcText, "A position comes before any code that says how to get there."},
+    {kRepeatedWord, "repeated-word", kLoss, G::kNcText, "A line has a word twice, or two codes of a group."},
+    {kNoArcCentre, "no-arc-centre", kLoss, G::kNcText, "An arc has neither centre nor radius."},
+    {kHalfCentre, "half-centre", kLoss, G::kNcText, "An arc lacks one of its absolute centre words."},
+    {kRadiusTooSmall, "radius-too-small", kLoss, G::kNcText, "An arc's radius word does not reach its end."},
+    {kCircleByRadius, "circle-by-radius", kLoss, G::kNcText, "A full circle is given by its radius."},
+    {kZeroRadiusArc, "zero-radius-arc", kLoss, G::kNcText, "An arc is printed without a radius."},
+    {kUnequalRadii, "unequal-radii", kLoss, G::kNcText, "An arc's printed ends are at unlike distances from its centre."},
+    {kUnlikeRadii, "unlike-radii", kWarning, G::kNcText, "The same, by so little that some controllers take it."},
+    {kNoFeed, "no-feed", kWarning, G::kNcText, "A cut comes before any feed word."},
+    {kAssumedCentres, "assumed-centres", kLoss, G::kNcText, "Absolute centres are written without the code for them."},
+    {kUnreadText, "unread-text", kInfo, G::kNcText, "Literal text can't be read."},
+    {kNotJudged, "not-judged", kWarning, G::kNcText, "A job is not judged whole."},
 };
 // clang-format on
 
 }  // namespace rule_table
 
 constexpr const auto& Rules() { return rule_table::kRules; }
+
+// Null if no rule has that name.
+constexpr const RuleInfo* FindRule(std::string_view name) {
+    for (const RuleInfo& info : Rules()) {
+        if (info.name == name) return &info;
+    }
+    return nullptr;
+}
 
 constexpr const RuleInfo& InfoOf(Rule rule) { return Rules()[static_cast<size_t>(rule)]; }
 

@@ -13,8 +13,13 @@ void CentreAxisWord(CTextResolver& resolver, int axis, bool absolute, bool addre
     const double value = axis == 0 ? offset.x : offset.y;
     const CNumberText number = AxisNumber(run, axis, value);
     const bool by_text = absolute && run.options.arcs.abs_is_absolute;
-    if (modal && !by_text && std::fabs(value) < kTolerance) return;
-    resolver.AppendWord(address ? &run.options.arcs.center_address[axis] : nullptr, number.view(), modal && by_text,
+    LoggedWord word{.kind = WordKind::kCentre, .axis = static_cast<uint8_t>(axis), .absolute = by_text};
+    word.text = number.view();
+    if (modal && !by_text && std::fabs(value) < kTolerance) {
+        word.fate = WordFate::kNoDistance;
+        return resolver.Log(word);
+    }
+    resolver.AppendWord(address ? &run.options.arcs.center_address[axis] : nullptr, word, modal && by_text,
                         run.state.last.centre[axis], out);
 }
 
@@ -48,7 +53,8 @@ void Radius(CTextResolver& resolver, const CAtDirKeywords& keywords, std::string
     RunContext& run = resolver.run();
     if (!run.Record().IsArc()) return;
     const CNumberText number = RadiusNumber(run, keywords.HasWord(Keyword::kAbs));
-    resolver.AppendWord(keywords.WantAddress(true) ? &run.options.arcs.radius_address : nullptr, number.view(),
+    const LoggedWord word{.kind = WordKind::kRadius, .text = number.view()};
+    resolver.AppendWord(keywords.WantAddress(true) ? &run.options.arcs.radius_address : nullptr, word,
                         keywords.WantModal(false), run.state.last.radius, out);
 }
 
@@ -58,8 +64,9 @@ void Subtended(CTextResolver& resolver, const CAtDirKeywords& keywords, std::str
     if (!run.Record().IsArc()) return;
     const double value = RoundScaled(run.Record().GetSweepAngle(false), arcs.subtended_factor / kRadiansPerDegree,
                                      arcs.subtended_decimals);
-    std::string word = IsAgainstPositiveSense(run) ? "-" : "";
-    word += CNumberText(value, arcs.subtended_decimals, run.state.trim).view();
+    std::string number = IsAgainstPositiveSense(run) ? "-" : "";
+    number += CNumberText(value, arcs.subtended_decimals, run.state.trim).view();
+    const LoggedWord word{.kind = WordKind::kSubtended, .text = number};
     resolver.AppendWord(keywords.WantAddress(true) ? &arcs.subtended_address : nullptr, word, keywords.WantModal(false),
                         run.state.last.subtended, out);
 }

@@ -19,22 +19,30 @@ struct PointStyle {
 
 double Coordinate(Point p, int axis) { return axis == 0 ? p.x : p.y; }
 
-void AxisWord(CTextResolver& resolver, int axis, double coordinate, const OptionText& address, const PointStyle& style,
-              std::string& out) {
+void AxisWord(CTextResolver& resolver, LoggedWord word, double coordinate, const OptionText& address,
+              const PointStyle& style, std::string& out) {
+    const int axis = word.axis;
     RunContext& run = resolver.run();
     const double value = style.absolute ? coordinate : coordinate - Coordinate(run.controller.last_position, axis);
     const CNumberText number = AxisNumber(run, axis, value);
-    if (style.modal && !style.absolute && std::fabs(value) < kTolerance) return;
-    resolver.AppendWord(style.address ? &address : nullptr, number.view(), style.modal && style.absolute,
+    word.text = number.view();
+    word.absolute = style.absolute;
+    if (style.modal && !style.absolute && std::fabs(value) < kTolerance) {
+        word.fate = WordFate::kNoDistance;
+        return resolver.Log(word);
+    }
+    resolver.AppendWord(style.address ? &address : nullptr, word, style.modal && style.absolute,
                         run.state.last.axis[axis], out);
 }
 
-void PointWords(CTextResolver& resolver, const CAtDirKeywords& keywords, Point p, const OptionText (&addresses)[2],
-                std::string& out) {
+void PointWords(CTextResolver& resolver, const CAtDirKeywords& keywords, Point p, bool at_start,
+                const OptionText (&addresses)[2], std::string& out) {
     const PointStyle style(resolver.run(), keywords);
     std::string axis2_word;  // evaluated first, written last
-    if (style.axis2) AxisWord(resolver, 1, p.y, addresses[1], style, axis2_word);
-    if (style.axis1) AxisWord(resolver, 0, p.x, addresses[0], style, out);
+    const LoggedWord axis1{.kind = WordKind::kAxis, .axis = 0, .at_start = at_start};
+    const LoggedWord axis2{.kind = WordKind::kAxis, .axis = 1, .at_start = at_start};
+    if (style.axis2) AxisWord(resolver, axis2, p.y, addresses[1], style, axis2_word);
+    if (style.axis1) AxisWord(resolver, axis1, p.x, addresses[0], style, out);
     out += axis2_word;
     if (keywords.HasWord(Keyword::kMoveTo)) resolver.run().controller.last_position = p;
 }
@@ -113,12 +121,12 @@ void CornerWords(CTextResolver& resolver, const CAtDirKeywords& keywords, double
 
 void StartPtWords(CTextResolver& resolver, const CAtDirKeywords& keywords, std::string& out) {
     const AxisOptions& axes = resolver.run().options.axes;
-    PointWords(resolver, keywords, resolver.run().Record().Start(),
+    PointWords(resolver, keywords, resolver.run().Record().Start(), true,
                axes.start_end_on_block ? axes.start_address : axes.address, out);
 }
 
 void EndPtWords(CTextResolver& resolver, const CAtDirKeywords& keywords, std::string& out) {
-    PointWords(resolver, keywords, resolver.run().Record().End(), resolver.run().options.axes.address, out);
+    PointWords(resolver, keywords, resolver.run().Record().End(), false, resolver.run().options.axes.address, out);
 }
 
 void MidPtWords(CTextResolver& resolver, const CAtDirKeywords& keywords, std::string& out) {

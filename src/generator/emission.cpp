@@ -15,18 +15,25 @@ void CEmission::OutputProgram(int32_t program, const CTrans& trans) {
     active_programs_.push_back(program);
     const int32_t count = run_.geometry.GetRecordCount(program);
     for (int32_t i = 0; i < count; ++i) {
-        EmitRecord(*run_.geometry.GetRecord(program, i), run_.geometry.GetRecord(program, i + 1), trans);
+        if (run_.log != nullptr) run_.log->RecordStarts(program, i);
+        const bool goes_out =
+            EmitRecord(*run_.geometry.GetRecord(program, i), run_.geometry.GetRecord(program, i + 1), trans);
+        if (run_.log != nullptr) run_.log->RecordEnds(!run_.state.pending_text.empty());
+        if (goes_out) segments_.EndSegmentIfFull();
     }
     active_programs_.pop_back();
 }
 
-void CEmission::EmitRecord(const CNCData& record, const CNCData* next, const CTrans& trans) {
+bool CEmission::EmitRecord(const CNCData& record, const CNCData* next, const CTrans& trans) {
     run_.SetCurrentRecords(&record, next, trans);
     const bool is_cut = record.IsLine() || record.IsArc();
     const ProgramOptions& programs = run_.options.programs;
     const bool is_unknown_tool =
         static_cast<uint32_t>(record.GetToolId()) > static_cast<uint32_t>(programs.number_of_tools);
-    if (is_cut && is_unknown_tool && !programs.default_tool) return;
+    if (is_cut && is_unknown_tool && !programs.default_tool) {
+        LogDropped(DropReason::kToolOutOfRange);
+        return false;
+    }
 
     std::vector<CNCLineData> facets;
     bool force_lift = false;
@@ -34,10 +41,11 @@ void CEmission::EmitRecord(const CNCData& record, const CNCData* next, const CTr
     if (facets.empty()) {
         EmitDispatched(record, next, trans);
     } else {
+        if (run_.log != nullptr) run_.log->ArcAsLines(true);
         EmitFacets(facets, next, trans, force_lift);
     }
     UpdateToolDirection(record);
-    segments_.EndSegmentIfFull();
+    return true;
 }
 
 void CEmission::EmitDispatched(const CNCData& record, const CNCData* next, const CTrans& trans) {
@@ -92,9 +100,14 @@ void CEmission::UpdateToolDirection(const CNCData& record) {
 
 bool CEmission::ReportsNoTool(const CNCData& record, const char* what) {
     if (run_.tools.Get(record.GetToolId()).physical->exists()) return false;
+    LogDropped(DropReason::kNoTool);
     executor_.resolver().ReportError("WARNING: type " + std::to_string(record.GetLineType()) + " maps to tool 0.  " +
                                      what + " ignored.");
     return true;
+}
+
+void CEmission::LogDropped(DropReason reason) {
+    if (run_.log != nullptr) run_.log->RecordDropped(reason);
 }
 
 void CEmission::ApproachCut(bool force_lift) {
@@ -141,6 +154,7 @@ void CEmission::EmitArc(const CNCArcData& record, const CNCData* next, const CTr
 }
 
 void CEmission::EmitAsLine(const CNCArcData& record, const CNCData* next, const CTrans& trans, const char* warning) {
+    if (run_.log != nullptr) run_.log->ArcAsLines(false);
     executor_.resolver().ReportError(warning);
     const CNCLineData line(record.cut(), record.Start(), record.End());
     run_.SetCurrentRecords(&line, next, trans);
@@ -172,8 +186,14 @@ void CEmission::CutArc() {
 
 void CEmission::EmitText(const CNCData& record) {
     CTextResolver& resolver = executor_.resolver();
-    if (!run_.controller.absolute_mode) return resolver.ReportError("Text ignored in incremental mode");
-    if (!run_.options.programs.use_text) return resolver.ReportError("WARNING: Text is not supported.");
+    if (!run_.controller.absolute_mode) {
+        LogDropped(DropReason::kTextInIncremental);
+        return resolver.ReportError("Text ignored in incremental mode");
+    }
+    if (!run_.options.programs.use_text) {
+        LogDropped(DropReason::kTextNotSupported);
+        return resolver.ReportError("WARNING: Text is not supported.");
+    }
     if (ReportsNoTool(record, "Line")) return;
     tools_.ToolChange();
     ExecuteMove(run_.move);

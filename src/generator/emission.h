@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "generator/run_log.h"
 #include "generator/segments.h"
 #include "generator/tool_control.h"
 #include "generator/tool_path.h"
@@ -22,7 +23,8 @@ public:
     void ExecuteMove(const CompiledTemplate& compiled);
 
 private:
-    void EmitRecord(const CNCData& record, const CNCData* next, const CTrans& trans);
+    // False, with nothing done, if the record's tool is none of the tuning's.
+    bool EmitRecord(const CNCData& record, const CNCData* next, const CTrans& trans);
     // These take the stored record and expect its copy to be the current record.
     void EmitArc(const CNCArcData& record, const CNCData* next, const CTrans& trans);
     void EmitText(const CNCData& record);
@@ -41,6 +43,7 @@ private:
     void ExecuteElement(const CompiledTemplate& compiled, PathKind kind);
     // Tool, move and lift before the template of a line or arc, and tool on.
     void ApproachCut(bool force_lift);
+    void LogDropped(DropReason reason);
     bool ReportsNoTool(const CNCData& record, const char* what);
     void UpdateToolDirection(const CNCData& record);
 

@@ -27,7 +27,9 @@ Point Sum(Point a, Point b) { return {a.x + b.x, a.y + b.y}; }
 
 void CEmission::EmitInclude(const CNCIncludeData& record, const CTrans& trans) {
     const int32_t program = run_.geometry.FindProgram(record.GetIncludeName());
-    if (IsEmptyProgram(program)) return;
+    if (IsEmptyProgram(program)) {
+        return LogDropped(program < 0 ? DropReason::kUnknownProgram : DropReason::kEmptyCall);
+    }
     if (!run_.options.programs.use_subs || run_.controller.job.tile_to_output != 0) return ExpandCall(record, program);
     CallSub(record, program, trans);
 }
@@ -45,21 +47,26 @@ void CEmission::ExpandCall(const CNCIncludeData& record, int32_t program) {
     TakePlacing(record, trans);
     trans.offset_x = record.GetStartX();
     trans.offset_y = record.GetStartY();
+    if (run_.log != nullptr) run_.log->ExpansionStarts(record);
     OutputProgram(program, trans);
+    if (run_.log != nullptr) run_.log->ExpansionEnds();
 }
 
 bool CEmission::MayExpand(int32_t program) {
     CTextResolver& resolver = executor_.resolver();
     if (std::find(active_programs_.begin(), active_programs_.end(), program) != active_programs_.end()) {
+        LogDropped(DropReason::kCallsItself);
         resolver.ReportError("WARNING: program " + std::string(run_.geometry.GetProgramName(program)) +
                              " calls itself.  Call ignored.");
         return false;
     }
     if (active_programs_.size() > kDeepestCall) {
+        LogDropped(DropReason::kCallsTooDeep);
         resolver.ReportError("WARNING: calls nested too deep.  Call ignored.");
         return false;
     }
     if (expanded_calls_ >= kMostCalls) {
+        LogDropped(DropReason::kTooManyCalls);
         resolver.ReportError("WARNING: too many calls.  Call ignored.");
         return false;
     }
@@ -101,6 +108,7 @@ void CEmission::CallSub(const CNCIncludeData& record, int32_t program, const CTr
     const bool on_block = run_.options.axes.start_end_on_block;
     MakeCallPointCurrent(record, Sum(record.Start(), StartReference(record, program)), trans);
     if (run_.path != nullptr) run_.path->BeginCall(record);
+    if (run_.log != nullptr) run_.log->CallStarts(record, run_.VariantOf(record));
     if (!on_block) ReachCallPoint(record);
     tools_.ToolOff();
     executor_.ExecuteTemplate(run_.sub_call);
@@ -113,6 +121,7 @@ void CEmission::CallSub(const CNCIncludeData& record, int32_t program, const CTr
     }
     executor_.ExecuteTemplate(run_.sub_reset);
     if (run_.path != nullptr) run_.path->EndCall();
+    if (run_.log != nullptr) run_.log->CallEnds();
 }
 
 void CEmission::ReachCallPoint(const CNCIncludeData& record) {

@@ -7,15 +7,16 @@
 
 namespace brindle {
 
-void RunOutput(const SessionParts& session, ToolPath* path) {
+void RunOutput(const SessionParts& session, ToolPath* path, CRunLog* log) {
     session.buffers.Reset();
     session.trace.Clear();
     JobData& job = session.controller.job;
     SettleRunValues(session.tuning.definition(), job.tuning_pick, job.dataset_name, session.run_values);
-    COutputRun(session).RunOutput(path);
+    COutputRun(session).RunOutput(path, log);
 }
 
-void COutputRun::RunOutput(ToolPath* path) {
+void COutputRun::RunOutput(ToolPath* path, CRunLog* log) {
+    followed_by_ = log;
     if (path == nullptr) return OutputFile();
     CPathRecorder recorder(run_);
     run_.path = &recorder;
@@ -37,9 +38,12 @@ void COutputRun::OutputFile() {
     run_.controller.SetTransform(run_.PlaneTransform());
     segments_.MeasureEnd();
     ResetController();
+    run_.log = followed_by_;  // what was measured is no part of the NC text
+    if (run_.log != nullptr) run_.log->RunStarts(run_);
     executor_.ExecuteTemplate(run_.file_start);
     OutputPrograms();
     executor_.ExecuteTemplate(run_.file_end);
+    if (run_.log != nullptr) run_.log->RunEnds();
 }
 
 void COutputRun::TakeSettings() {
@@ -77,6 +81,7 @@ void COutputRun::OutputMain() {
     run_.controller.absolute_mode = run_.options.programs.absolute;
     run_.state.ForgetOutput();
     if (run_.path != nullptr) run_.path->StartProgram(-1, {});
+    if (run_.log != nullptr) run_.log->ProgramStarts(-1);
     executor_.ExecuteTemplate(run_.main_init);
     emission_.OutputProgram(0, trans);
     tools_.ToolOff();
@@ -85,6 +90,7 @@ void COutputRun::OutputMain() {
     tools_.DeselectAtEnd();
     run_.state.tool.selected = -1;
     executor_.ExecuteTemplate(run_.main_term);
+    if (run_.log != nullptr) run_.log->ProgramEnds();
     run_.state.ForgetOutput();
 }
 
@@ -137,11 +143,13 @@ void COutputRun::OutputSub(int32_t variant, int32_t program, const std::string& 
         run_.controller.last_position = trans.TransformPoint(start);
     }
     if (run_.path != nullptr) run_.path->StartProgram(variant, on_block ? Point{} : run_.controller.last_position);
+    if (run_.log != nullptr) run_.log->ProgramStarts(variant);
     executor_.ExecuteTemplate(run_.sub_init);
     emission_.OutputProgram(program, trans);
     tools_.ToolOff();
     if (!on_block) ReturnFromSub(program, trans);
     executor_.ExecuteTemplate(run_.sub_term);
+    if (run_.log != nullptr) run_.log->ProgramEnds();
     run_.state.ForgetOutput();
 }
 

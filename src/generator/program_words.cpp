@@ -41,11 +41,13 @@ int32_t MainSequence(const RunContext& run) {
 }
 
 // A reset code goes out only after a code that it resets.
-void ResetCode(CTextResolver& resolver, const OptionText& option, bool modal, std::string& last, std::string& out) {
+void ResetCode(CTextResolver& resolver, WordKind kind, const OptionText& option, bool modal, std::string& last,
+               std::string& out) {
     if (modal && last.empty()) return;
     std::string scratch;
     const std::string_view code = resolver.ReadText(option, scratch);
     if (code.empty() || (modal && last == code)) return;
+    resolver.Log({.kind = kind, .text = code});
     last = code;
     out += code;
     resolver.AppendSeparator(out);
@@ -108,13 +110,15 @@ void MarkAsSub(CTextResolver& resolver, const CAtDirKeywords&, std::string&) {
 void IncludeMirResetCode(CTextResolver& resolver, const CAtDirKeywords& keywords, std::string& out) {
     RunContext& run = resolver.run();
     if (!run.options.programs.mirror_in_use) return;
-    ResetCode(resolver, run.options.subs.mirror_reset, keywords.WantModal(true), run.state.last.call_mirror, out);
+    ResetCode(resolver, WordKind::kCallMirror, run.options.subs.mirror_reset, keywords.WantModal(true),
+              run.state.last.call_mirror, out);
 }
 
 void IncludeRotResetWord(CTextResolver& resolver, const CAtDirKeywords& keywords, std::string& out) {
     RunContext& run = resolver.run();
     if (!run.options.programs.rotations_in_use) return;
-    ResetCode(resolver, run.options.subs.rotation_reset, keywords.WantModal(true), run.state.last.call_rotation, out);
+    ResetCode(resolver, WordKind::kCallRotation, run.options.subs.rotation_reset, keywords.WantModal(true),
+              run.state.last.call_rotation, out);
 }
 
 void IncludeMirCode(CTextResolver& resolver, const CAtDirKeywords& keywords, std::string& out) {
@@ -128,6 +132,7 @@ void IncludeMirCode(CTextResolver& resolver, const CAtDirKeywords& keywords, std
     const OptionText& option = x && y ? subs.mirror_xy : x ? subs.mirror_x : y ? subs.mirror_y : subs.mirror_reset;
     std::string scratch;
     const std::string_view code = resolver.ReadText(option, scratch);
+    resolver.Log({.kind = WordKind::kCallMirror, .text = code});
     run.state.last.call_mirror = code;
     out += code;
     resolver.AppendSeparator(out);
@@ -150,6 +155,7 @@ void IncludeRotWord(CTextResolver& resolver, const CAtDirKeywords& keywords, std
     if (!word.empty()) resolver.AppendSeparator(word);
     word.append(address).append(CNumberText(value, subs.rotation_decimals, run.state.trim).view());
     resolver.AppendSeparator(word);
+    resolver.Log({.kind = WordKind::kCallRotation, .text = word});
     run.state.last.call_rotation = word;
     out += word;
 }

@@ -109,7 +109,15 @@ void RotationWord(CTextResolver& resolver, const CAtDirKeywords& keywords, bool 
     const Turn turn = TurnOf(run, at_start, tool);
     const std::string number = AngleNumber(run, turn, tool, absolute);
     if (number.empty()) return;
-    if (keywords.WantModal(run.options.rotation.modal) && !IsDue(run, turn, number, absolute)) return;
+    LoggedWord logged{.kind = WordKind::kToolAngle,
+                      .at_start = at_start,
+                      .absolute = absolute || run.options.rotation.always_absolute,
+                      .text = number};
+    if (keywords.WantModal(run.options.rotation.modal) && !IsDue(run, turn, number, absolute)) {
+        logged.fate = WordFate::kRepeat;
+        return resolver.Log(logged);
+    }
+    if (!keywords.HasWord(Keyword::kSilent)) resolver.Log(logged);
     run.state.last.tool_rotation = number;
     std::string word;
     AppendWord(resolver, number, address, word);

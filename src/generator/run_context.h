@@ -31,6 +31,7 @@ struct SessionParts {
 };
 
 class CPathRecorder;
+class CRunLog;
 
 // One run: the session's parts, and options and tools prepared from the tuning. The tuning and the run values must not
 // change while it lives.
@@ -44,6 +45,7 @@ struct RunContext : SessionParts {
     const RunOptions options;
     CToolTable tools;
     CPathRecorder* path = nullptr;  // null if the path is not wanted
+    CRunLog* log = nullptr;         // null if nobody follows
 
     const CompiledTemplate file_start = compiler.CompileTemplate("FileStart_");
     const CompiledTemplate file_end = compiler.CompileTemplate("FileEnd_");

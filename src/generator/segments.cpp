@@ -30,6 +30,7 @@ void CSegments::EndSegment() {
     WriteEnd();
     run_.state.ForgetOutput();
     run_.buffers.NewBuffer();
+    if (run_.log != nullptr) run_.log->SegmentStarts();
     StartSegment();
 }
 

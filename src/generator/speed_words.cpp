@@ -188,7 +188,14 @@ bool AddSpeedWord(CTextResolver& resolver, int parameter, std::string_view addre
     const ToolData& tool = *run.tools.Get(run.state.tool.selected).own;
     CSpeedEvaluator speed(resolver, tool, parameter);
     const std::string_view word = tool.exists() ? speed.Word() : std::string_view();
-    if (modal && !IsNew(last, word)) return false;
+    const bool is_repeat = modal && !IsNew(last, word);
+    resolver.Log({.kind = WordKind::kSpeed,
+                  .fate = is_repeat      ? WordFate::kRepeat
+                          : word.empty() ? WordFate::kNothing
+                                         : WordFate::kWritten,
+                  .axis = static_cast<uint8_t>(parameter),
+                  .text = word});
+    if (is_repeat) return false;
     last = word;
     if (word.empty()) return true;
     words.append(address).append(word);

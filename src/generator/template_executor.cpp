@@ -6,9 +6,11 @@ namespace brindle {
 
 void CTemplateExecutor::ExecuteTemplate(const CompiledTemplate& compiled) {
     run_.trace.AddTemplate(compiled.trace_header, compiled.number);
+    if (run_.log != nullptr) run_.log->TemplateStarts(compiled, run_.state.tool.selected);
     for (const CompiledLine& line : compiled.lines) {
         ExecuteLine(line, &line != &compiled.lines.back() || compiled.terminate);
     }
+    if (run_.log != nullptr) run_.log->TemplateEnds();
     LastWords& last = run_.state.last;
     if (compiled.clear_speed) {
         last.speed[0].clear();
@@ -30,6 +32,7 @@ void CTemplateExecutor::ExecuteLine(const CompiledLine& line, bool terminate) {
         if (begins_block) fallback_number = FixBlockNumber(number_set, fallback_number);
         text_.clear();
         resolver_.ResolveText(line.text, text_);
+        if (run_.log != nullptr) run_.log->TemplateLine(line.number, text_);
         if (text_.find_first_not_of(' ') == std::string::npos) {
             if (fallback_number >= 0) numbers.number = fallback_number;
             if (!line.is_single) return;
@@ -46,7 +49,8 @@ void CTemplateExecutor::ExecuteLine(const CompiledLine& line, bool terminate) {
         pending.swap(block_);  // copies would make a block of many lines quadratic
         return;
     }
-    WriteBlock(block_);
+    if (run_.path != nullptr) run_.path->BlockWritten(run_.trace.GetCount());
+    resolver_.WriteBlock(block_);
 }
 
 bool CTemplateExecutor::ScanNumberingWords(const CompiledLine& line) {
@@ -76,13 +80,6 @@ void CTemplateExecutor::AppendBlockNumberWord(std::string& out) {
     resolver_.AppendText(run_.options.blocks.number_address, out);
     AppendInt(out, run_.state.numbers.number);
     resolver_.AppendSeparator(out);
-}
-
-void CTemplateExecutor::WriteBlock(std::string& block) {
-    if (run_.path != nullptr) run_.path->BlockWritten(run_.trace.GetCount());
-    run_.trace.Add(TraceKind::kBlock, block);
-    resolver_.AddBlockDelimiter(block);
-    run_.buffers.AddToBuffer(block);
 }
 
 }  // namespace brindle

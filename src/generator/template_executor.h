@@ -23,7 +23,6 @@ private:
     // Settles the number of a block that begins now, and gives the number to go back to if the block comes to nothing.
     int32_t FixBlockNumber(bool number_set, int32_t number_before);
     void AppendBlockNumberWord(std::string& out);
-    void WriteBlock(std::string& block);
 
     RunContext& run_;
     CTextResolver& resolver_;

@@ -53,6 +53,14 @@ bool CTextResolver::MayRead(const OptionText& option) {
     return std::find(being_resolved_.begin(), end, &option) == end;
 }
 
+void CTextResolver::WriteBlock(std::string& block) {
+    const size_t index = run_.trace.GetCount();
+    run_.trace.Add(TraceKind::kBlock, block);
+    AddBlockDelimiter(block);
+    run_.buffers.AddToBuffer(block);
+    if (run_.log != nullptr) run_.log->BlockWritten(block, index);
+}
+
 void CTextResolver::AddBlockDelimiter(std::string& block) {
     const OptionText& custom = run_.options.blocks.delimiter;
     if (run_.options.blocks.standard_delimiter) {
@@ -66,12 +74,15 @@ void CTextResolver::AddBlockDelimiter(std::string& block) {
     }
 }
 
-void CTextResolver::AppendWord(const OptionText* address, std::string_view text, bool modal, std::string& last,
+void CTextResolver::AppendWord(const OptionText* address, LoggedWord word, bool modal, std::string& last,
                                std::string& out) {
-    if (modal && !IsNew(last, text)) return;
-    last = text;
+    const bool is_repeat = modal && !IsNew(last, word.text);
+    if (is_repeat || word.text.empty()) word.fate = is_repeat ? WordFate::kRepeat : WordFate::kNothing;
+    Log(word);
+    if (is_repeat) return;
+    last = word.text;
     if (address != nullptr) AppendText(*address, out);
-    out += text;
+    out += word.text;
     AppendSeparator(out);
 }
 
@@ -91,13 +102,12 @@ void CTextResolver::ReportError(std::string_view message) {
     writing_comment_ = true;
     std::string block = open_comment_;
     block.append(message).append(close_comment_);
-    run_.trace.Add(TraceKind::kBlock, block);
-    AddBlockDelimiter(block);
-    run_.buffers.AddToBuffer(block);
+    WriteBlock(block);
     writing_comment_ = false;
 }
 
 void CTextResolver::ReportUnresolved(std::string_view what) {
+    if (run_.log != nullptr) run_.log->Unresolved(what);
     ReportError(std::string("Could not evaluate: ").append(what));
 }
 

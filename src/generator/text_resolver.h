@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "generator/run_context.h"
+#include "generator/run_log.h"
 #include "language/directives.h"
 
 namespace brindle {
@@ -38,11 +39,15 @@ public:
         if (run_.options.blocks.use_space) out.push_back(' ');
     }
 
-    // Adds a word: address (null for none), text and separator. Of a modal word a repeat of the last one is left out;
-    // otherwise it becomes the last one.
-    void AppendWord(const OptionText* address, std::string_view text, bool modal, std::string& last, std::string& out);
-    // Adds the end of a block.
-    void AddBlockDelimiter(std::string& block);
+    // Adds a word: address (null for none), its text and separator. Of a modal word a repeat of the last one is left
+    // out; otherwise it becomes the last one.
+    void AppendWord(const OptionText* address, LoggedWord word, bool modal, std::string& last, std::string& out);
+    // Tells who follows the run of a word.
+    void Log(const LoggedWord& word) {
+        if (run_.log != nullptr) run_.log->Word(word);
+    }
+    // Puts a block into the trace and, with its end, into the NC text. `block` becomes what the NC text has.
+    void WriteBlock(std::string& block);
     // Resolves the marks that make a message a comment. Both are empty until the first is resolved, which is in force
     // while the second is.
     void SettleCommentMarks();
@@ -53,6 +58,7 @@ public:
 
 private:
     bool MayRead(const OptionText& option);
+    void AddBlockDelimiter(std::string& block);
 
     RunContext& run_;
     const EvaluatorTable& evaluators_;                  // by DirectiveId

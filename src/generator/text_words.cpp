@@ -20,8 +20,8 @@ void ModalNumber(CTextResolver& resolver, const CAtDirKeywords& keywords, const 
                  const OptionText& address, bool modal, std::string& last, std::string& out) {
     const double value = RoundScaled(word.value, word.factor, word.decimals);
     const CNumberText number(value, word.decimals, resolver.run().state.trim);
-    resolver.AppendWord(keywords.WantAddress(true) ? &address : nullptr, number.view(), keywords.WantModal(modal), last,
-                        out);
+    const LoggedWord logged{.kind = WordKind::kText, .text = number.view()};
+    resolver.AppendWord(keywords.WantAddress(true) ? &address : nullptr, logged, keywords.WantModal(modal), last, out);
 }
 
 double RotationValue(double radians, const CAtDirKeywords& keywords) {
@@ -44,6 +44,7 @@ void TextDataWord(CTextResolver& resolver, const CAtDirKeywords& keywords, std::
         resolver.AppendText(options.replace_to, to);
         text = ReplaceAll(text, from, to);
     }
+    resolver.Log({.kind = WordKind::kText, .text = text});
     if (keywords.WantAddress(true)) resolver.AppendText(options.data_address, out);
     out += text;
 }

@@ -71,7 +71,10 @@ CompiledTemplate CTextCompiler::CompileTemplate(std::string_view prefix) {
     compiled.trace_header = '<' + key + "tTmpl>";
     TemplateLines lines;
     tuning_.GetMulti(key + "tTmpl", lines);
-    for (const CTemplateLine& line : lines) compiled.lines.push_back(CompileLine(line.text));
+    for (const CTemplateLine& line : lines) {
+        compiled.lines.push_back(CompileLine(line.text));
+        compiled.lines.back().number = compiled.lines.size() - 1;
+    }
     compiled.terminate = tuning_.ReadBool(Key("bTerminiate"), prefix);
     compiled.clear_speed = tuning_.ReadBool(Key("bClearSpeed"), prefix);
     compiled.clear_abs_inc = tuning_.ReadBool(Key("bClearAbsInc"), prefix);

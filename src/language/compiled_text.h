@@ -56,6 +56,7 @@ struct OptionText {
 // A line of a template.
 struct CompiledLine {
     CCompiledText text;
+    size_t number = 0;           // within its template, from 0
     bool is_comment = false;     // begins with `!`: gives nothing at all
     bool is_empty = false;       // gives an empty block
     bool is_single = false;      // one character: gives a block even if that comes to nothing

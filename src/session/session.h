@@ -11,6 +11,7 @@
 #include "generator/buffer_mgr.h"
 #include "generator/debug_mgr.h"
 #include "generator/run_context.h"
+#include "generator/run_log.h"
 #include "generator/tool_path.h"
 #include "geometry/controller_state.h"
 #include "geometry/job_records.h"
@@ -55,7 +56,7 @@ struct JobResult {
 
 enum class WithPath { kNo, kYes };
 
-// Runs the tuning of the session over its geometry.
-JobResult RunJob(CSession& session, WithPath with_path = WithPath::kNo);
+// Runs the tuning of the session over its geometry. `log`, if it is not null, is told what is written.
+JobResult RunJob(CSession& session, WithPath with_path = WithPath::kNo, CRunLog* log = nullptr);
 
 }  // namespace brindle

@@ -1,0 +1,523 @@
+#include "verify/job_follower.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace brindle {
+namespace {
+
+constexpr size_t kMostReplayed = 200000;  // calls that are followed
+constexpr size_t kMostOpen = 1000;        // records that wait for their block
+
+bool IsCut(TemplateUse use) {
+    return use == TemplateUse::kLine || use == TemplateUse::kArc || use == TemplateUse::kText;
+}
+
+Cause CauseOf(DropReason reason) {
+    switch (reason) {
+        case DropReason::kToolOutOfRange: return Cause::kToolOutOfRange;
+        case DropReason::kNoTool: return Cause::kNoTool;
+        case DropReason::kTextInIncremental: return Cause::kTextInIncremental;
+        case DropReason::kTextNotSupported: return Cause::kTextNotSupported;
+        case DropReason::kEmptyCall: return Cause::kEmptyCall;
+        case DropReason::kUnknownProgram: return Cause::kUnknownProgram;
+        case DropReason::kCallsItself: return Cause::kCallsItself;
+        case DropReason::kCallsTooDeep: return Cause::kCallsTooDeep;
+        case DropReason::kTooManyCalls: return Cause::kTooManyCalls;
+    }
+    return Cause::kUnknown;
+}
+
+Rule RuleOf(NcFault fault) {
+    switch (fault) {
+        case NcFault::kNoMotionCode: return Rule::kNoMotionCode;
+        case NcFault::kRepeatedWord: return Rule::kRepeatedWord;
+        case NcFault::kNoCentre: return Rule::kNoArcCentre;
+        case NcFault::kHalfCentre: return Rule::kHalfCentre;
+        case NcFault::kRadiusTooSmall: return Rule::kRadiusTooSmall;
+        case NcFault::kCircleByRadius: return Rule::kCircleByRadius;
+        case NcFault::kZeroRadius: return Rule::kZeroRadiusArc;
+        case NcFault::kUnequalRadii: return Rule::kUnequalRadii;
+        case NcFault::kUnlikeRadii: return Rule::kUnlikeRadii;
+        case NcFault::kNoFeed: return Rule::kNoFeed;
+        case NcFault::kAssumedCentres: return Rule::kAssumedCentres;
+        case NcFault::kUnread: break;
+    }
+    return Rule::kUnreadText;
+}
+
+double SmallestOf(const std::vector<Curve>& curves, Point p) {
+    double smallest = HUGE_VAL;
+    for (const Curve& curve : curves) smallest = std::min(smallest, NearnessOf(curve, p).distance);
+    return smallest;
+}
+
+double StepInPlane(const RunContext& run) {
+    const CTrans plane = run.PlaneTransform();
+    const double factors[] = {plane.scale * plane.axis1_factor, plane.scale * plane.axis2_factor};
+    double step = 0.0;
+    for (int axis = 0; axis < 2; ++axis) {
+        const double factor = std::fabs(factors[axis]);
+        if (factor > 0.0) step = std::max(step, run.AxisUnit().step[axis] / factor);
+    }
+    return step;
+}
+
+}  // namespace
+
+CJobFollower::CJobFollower(RunContext& run, const CProgramTexts& texts, double tolerance)
+    : run_(run),
+      texts_(texts),
+      machine_(run, *this),
+      power_(run, machine_.ReadsText()),
+      tolerance_(tolerance),
+      step_(StepInPlane(run)) {}
+
+// ---- Records ----
+
+void CJobFollower::RecordStarts(int32_t program, int32_t index) {
+    if (open_.empty()) Settle();
+    records_.push_back({program, index});
+    has_facets_ = is_lined_ = left_out_repeat_ = left_out_step_ = no_code_ = wrote_cut_ = ran_cut_ = false;
+    const CNCData& record = *run_.geometry.GetRecord(program, index);
+    if (record.IsInclude()) return;
+    OpenElement element{CurveOf(record, placings_.back()), Here(), record.GetToolId(), 0.0, &record};
+    element.is_text = record.IsText();
+    element.tolerance = ToleranceOf(element.curve);
+    ++losses_.sums.drawn;
+    if (!element.is_text) losses_.sums.drawn_mm += element.curve.Length();
+    open_.push_back(element);
+}
+
+void CJobFollower::RecordEnds(bool words_pending) {
+    const bool is_element = !run_.geometry.GetRecord(records_.back().program, records_.back().index)->IsInclude();
+    const double sweep = is_element && !open_.empty() ? std::fabs(open_.back().curve.sweep) : 0.0;
+    const bool waits = (words_pending || machine_.HasUnfinishedLine()) && open_.size() < kMostOpen;
+    if (!waits) Settle();
+    records_.pop_back();
+    if (is_element) after_long_arc_ = sweep > kLongArcDegrees * kRadiansPerDegree;
+}
+
+void CJobFollower::RecordDropped(DropReason reason) {
+    const RecordPlace at = records_.back();
+    const CNCData& record = *run_.geometry.GetRecord(at.program, at.index);
+    if (!record.IsInclude()) {
+        if (!open_.empty()) open_.back().dropped = reason;
+        return;
+    }
+    LoseProgram(run_.geometry.FindProgram(record.GetIncludeName()), Rule::kNotCut, brindle::CauseOf(reason));
+}
+
+void CJobFollower::SegmentStarts() {
+    Settle();
+    machine_.FinishLine();
+}
+
+// ---- Calls ----
+
+PlaneTurn CJobFollower::PlacingOf(const CNCIncludeData& record) const {
+    const double angle = record.GetIncludeRotation();
+    const double sx = record.GetIncludeMirrorX() ? -1.0 : 1.0;
+    const double sy = record.GetIncludeMirrorY() ? -1.0 : 1.0;
+    const PlaneTurn own{sx * std::cos(angle), -sx * std::sin(angle), sy * std::sin(angle), sy * std::cos(angle), {}};
+    PlaneTurn placing = placings_.back().After(own);
+    placing.shift = placings_.back()(record.Start());
+    return placing;
+}
+
+void CJobFollower::ExpansionStarts(const CNCIncludeData& record) {
+    Settle();
+    calls_under_way_.push_back(Here());
+    placings_.push_back(PlacingOf(record));
+    ++expansions_;
+}
+
+void CJobFollower::ExpansionEnds() {
+    Settle();
+    placings_.pop_back();
+    calls_under_way_.pop_back();
+    --expansions_;
+}
+
+void CJobFollower::CallStarts(const CNCIncludeData& record, int32_t variant) {
+    Settle();
+    call_ = Call{&record, variant, Here()};
+}
+
+void CJobFollower::CallEnds() {
+    Settle();
+    if (call_ && !call_->is_carried_out) {
+        LoseProgram(run_.geometry.FindProgram(call_->record->GetIncludeName()), Rule::kNotCut, Cause::kNoCall);
+    }
+    call_.reset();
+}
+
+// What the machine turns by itself; the rest is in the coordinates of the sub-program's text.
+PlaneTurn CJobFollower::TurnOfCall() const {
+    const ProgramOptions& programs = run_.options.programs;
+    CTrans trans;
+    if (programs.rotations_in_use && call_->has_rotation) trans.rotation = call_->record->GetIncludeRotation();
+    if (programs.mirror_in_use && call_->has_mirror) {
+        trans.mirror_x = call_->record->GetIncludeMirrorX();
+        trans.mirror_y = call_->record->GetIncludeMirrorY();
+    }
+    const Point x = trans.Mirror(trans.Rotate({1.0, 0.0}));
+    const Point y = trans.Mirror(trans.Rotate({0.0, 1.0}));
+    return {x.x, y.x, x.y, y.y, {}};
+}
+
+void CJobFollower::CarryOutCall() {
+    machine_.FinishLine();
+    Settle();
+    Call call = *call_;
+    call_->is_carried_out = true;
+    if (call.origin_unread) {
+        LoseProgram(run_.geometry.FindProgram(call.record->GetIncludeName()), Rule::kUnreadText, Cause::kUnreadOrigin);
+        losses_.sums.is_whole = false;
+        return;
+    }
+    const bool is_active = std::find(variants_under_way_.begin(), variants_under_way_.end(), call.variant) !=
+                           variants_under_way_.end();
+    if (is_active || variants_under_way_.size() > kDeepestCall || ++replayed_ > kMostReplayed) {
+        losses_.sums.is_whole = false;
+        return;
+    }
+    const ProgramOptions& programs = run_.options.programs;
+    const bool around_origin = programs.subs_absolute && !run_.options.axes.start_end_on_block;
+    const PlaneTurn before = machine_.Turn(TurnOfCall(), around_origin);
+    calls_under_way_.push_back(call.place);
+    placings_.push_back(PlacingOf(*call.record));
+    variants_under_way_.push_back(call.variant);
+    call_.reset();
+    if (!texts_.ReplayProgram(call.variant, *this)) {
+        LoseProgram(run_.geometry.FindProgram(call.record->GetIncludeName()), Rule::kNotCut, Cause::kNoCall);
+    }
+    machine_.FinishLine();
+    Settle();
+    variants_under_way_.pop_back();
+    placings_.pop_back();
+    calls_under_way_.pop_back();
+    machine_.TurnBack(before);
+    calls_changed_tool_ = true;
+    call.is_carried_out = true;
+    call_ = call;
+}
+
+CJobFollower::ProgramSize CJobFollower::SizeOf(int32_t program) {
+    if (program < 0) return {};
+    const auto [at, is_new] = sizes_.try_emplace(program);
+    if (!is_new) return at->second;
+    ProgramSize size;
+    for (int32_t i = 0; i < run_.geometry.GetRecordCount(program); ++i) {
+        const CNCData& record = *run_.geometry.GetRecord(program, i);
+        if (record.IsInclude()) {
+            const ProgramSize inner = SizeOf(run_.geometry.FindProgram(record.GetIncludeName()));
+            size.records += inner.records;
+            size.length += inner.length;
+        } else {
+            ++size.records;
+            if (!record.IsText()) size.length += CurveOf(record, {}).Length();
+        }
+    }
+    return sizes_[program] = size;
+}
+
+void CJobFollower::LoseProgram(int32_t program, Rule rule, Cause cause) {
+    const ProgramSize size = SizeOf(program);
+    if (cause != Cause::kUnknownProgram && size.records == 0) return;
+    losses_.sums.drawn += size.records;
+    losses_.sums.drawn_mm += size.length;
+    Lose(rule, cause, 0, Here(), size.length, size.length);
+    if (InfoOf(rule).severity == Severity::kLoss) losses_.sums.lost += size.records;
+}
+
+// ---- Templates ----
+
+void CJobFollower::TemplateStarts(const CompiledTemplate& compiled, int32_t tool) {
+    if (compiled.number >= uses_.size()) {
+        uses_.resize(compiled.number + 1);
+        uses_known_.resize(compiled.number + 1);
+    }
+    if (!uses_known_[compiled.number]) {
+        uses_[compiled.number] = UseOf(compiled);
+        uses_known_[compiled.number] = true;
+    }
+    use_ = uses_[compiled.number];
+    compiled_ = &compiled;
+    template_tool_ = tool;
+    wrote_ = false;
+    words_.clear();
+    word_texts_.clear();
+    ran_cut_ |= IsCut(use_);
+    if (use_ == TemplateUse::kOriginSet) machine_.ForgetMovedOrigin();
+}
+
+void CJobFollower::TemplateLine(size_t, std::string_view text) { wrote_ = wrote_ || SaysSomething(text); }
+
+void CJobFollower::Word(const LoggedWord& word) {
+    if (word.fate == WordFate::kRepeat && word.kind == WordKind::kCentre) left_out_repeat_ = true;
+    if (word.fate == WordFate::kNoDistance && word.kind == WordKind::kAxis && word.text != "0") left_out_step_ = true;
+    if (word.fate == WordFate::kNothing && word.kind == WordKind::kInterpolation) no_code_ = true;
+    if (call_ && word.fate == WordFate::kWritten) {
+        call_->has_mirror |= word.kind == WordKind::kCallMirror;
+        call_->has_rotation |= word.kind == WordKind::kCallRotation;
+    }
+    if (machine_.ReadsText() && use_ != TemplateUse::kOriginSet) return;
+    words_.push_back(word);
+    words_.back().text = word_texts_.emplace_back(word.text);
+}
+
+void CJobFollower::TemplateEnds() {
+    if (!machine_.ReadsText()) TakeTemplateWords();
+    if (!wrote_) return;
+    wrote_cut_ |= IsCut(use_);
+    switch (use_) {
+        case TemplateUse::kText:
+            if (!open_.empty()) open_.back().is_written = true;
+            break;
+        case TemplateUse::kToolSelect: {
+            const bool was_on = power_.IsAnyOn() && !power_.ByTWords();
+            if (was_on) Lose(Rule::kPowerChange, Cause::kUnknown, template_tool_, Here(), 0.0, 0.0);
+            power_.Wrote(use_, *compiled_, template_tool_);
+            break;
+        }
+        case TemplateUse::kToolOn:
+        case TemplateUse::kToolOff: power_.Wrote(use_, *compiled_, template_tool_); break;
+        case TemplateUse::kOriginSet:
+            if (call_ && machine_.ReadsText() && !machine_.MovedOrigin()) call_->origin_unread = true;
+            break;
+        case TemplateUse::kCall:
+            if (call_) CarryOutCall();
+            break;
+        default: break;
+    }
+}
+
+void CJobFollower::TakeTemplateWords() {
+    const bool is_on = power_.IsAnyOn();
+    switch (use_) {
+        case TemplateUse::kMove:
+        case TemplateUse::kMoveToCall:
+            return machine_.TakeWords(words_, is_on ? MotionCode::kLinear : MotionCode::kRapid);
+        case TemplateUse::kText: return machine_.TakeWords(words_, MotionCode::kRapid);
+        case TemplateUse::kLine: return machine_.TakeWords(words_, MotionCode::kLinear);
+        case TemplateUse::kArc: {
+            const bool clockwise = !open_.empty() && open_.back().curve.sweep < 0.0;
+            return machine_.TakeWords(words_, clockwise ? MotionCode::kClockwise : MotionCode::kCounterClockwise);
+        }
+        case TemplateUse::kOriginSet:
+        case TemplateUse::kOriginReset: return machine_.SetOrigin(words_);
+        default: return;
+    }
+}
+
+void CJobFollower::Unresolved(std::string_view what) {
+    Lose(Rule::kUnresolvedValue, Cause::kUnknown, 0, Here(), 0.0, 0.0, what);
+}
+
+void CJobFollower::BlockWritten(std::string_view block, size_t) {
+    if (machine_.ReadsText()) machine_.TakeText(block);
+}
+
+// ---- What the machine does ----
+
+int32_t CJobFollower::CurrentTool() const {
+    if (records_.empty()) return template_tool_;
+    const CNCData& record = *run_.geometry.GetRecord(records_.back().program, records_.back().index);
+    return record.IsInclude() ? template_tool_ : record.GetToolId();
+}
+
+void CJobFollower::Moves(const Motion& motion) {
+    if (is_blind_ || !power_.IsAnyOn()) return;
+    Cut cut{CurveOf(motion), use_ == TemplateUse::kMove || use_ == TemplateUse::kMoveToCall, true, CurrentTool()};
+    if (motion.code == MotionCode::kRapid) {
+        const double length = cut.curve.Length();
+        if (length > ToleranceOf(cut.curve)) {
+            const Cause cause = power_.HasOff(cut.tool) ? Cause::kUnknown : Cause::kNoToolOff;
+            Lose(Rule::kRapidWhileOn, cause, cut.tool, Here(), length, length);
+        }
+        return;
+    }
+    cut.right_tool = power_.IsOn(cut.tool) && power_.Holds(cut.tool);
+    cuts_.push_back(cut);
+}
+
+void CJobFollower::Fails(NcFault fault, double amount, std::string_view text) {
+    if (is_blind_) return;
+    if (fault == NcFault::kUnread && use_ == TemplateUse::kCall) return;  // the call is carried out all the same
+    Lose(RuleOf(fault), Cause::kUnknown, CurrentTool(), Here(), amount, 0.0, text);
+    if (fault != NcFault::kUnread) return;
+    is_blind_ = true;
+    losses_.sums.is_whole = false;
+}
+
+void CJobFollower::SelectsTool(double t_word) {
+    power_.TakeTWord(t_word, template_tool_);
+    if (!power_.WritesM6() && power_.IsAnyOn()) {
+        Lose(Rule::kPowerChange, Cause::kUnknown, template_tool_, Here(), 0.0, 0.0);
+    }
+}
+
+void CJobFollower::ChangesTool() {
+    if (power_.IsAnyOn()) {
+        const Cause cause = power_.HasOff(template_tool_) ? Cause::kUnknown : Cause::kNoToolOff;
+        Lose(Rule::kChangedWhileOn, cause, template_tool_, Here(), 0.0, 0.0);
+    }
+    power_.ChangeTool();
+}
+
+void CJobFollower::Ends() {
+    if (power_.IsAnyOn() && !is_blind_) Lose(Rule::kEndWhileOn, Cause::kNoToolOff, 0, Here(), 0.0, 0.0);
+    power_.SwitchAllOff();
+}
+
+void CJobFollower::Finish() {
+    machine_.FinishLine();
+    Settle();
+    Ends();
+    if (!losses_.sums.is_whole) Lose(Rule::kNotJudged, Cause::kUnknown, 0, Here(), 0.0, 0.0);
+}
+
+// ---- Judgement ----
+
+double CJobFollower::ToleranceOf(const Curve& curve) const {
+    const bool is_long = curve.IsArc() && std::fabs(curve.sweep) > kLongArcDegrees * kRadiansPerDegree;
+    return tolerance_ + (is_long ? 3.0 * step_ + curve.inexact : 1.5 * step_);
+}
+
+// What facets may be off their arc.
+double CJobFollower::SagOf(const OpenElement& element) const {
+    double sag = 2.0 * std::max(0.001, run_.options.arcs.facet_tolerance);
+    const ToolData& tool = *run_.tools.Get(element.tool).physical;
+    if (tool.facets_small_arcs && tool.small_arc_angle && element.curve.radius <= tool.small_arc_radius + step_) {
+        const double angle = std::min(*tool.small_arc_angle * kRadiansPerDegree, std::fabs(element.curve.sweep) / 2.0);
+        sag = std::max(sag, element.curve.radius * (1.0 - std::cos(angle / 2.0)));
+    }
+    return sag;
+}
+
+void CJobFollower::Settle() {
+    if (open_.empty() && cuts_.empty()) return;
+    if (is_blind_) {
+        open_.clear();
+        cuts_.clear();
+        return;
+    }
+    std::vector<CCoverage> coverage;
+    for (const OpenElement& element : open_) coverage.emplace_back(element.curve);
+    std::vector<Curve> strays;
+    double stray_length = 0.0;
+    double stray_off = 0.0;
+    for (const Cut& cut : cuts_) {
+        losses_.sums.cut_mm += cut.curve.Length();
+        double off = HUGE_VAL;
+        bool is_drawn = false;
+        for (size_t i = 0; i < open_.size() && !is_drawn; ++i) {
+            const OpenElement& element = open_[i];
+            if (element.is_text) continue;
+            const bool is_facet = element.curve.IsArc() && !cut.curve.IsArc();
+            const double deviation = DeviationFrom(element.curve, cut.curve);
+            is_drawn = deviation <= element.tolerance + (is_facet ? SagOf(element) : 0.0);
+            off = std::min(off, deviation);
+            if (!is_drawn) continue;
+            coverage[i].Add(cut.curve);
+            if (!cut.right_tool && cut.curve.Length() > element.tolerance) {
+                const Cause cause = calls_changed_tool_ ? Cause::kCalleesTool : Cause::kNoSelection;
+                Lose(Rule::kOtherTool, cause, element.tool, element.place, 0.0, cut.curve.Length());
+            }
+        }
+        if (is_drawn) continue;
+        const double length = cut.curve.Length();
+        const double allowed = run_.tools.Get(cut.tool).physical->shortest_lift + ToleranceOf(cut.curve);
+        if (length <= ToleranceOf(cut.curve) || (cut.is_move && length <= allowed)) continue;
+        strays.push_back(cut.curve);
+        stray_length += length;
+        stray_off = std::max(stray_off, std::isfinite(off) ? off : length);
+    }
+    for (size_t i = 0; i < open_.size(); ++i) {
+        OpenElement& element = open_[i];
+        if (element.is_text) {
+            JudgeText(element);
+            continue;
+        }
+        const double length = element.curve.Length();
+        double off = 0.0;
+        const double allowed = element.tolerance + (has_facets_ ? SagOf(element) : 0.0);
+        if (!coverage[i].IsEmpty()) {
+            off = coverage[i].LargestGap();
+            const double twice = coverage[i].CutTwice(2.0 * allowed);
+            if (twice > 2.0 * allowed) Lose(Rule::kCutTwice, Cause::kUnknown, element.tool, element.place, 0.0, twice);
+        } else {
+            for (int k = 0; k <= 8; ++k) {
+                const Point p = element.curve.At(k / 8.0);
+                off = std::max(off, strays.empty() ? Distance(p, element.curve.start) : SmallestOf(strays, p));
+            }
+        }
+        if (off <= allowed) continue;
+        const bool elsewhere = !strays.empty();
+        const Rule rule = elsewhere ? Rule::kCutElsewhere : Rule::kNotCut;
+        if (elsewhere) off = std::max(off, stray_off);
+        Lose(rule, CauseOf(element, off), element.tool, element.place, elsewhere ? off : length, length);
+        ++losses_.sums.lost;
+        losses_.sums.lost_mm += length;
+        strays.clear();
+        stray_length = 0.0;
+    }
+    if (!strays.empty() && stray_length > 0.0) {
+        const Cause cause = open_.empty() ? Cause::kUnknown : CauseOf(open_.front(), stray_off);
+        Lose(Rule::kStrayCut, cause, CurrentTool(), open_.empty() ? Here() : open_.front().place, stray_off, stray_length);
+    }
+    open_.clear();
+    cuts_.clear();
+}
+
+void CJobFollower::JudgeText(const OpenElement& element) {
+    if (element.is_written && !element.dropped) return;
+    const Cause cause = element.dropped ? brindle::CauseOf(*element.dropped) : Cause::kNoTemplate;
+    Lose(Rule::kTextLost, cause, element.tool, element.place, 0.0, 0.0);
+    ++losses_.sums.lost;
+}
+
+Cause CJobFollower::CauseOf(const OpenElement& element, double off) const {
+    if (element.dropped) return brindle::CauseOf(*element.dropped);
+    if (!wrote_cut_ && ran_cut_) return Cause::kNoTemplate;
+    CToolPower& power = const_cast<CToolPower&>(power_);
+    if (!power.HasOn(element.tool)) return Cause::kNoToolOn;
+    if (!power.IsOn(element.tool)) return Cause::kMasterOff;
+    const ProgramOptions& programs = run_.options.programs;
+    const bool in_sub = !variants_under_way_.empty();
+    const bool absolute = in_sub ? programs.subs_absolute : programs.absolute;
+    if (no_code_) return Cause::kNoLineCode;
+    if (machine_.ReadsText() && machine_.IsAbsolute() != absolute) {
+        return in_sub ? Cause::kSubsMode : Cause::kNoModeCode;
+    }
+    const double word = std::fabs(element.record->GetRadius());
+    const bool by_radius = run_.options.arcs.by_radius;
+    if (element.record->IsArc() && std::fabs(word - element.curve.radius) > 0.01 * element.curve.radius &&
+        (by_radius || has_facets_ || std::fabs(element.curve.sweep) > kThreeQuarterTurn)) {
+        return Cause::kRadiusAsDirection;
+    }
+    if (expansions_ > 1) return Cause::kNestedExpansion;
+    if (element.record->IsArc() && left_out_repeat_) return Cause::kCentreRepeat;
+    if (!absolute && after_long_arc_) return Cause::kLongArc;
+    if (!absolute && left_out_step_) return Cause::kSmallSteps;
+    if (after_long_arc_ && element.curve.IsArc()) return Cause::kClosedAfterLong;
+    if (element.record->IsArc() && by_radius) return Cause::kRadiusWord;
+    if (element.curve.Length() < 20.0 * step_) return Cause::kFewDecimals;
+    if (off > 0.0 && !CanSaySomething(run_.move)) return Cause::kNoMove;
+    return Cause::kUnknown;
+}
+
+void CJobFollower::Lose(Rule rule, Cause cause, int32_t tool, const LossPlace& place, double amount, double length,
+                        std::string_view detail) {
+    losses_.Add(Loss(rule, cause, tool, detail), place, amount, length);
+}
+
+LossPlace CJobFollower::Here() const {
+    LossPlace place;
+    if (!records_.empty()) place.record = records_.back();
+    if (!calls_under_way_.empty()) place.call = calls_under_way_.back().record;
+    return place;
+}
+
+}  // namespace brindle

@@ -1,0 +1,411 @@
+#include "verify/machine.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "text/numbers.h"
+
+namespace brindle {
+namespace {
+
+// What an interpreter of the family takes and refuses, millimetres; measured with LinuxCNC 2.9.
+constexpr double kSmallestRadius = 0.00127;     // below it an arc has no radius; a radius may be too small by so much
+constexpr double kRefusedRadii = 0.028;         // difference of the radii of start and end
+constexpr double kUnlikeRadii = 0.005;          // the same, by GRBL's gcode.c
+constexpr double kRefusedRadiiShare = 0.001;    // both only above this share of the radius
+constexpr double kSamePoint = 1e-9;
+
+double Coordinate(const Point& p, int axis) { return axis == 0 ? p.x : p.y; }
+double& Coordinate(Point& p, int axis) { return axis == 0 ? p.x : p.y; }
+bool IsArc(MotionCode code) { return code == MotionCode::kClockwise || code == MotionCode::kCounterClockwise; }
+
+std::string GCodeText(double number) {
+    const auto tenths = static_cast<int>(std::lround(number * 10.0));
+    std::string text = "G" + std::to_string(tenths / 10);
+    return tenths % 10 == 0 ? text : text + "." + std::to_string(tenths % 10);
+}
+
+// The sweep from `a` to `b` around `center`, a full turn if they coincide.
+double SweepOf(Point a, Point b, Point center, bool clockwise) {
+    const double from = std::atan2(a.y - center.y, a.x - center.x);
+    const double to = std::atan2(b.y - center.y, b.x - center.x);
+    double sweep = clockwise ? from - to : to - from;
+    if (Distance(a, b) < kSamePoint) sweep = 0.0;
+    while (sweep <= 0.0) sweep += kFullTurn;
+    while (sweep > kFullTurn) sweep -= kFullTurn;
+    return clockwise ? -sweep : sweep;
+}
+
+}  // namespace
+
+CMachine::CMachine(const RunContext& run, CMachineUser& user) : run_(run), user_(user), reader_(run.options) {
+    const CTrans plane = run.PlaneTransform();
+    const double factors[] = {plane.scale * plane.axis1_factor, plane.scale * plane.axis2_factor};
+    const bool rotary[] = {run.options.axes.axis1_rotary, run.options.axes.axis2_rotary};
+    for (int axis = 0; axis < 2; ++axis) {
+        plane_per_unit_[axis] = factors[axis] == 0.0 ? 1.0 : 1.0 / factors[axis];
+        in_degrees_[axis] = rotary[axis] && run.options.axes.rotary_in_degrees;
+    }
+    mm_per_unit_ = run.controller.in_inches ? kMillimetresPerInch : 1.0;
+    if (!ReadsText()) absolute_ = run.options.programs.absolute;
+}
+
+// ---- Text ----
+
+void CMachine::TakeText(std::string_view text) {
+    for (const char c : text) {
+        if (c == '\n' || c == '\r') {
+            FinishLine();
+        } else {
+            line_text_.push_back(c);
+        }
+    }
+}
+
+void CMachine::FinishLine() {
+    if (line_text_.empty()) return;
+    std::string text;
+    text.swap(line_text_);
+    CarryOut(text);
+    text.clear();
+    text.swap(line_text_);  // keeps the memory
+}
+
+void CMachine::CarryOut(std::string_view text) {
+    reader_.Read(text, line_);
+    if (!line_.unread.empty()) user_.Fails(NcFault::kUnread, 0.0, line_.unread);
+    if (line_.words.empty()) return;
+    Block block;
+    if (!Sort(line_, block)) return;
+    if (block.is_repeated) user_.Fails(NcFault::kRepeatedWord, 0.0, text);
+    if (block.feed) has_feed_ = true;
+    if (block.tool) user_.SelectsTool(*block.tool);
+    if (block.changes_tool) user_.ChangesTool();
+    if (block.spindle) user_.SwitchesSpindle(*block.spindle);
+    if (block.angle && !block.dwells) {
+        // A turn without a movement in the plane is one on the spot.
+        angle_ = absolute_ || !angle_ ? *block.angle : *angle_ + *block.angle;
+    }
+    if (block.origin != Block::Origin::kNone) {
+        SetOrigin(block);
+    } else if (!block.dwells) {
+        Move(block);
+    }
+    if (block.ends) user_.Ends();
+}
+
+// False if the line can't be followed.
+bool CMachine::Sort(const NcLine& line, Block& block) {
+    const auto set = [&block](std::optional<double>& word, double value) {
+        block.is_repeated |= word.has_value();
+        word = value;
+    };
+    for (const NcWord& word : line.words) {
+        switch (word.address) {
+            case NcAddress::kAxis1: set(block.axis[0], word.value); break;
+            case NcAddress::kAxis2: set(block.axis[1], word.value); break;
+            case NcAddress::kCentre1: set(block.centre[0], word.value); break;
+            case NcAddress::kCentre2: set(block.centre[1], word.value); break;
+            case NcAddress::kRadius: set(block.radius, word.value); break;
+            case NcAddress::kSubtended: set(block.subtended, word.value); break;
+            case NcAddress::kToolAngle: set(block.angle, word.value); break;
+            case NcAddress::kFeed: block.feed = word.value; break;
+            case NcAddress::kOther:
+                if (word.letter == 'T') block.tool = word.value;
+                if (word.letter == 'L') block.l_word = word.value;
+                if (word.letter == 'M') TakeM(word.value, block);
+                if (word.letter == 'G' && !TakeG(word.value, block)) {
+                    user_.Fails(NcFault::kUnread, 0.0, GCodeText(word.value));
+                    return false;
+                }
+                break;
+        }
+    }
+    if (block.origin == Block::Origin::kG10 && block.l_word == 20.0) block.origin = Block::Origin::kG10L20;
+    return true;
+}
+
+// False for a code that changes movements in a way that is not followed.
+bool CMachine::TakeG(double number, Block& block) {
+    const auto move = [&block](MotionCode code) {
+        block.is_repeated |= block.motion.has_value();
+        block.motion = code;
+    };
+    switch (static_cast<int>(std::lround(number * 10.0))) {
+        case 0: move(MotionCode::kRapid); return true;
+        case 10: move(MotionCode::kLinear); return true;
+        case 20: move(MotionCode::kClockwise); return true;
+        case 30: move(MotionCode::kCounterClockwise); return true;
+        case 40: block.dwells = true; return true;
+        case 100: block.origin = Block::Origin::kG10; return true;
+        case 200: inches_ = true; return true;
+        case 210: inches_ = false; return true;
+        case 280:
+        case 300: block.goes_home = true; return true;
+        case 520: block.origin = Block::Origin::kG52; return true;
+        case 530: block.absolute_position = true; return true;
+        case 900: absolute_ = true; return true;
+        case 910: absolute_ = false; return true;
+        case 901: absolute_centres_ = true; return true;
+        case 911: absolute_centres_ = false; return true;
+        case 920: block.origin = Block::Origin::kG92; return true;
+        case 921: origin_ = {}; return true;
+        case 50: case 60: case 70: case 160: case 180: case 190: case 330: case 410: case 420: case 510:
+        case 680: case 730: case 810: case 820: case 830: case 840: case 850: case 860: case 870: case 880: case 890:
+            return false;
+        default: return true;  // planes, compensation off, work offsets, path modes: nothing of the way itself
+    }
+}
+
+void CMachine::TakeM(double number, Block& block) {
+    switch (static_cast<int>(std::lround(number))) {
+        case 2:
+        case 30: block.ends = true; break;
+        case 3:
+        case 4: block.spindle = true; break;
+        case 5: block.spindle = false; break;
+        case 6: block.changes_tool = true; break;
+        default: break;
+    }
+}
+
+double CMachine::UnitRatio(int axis) const {
+    if (!inches_ || in_degrees_[axis]) return 1.0;
+    return (*inches_ ? kMillimetresPerInch : 1.0) / mm_per_unit_;
+}
+
+void CMachine::SetOrigin(const Block& block) {
+    moved_origin_ = true;
+    for (int axis = 0; axis < 2; ++axis) {
+        if (!block.axis[static_cast<size_t>(axis)]) continue;
+        const double value = *block.axis[static_cast<size_t>(axis)] * UnitRatio(axis);
+        const bool from_position = block.origin == Block::Origin::kG92 || block.origin == Block::Origin::kG10L20;
+        Coordinate(origin_, axis) = from_position ? Coordinate(at_, axis) - value : value;
+    }
+}
+
+// ---- Movements ----
+
+Point CMachine::Target(const Block& block) const {
+    Point to = at_;
+    for (int axis = 0; axis < 2; ++axis) {
+        const std::optional<double>& word = block.axis[static_cast<size_t>(axis)];
+        if (!word) continue;
+        const double value = *word * UnitRatio(axis);
+        const double base = block.absolute_position ? 0.0 : absolute_ ? Coordinate(origin_, axis) : Coordinate(at_, axis);
+        Coordinate(to, axis) = base + value;
+    }
+    return to;
+}
+
+void CMachine::Move(const Block& block) {
+    const bool has_axis = block.axis[0] || block.axis[1];
+    const bool has_arc_words = block.centre[0] || block.centre[1] || block.radius || block.subtended;
+    if (block.motion) motion_ = block.motion;
+    if (block.goes_home) {
+        if (has_axis) Finish(Motion(MotionCode::kRapid), Target(block));
+        return Finish(Motion(MotionCode::kRapid), {});
+    }
+    const bool is_arc = motion_ && IsArc(*motion_);
+    if (!has_axis && !(is_arc && has_arc_words)) return;
+    if (!motion_) {
+        user_.Fails(NcFault::kNoMotionCode, 0.0, {});
+        motion_ = MotionCode::kLinear;
+    }
+    if (*motion_ != MotionCode::kRapid && !has_feed_) {
+        user_.Fails(NcFault::kNoFeed, 0.0, {});
+        has_feed_ = true;
+    }
+    const Point to = Target(block);
+    if (is_arc) return MoveOnArc(block, to);
+    Finish(Motion(*motion_), to);
+}
+
+void CMachine::MoveOnArc(const Block& block, Point to) {
+    Motion motion(*motion_);
+    const bool clockwise = *motion_ == MotionCode::kClockwise;
+    Point center;
+    if (!FindCentre(block, to, center)) {
+        motion.code = MotionCode::kLinear;
+        return Finish(motion, to);
+    }
+    const bool by_angle = block.subtended && !block.axis[0] && !block.axis[1];
+    if (by_angle) to = EndOfSweep(*block.subtended, center);
+    const Point start = Scaled(at_);
+    const Point end = Scaled(to);
+    const double from_radius = Distance(start, Scaled(center));
+    const double to_radius = Distance(end, Scaled(center));
+    const double radius = std::max(from_radius, to_radius);
+    const double unequal = std::fabs(from_radius - to_radius);
+    if (std::min(from_radius, to_radius) < kSmallestRadius) {
+        user_.Fails(NcFault::kZeroRadius, radius, {});
+    } else if (!block.radius && unequal > std::max(kRefusedRadii, kRefusedRadiiShare * radius)) {
+        user_.Fails(NcFault::kUnequalRadii, unequal, {});
+    } else if (!block.radius && unequal > std::max(kUnlikeRadii, kRefusedRadiiShare * radius)) {
+        user_.Fails(NcFault::kUnlikeRadii, unequal, {});
+    }
+    motion.center = center;
+    motion.sweep = SweepOf(start, end, Scaled(center), clockwise);
+    const bool is_circle = by_angle && std::fabs(*block.subtended) > 359.9;
+    if (is_circle) motion.sweep = clockwise ? -kFullTurn : kFullTurn;
+    Finish(motion, to);
+}
+
+bool CMachine::FindCentre(const Block& block, Point to, Point& center) {
+    if (block.radius) return CentreByRadius(*block.radius * UnitRatio(0), to, center);
+    if (!block.centre[0] && !block.centre[1]) {
+        user_.Fails(NcFault::kNoCentre, 0.0, {});
+        return false;
+    }
+    const ArcOptions& arcs = run_.options.arcs;
+    const bool wants_absolute = absolute_ && arcs.abs_is_absolute && !arcs.abs_from_start && !arcs.abs_from_end;
+    if (wants_absolute && !absolute_centres_) {
+        if (ReadsText()) user_.Fails(NcFault::kAssumedCentres, 0.0, {});
+        absolute_centres_ = true;
+    }
+    const bool absolute = absolute_centres_.value_or(false);
+    if (absolute && !(block.centre[0] && block.centre[1])) {
+        user_.Fails(NcFault::kHalfCentre, 0.0, {});
+        return false;
+    }
+    const bool from_end = !ReadsText() && (absolute_ ? !arcs.abs_from_start && arcs.abs_from_end
+                                                     : !arcs.inc_from_start && arcs.inc_from_end);
+    for (int axis = 0; axis < 2; ++axis) {
+        const double value = block.centre[static_cast<size_t>(axis)].value_or(0.0) * UnitRatio(axis);
+        Coordinate(center, axis) = Coordinate(absolute ? origin_ : from_end ? to : at_, axis) + value;
+    }
+    return true;
+}
+
+// The end of an arc that is given by its angle alone.
+Point CMachine::EndOfSweep(double subtended, Point center) const {
+    const ArcOptions& arcs = run_.options.arcs;
+    const double factor = arcs.subtended_factor == 0.0 ? 1.0 : arcs.subtended_factor;
+    const double turn = std::fabs(subtended) / factor * kRadiansPerDegree;
+    const double angle = *motion_ == MotionCode::kClockwise ? -turn : turn;
+    const Point from{at_.x - center.x, at_.y - center.y};
+    return {center.x + from.x * std::cos(angle) - from.y * std::sin(angle),
+            center.y + from.x * std::sin(angle) + from.y * std::cos(angle)};
+}
+
+// Of the two centres at that distance, a positive radius means the one of the shorter arc.
+bool CMachine::CentreByRadius(double radius, Point to, Point& center) {
+    const Point start = Scaled(at_);
+    const Point end = Scaled(to);
+    const double chord = Distance(start, end);
+    if (chord < kSamePoint) {
+        user_.Fails(NcFault::kCircleByRadius, 0.0, {});
+        return false;
+    }
+    const double plane_radius = std::fabs(radius * plane_per_unit_[run_.options.axes.LinearAxis()]);
+    const double half = chord / 2.0;
+    if (half - plane_radius > kSmallestRadius) user_.Fails(NcFault::kRadiusTooSmall, half - plane_radius, {});
+    const double height = std::sqrt(std::max(0.0, plane_radius * plane_radius - half * half));
+    const bool clockwise = *motion_ == MotionCode::kClockwise;
+    const double left = clockwise == (radius > 0.0) ? -height : height;
+    const Point along{(end.x - start.x) / chord, (end.y - start.y) / chord};
+    const Point found{(start.x + end.x) / 2.0 - along.y * left, (start.y + end.y) / 2.0 + along.x * left};
+    center = {found.x / plane_per_unit_[0], found.y / plane_per_unit_[1]};
+    return true;
+}
+
+void CMachine::Finish(Motion motion, Point to) {
+    motion.start = ToPlane(at_);
+    motion.end = ToPlane(to);
+    motion.center = ToPlane(motion.center);
+    if (turn_.Mirrors()) motion.sweep = -motion.sweep;
+    motion.angle_before = motion.angle_after = angle_;
+    at_ = to;
+    user_.Moves(motion);
+}
+
+Point CMachine::Scaled(Point p) const { return {p.x * plane_per_unit_[0], p.y * plane_per_unit_[1]}; }
+
+Point CMachine::ToPlane(Point p) const { return turn_(Scaled(p)); }
+
+PlaneTurn CMachine::Turn(const PlaneTurn& turn, bool around_origin) {
+    const PlaneTurn before = turn_;
+    const Point pivot = around_origin ? origin_ : at_;
+    const Point in_text = Scaled(pivot);
+    const Point fixed = before(in_text);
+    turn_ = before.After(turn);
+    const Point turned = turn_(in_text);
+    turn_.shift = {fixed.x - turned.x, fixed.y - turned.y};
+    return before;
+}
+
+void CMachine::TurnBack(const PlaneTurn& before) {
+    const Point in_text = before.Back(Position());
+    turn_ = before;
+    at_ = {in_text.x / plane_per_unit_[0], in_text.y / plane_per_unit_[1]};
+}
+
+// ---- Words of templates ----
+
+// A word that is left out as a repeat still holds.
+void CMachine::TakeWords(const std::vector<LoggedWord>& words, MotionCode motion) {
+    Block block;
+    Block start;
+    bool has_code = false;
+    for (const LoggedWord& word : words) {
+        const auto axis = static_cast<size_t>(word.axis);
+        const bool is_written = word.fate == WordFate::kWritten;
+        const double value = LeadingDouble(word.text);
+        switch (word.kind) {
+            case WordKind::kInterpolation:
+                has_code |= word.fate != WordFate::kNothing;
+                if (is_written) block.motion = word.motion;
+                break;
+            case WordKind::kDistanceMode:
+                if (is_written) absolute_ = word.absolute;
+                break;
+            case WordKind::kAxis:
+                if (is_written) (word.at_start ? start : block).axis[axis] = value;
+                break;
+            case WordKind::kCentre:
+                if (word.fate != WordFate::kRepeat) last_centre_[axis] = is_written ? value : 0.0;
+                block.centre[axis] = last_centre_[axis];
+                break;
+            case WordKind::kRadius:
+                if (is_written) last_radius_ = value;
+                block.radius = last_radius_;
+                break;
+            case WordKind::kSubtended:
+                if (is_written) last_subtended_ = value;
+                block.subtended = last_subtended_;
+                break;
+            case WordKind::kToolAngle:
+                if (is_written) angle_ = word.absolute || !angle_ ? value : *angle_ + value;
+                break;
+            case WordKind::kSpeed:
+            case WordKind::kUnits:
+            case WordKind::kText:
+            case WordKind::kCallMirror:
+            case WordKind::kCallRotation: break;
+        }
+    }
+    has_feed_ = true;
+    if (start.axis[0] || start.axis[1]) {
+        if (block.axis[0] || block.axis[1]) {
+            at_ = Target(start);
+        } else {
+            block.axis = start.axis;
+        }
+    }
+    if (!has_code) block.motion = motion;
+    if (block.subtended && IsArc(motion)) {
+        const bool clockwise = (*block.subtended > 0.0) == run_.options.arcs.subtended_positive_cw;
+        block.motion = clockwise ? MotionCode::kClockwise : MotionCode::kCounterClockwise;
+    }
+    Move(block);
+}
+
+void CMachine::SetOrigin(const std::vector<LoggedWord>& words) {
+    Block block;
+    for (const LoggedWord& word : words) {
+        if (word.kind == WordKind::kAxis) block.axis[word.axis] = LeadingDouble(word.text);
+    }
+    if (block.axis[0] || block.axis[1]) SetOrigin(block);
+}
+
+}  // namespace brindle

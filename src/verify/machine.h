@@ -1,0 +1,162 @@
+// A small machine that follows NC text: where it goes, and in which way.
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "generator/run_context.h"
+#include "generator/run_log.h"
+#include "verify/nc_line.h"
+
+namespace brindle {
+
+// A movement in the plane of the drawing: millimetres, axis factors and output unit taken out.
+struct Motion {
+    explicit Motion(MotionCode how) : code(how) {}
+
+    MotionCode code;
+    Point start, end;
+    Point center;        // of an arc
+    double sweep = 0.0;  // of an arc, radians, positive counter-clockwise; a full turn for a circle
+    std::optional<double> angle_before, angle_after;  // of the tool, as its words count; none before the first
+};
+
+// What a machine can't do as it is told, or does otherwise than a reader of the text would think.
+enum class NcFault : uint8_t {
+    kNoMotionCode,    // a position without a code that says how to get there
+    kRepeatedWord,    // a word twice in a line, or two codes of a group
+    kNoCentre,        // an arc without centre and radius
+    kHalfCentre,      // one absolute centre word is missing
+    kRadiusTooSmall,  // a radius word that does not reach the end
+    kCircleByRadius,  // a full circle by a radius word
+    kZeroRadius,
+    kUnequalRadii,    // of start and end: refused
+    kUnlikeRadii,     // the same, less: refused by some
+    kNoFeed,          // a cut before any feed word
+    kAssumedCentres,  // absolute centres without a code for them
+    kUnread,          // literal text that can't be read
+};
+
+// Who is told what the machine does.
+class CMachineUser {
+public:
+    virtual ~CMachineUser() = default;
+    virtual void Moves(const Motion& motion) = 0;
+    // `amount` in millimetres where the fault has one.
+    virtual void Fails(NcFault fault, double amount, std::string_view text) = 0;
+    virtual void SelectsTool(double t_word) = 0;   // a T word
+    virtual void ChangesTool() = 0;                // M6
+    virtual void SwitchesSpindle(bool on) = 0;     // M3, M4, M5
+    virtual void Ends() = 0;                       // M2, M30
+};
+
+// How calls turn, mirror and shift what the machine does in them.
+struct PlaneTurn {
+    double xx = 1.0, xy = 0.0, yx = 0.0, yy = 1.0;
+    Point shift;
+
+    Point operator()(Point p) const { return {xx * p.x + xy * p.y + shift.x, yx * p.x + yy * p.y + shift.y}; }
+    // The other way: turns and mirrors keep lengths.
+    Point Back(Point p) const {
+        const Point q{p.x - shift.x, p.y - shift.y};
+        return {xx * q.x + yx * q.y, xy * q.x + yy * q.y};
+    }
+    // `inner` and then this, without a shift.
+    PlaneTurn After(const PlaneTurn& inner) const {
+        return {xx * inner.xx + xy * inner.yx, xx * inner.xy + xy * inner.yy, yx * inner.xx + yy * inner.yx,
+                yx * inner.xy + yy * inner.yy, {}};
+    }
+    bool Mirrors() const { return xx * yy - xy * yx < 0.0; }
+};
+
+// Reads text where the tuning's axes have letters, otherwise the words that templates log.
+class CMachine {
+public:
+    CMachine(const RunContext& run, CMachineUser& user);
+
+    bool ReadsText() const { return reader_.CanRead(); }
+    // Takes NC text; each line that is complete is carried out.
+    void TakeText(std::string_view text);
+    // Carries out what has come of a line without an end.
+    void FinishLine();
+    bool HasUnfinishedLine() const { return !line_text_.empty(); }
+    // Carries out the words of a template, where no text is read. `motion` is what the template means where none of
+    // them says it.
+    void TakeWords(const std::vector<LoggedWord>& words, MotionCode motion);
+    // Makes a point the origin, where no text is read.
+    void SetOrigin(const std::vector<LoggedWord>& words);
+
+    Point Position() const { return ToPlane(at_); }
+    // From here on all movements are turned, in the coordinates of the text, around where the machine is or around
+    // the origin.
+    PlaneTurn Turn(const PlaneTurn& turn, bool around_origin);
+    // Turns back to what Turn gave. The machine stays where it is.
+    void TurnBack(const PlaneTurn& before);
+    bool HasMotionCode() const { return motion_.has_value(); }
+    bool IsAbsolute() const { return absolute_; }
+    // Whether the last line that was carried out moved the origin.
+    bool MovedOrigin() const { return moved_origin_; }
+    void ForgetMovedOrigin() { moved_origin_ = false; }
+
+private:
+    // A line sorted by what its words do.
+    struct Block {
+        std::array<std::optional<double>, 2> axis, centre;
+        std::optional<double> radius, subtended, angle, feed, tool;
+        std::optional<MotionCode> motion;
+        enum class Origin { kNone, kG10, kG10L20, kG52, kG92 } origin = Origin::kNone;
+        bool absolute_position = false;  // G53
+        bool dwells = false, goes_home = false;
+        double l_word = 2.0;
+        bool is_repeated = false;
+        bool changes_tool = false, ends = false;
+        std::optional<bool> spindle;
+    };
+
+    void CarryOut(std::string_view text);
+    bool Sort(const NcLine& line, Block& block);
+    bool TakeG(double number, Block& block);
+    void TakeM(double number, Block& block);
+    void SetOrigin(const Block& block);
+    void Move(const Block& block);
+    void MoveOnArc(const Block& block, Point to);
+    bool FindCentre(const Block& block, Point to, Point& center);
+    Point EndOfSweep(double subtended, Point center) const;
+    bool CentreByRadius(double radius, Point to, Point& center);
+    void Finish(Motion motion, Point to);
+    double UnitRatio(int axis) const;
+    Point Target(const Block& block) const;
+    Point Scaled(Point p) const;
+    Point ToPlane(Point p) const;
+
+    const RunContext& run_;
+    CMachineUser& user_;
+    CNcLineReader reader_;
+    NcLine line_;
+    std::string line_text_;
+    double plane_per_unit_[2];  // millimetres of the drawing
+    double mm_per_unit_;        // of the machine, of output units
+    bool in_degrees_[2];
+
+    // Modes.
+    std::optional<MotionCode> motion_;
+    bool absolute_ = true;
+    std::optional<bool> absolute_centres_;
+    std::optional<bool> inches_;
+    bool has_feed_ = false;
+
+    Point at_;      // in output units, the origin's shift included
+    Point origin_;  // output units
+    std::optional<double> angle_;
+    PlaneTurn turn_;
+    bool moved_origin_ = false;
+    // Of words.
+    std::array<double, 2> last_centre_ = {};
+    double last_radius_ = 0.0;
+    double last_subtended_ = 0.0;
+};
+
+}  // namespace brindle

@@ -1,0 +1,138 @@
+#include "verify/nc_line.h"
+
+#include <algorithm>
+#include <charconv>
+
+#include "generator/buffer_mgr.h"
+#include "text/ascii.h"
+
+namespace brindle {
+namespace {
+
+bool IsLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
+bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+
+// `text` in upper case without comments, and without dwells, which the host cuts out.
+std::string WithoutComments(std::string_view text) {
+    std::string plain;
+    bool in_comment = false;
+    for (size_t i = 0; i < text.size(); ++i) {
+        const char c = text[i];
+        if (in_comment) {
+            in_comment = c != ')';
+        } else if (c == '(') {
+            in_comment = true;
+        } else if (c == ';') {
+            break;
+        } else {
+            plain.push_back(c);
+        }
+    }
+    plain = UpperCase(plain);
+    for (size_t at; (at = plain.find(kDwellMarker)) != std::string::npos;) {
+        size_t last = at + kDwellMarker.size();
+        if (last < plain.size() && plain[last] == '[') last = std::min(plain.find(']', last), plain.size() - 1) + 1;
+        plain.erase(at, last - at);
+    }
+    return plain;
+}
+
+// Takes a number off the front of `text`.
+std::optional<double> TakeNumber(std::string_view& text) {
+    size_t at = 0;
+    while (at < text.size() && IsBlank(text[at])) ++at;
+    const bool plus = at < text.size() && text[at] == '+';
+    size_t last = plus ? at + 1 : at;
+    if (last < text.size() && text[last] == '-') ++last;
+    while (last < text.size() && ((text[last] >= '0' && text[last] <= '9') || text[last] == '.')) ++last;
+    double value = 0.0;
+    const char* const first = text.data() + at + (plus ? 1 : 0);
+    const auto [end, error] = std::from_chars(first, text.data() + last, value, std::chars_format::fixed);
+    if (error != std::errc() || end != text.data() + last) return std::nullopt;
+    text.remove_prefix(last);
+    return value;
+}
+
+std::string_view PieceAt(std::string_view text) {
+    size_t last = 0;
+    while (last < text.size() && !IsBlank(text[last])) ++last;
+    return text.substr(0, last);
+}
+
+}  // namespace
+
+CNcLineReader::CNcLineReader(const RunOptions& options) {
+    for (int axis = 0; axis < 2; ++axis) {
+        Add(options.axes.address[axis], axis == 0 ? NcAddress::kAxis1 : NcAddress::kAxis2);
+    }
+    can_read_ = !options.axes.start_end_on_block && addresses_.size() == 2 && addresses_[0].text != addresses_[1].text;
+    Add(options.arcs.center_address[0], NcAddress::kCentre1);
+    Add(options.arcs.center_address[1], NcAddress::kCentre2);
+    Add(options.arcs.radius_address, NcAddress::kRadius);
+    if (options.arcs.by_subtended) Add(options.arcs.subtended_address, NcAddress::kSubtended);
+    Add(options.rotation.address, NcAddress::kToolAngle);
+    Add(options.speed.address[0], NcAddress::kFeed);
+    const auto has = [this](NcAddress wanted) {
+        return std::any_of(addresses_.begin(), addresses_.end(), [=](const Address& a) { return a.address == wanted; });
+    };
+    if (!has(NcAddress::kCentre1)) addresses_.push_back({"I", NcAddress::kCentre1});
+    if (!has(NcAddress::kCentre2)) addresses_.push_back({"J", NcAddress::kCentre2});
+    if (!has(NcAddress::kRadius)) addresses_.push_back({"R", NcAddress::kRadius});
+    if (!has(NcAddress::kFeed)) addresses_.push_back({"F", NcAddress::kFeed});
+    std::stable_sort(addresses_.begin(), addresses_.end(),
+                     [](const Address& a, const Address& b) { return a.text.size() > b.text.size(); });
+}
+
+// The last piece of an option is the address: `G0 C` turns with a code of its own.
+void CNcLineReader::Add(const OptionText& option, NcAddress address) {
+    if (option.empty || !option.text.is_constant()) return;
+    std::string text = UpperCase(option.text.constant());
+    while (!text.empty() && IsBlank(text.back())) text.pop_back();
+    const size_t blank = text.find_last_of(" \t");
+    if (blank != std::string::npos) text.erase(0, blank + 1);
+    if (!text.empty() && IsLetter(text[0])) addresses_.push_back({text, address});
+}
+
+const CNcLineReader::Address* CNcLineReader::AddressAt(std::string_view text) const {
+    const auto found = std::find_if(addresses_.begin(), addresses_.end(),
+                                    [text](const Address& address) { return text.starts_with(address.text); });
+    return found == addresses_.end() ? nullptr : &*found;
+}
+
+void CNcLineReader::Read(std::string_view text, NcLine& line) const {
+    line.words.clear();
+    line.unread.clear();
+    line.has_text = false;
+    const std::string plain = WithoutComments(text);
+    std::string_view rest = plain;
+    bool is_first = true;
+    while (!rest.empty()) {
+        if (IsBlank(rest[0]) || rest[0] == '/') {
+            rest.remove_prefix(1);
+            continue;
+        }
+        const Address* const known = AddressAt(rest);
+        const bool is_label = is_first && known == nullptr && (rest[0] == '%' || rest[0] == 'O' || rest[0] == ':');
+        if (is_label) {
+            line.has_text = rest[0] != '%';
+            return;
+        }
+        std::string_view after = rest.substr(known != nullptr ? known->text.size() : 1);
+        const std::optional<double> value =
+            known != nullptr || IsLetter(rest[0]) ? TakeNumber(after) : std::nullopt;
+        if (!value) {
+            line.has_text = true;
+            line.unread = PieceAt(rest);
+            return;
+        }
+        const bool is_number = known == nullptr && rest[0] == 'N';
+        if (!is_number) {
+            line.words.push_back({known != nullptr ? known->address : NcAddress::kOther, rest[0], *value});
+            line.has_text = true;
+        }
+        is_first = false;
+        rest = after;
+    }
+}
+
+}  // namespace brindle

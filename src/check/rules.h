@@ -59,7 +59,7 @@ enum class Rule : uint8_t {
     kNotCut, kCutElsewhere, kStrayCut, kCutTwice, kOtherTool, kTextLost, kRapidWhileOn, kChangedWhileOn, kPowerChange,
     kEndWhileOn, kUnresolvedValue, kToolDirection, kTurnInMaterial, kNoMotionCode, kRepeatedWord, kNoArcCentre,
     kHalfCentre, kRadiusTooSmall, kCircleByRadius, kZeroRadiusArc, kUnequalRadii, kUnlikeRadii, kNoFeed,
-    kAssumedCentres, kUnreadText, kNotJudged,
+    kAssumedCentres, kNoSubStart, kUnknownLabel, kUnreadText, kNotJudged,
 };
 
 struct RuleInfo {
@@ -236,6 +236,8 @@ inline constexpr RuleInfo kRules[] = {
     {kUnlikeRadii, "unlike-radii", kWarning, G::kNcText, "The same, by so little that some controllers take it."},
     {kNoFeed, "no-feed", kWarning, G::kNcText, "A cut comes before any feed word."},
     {kAssumedCentres, "assumed-centres", kLoss, G::kNcText, "Absolute centres are written without the code for them."},
+    {kNoSubStart, "no-sub-start", kLoss, G::kNcText, "A sub-program ends that nothing began."},
+    {kUnknownLabel, "unknown-label", kLoss, G::kNcText, "A sub-program is called that no text begins."},
     {kUnreadText, "unread-text", kInfo, G::kNcText, "Literal text can't be read."},
     {kNotJudged, "not-judged", kWarning, G::kNcText, "A job is not judged whole."},
 };

@@ -93,19 +93,19 @@ void CCoverage::Add(const Curve& cut) {
     const double first = NearnessOf(*curve_, cut.start).along;
     const double last = NearnessOf(*curve_, cut.end).along;
     if (!curve_->IsArc()) return AddSpan(first, last);
-    double travel = last - first;
+    const double whole = kFullTurn * curve_->radius;
+    double likely = 0.0;  // of a facet, which goes the short way
     if (cut.IsArc()) {
         const bool same_sense = (cut.sweep > 0.0) == (curve_->sweep > 0.0);
-        travel = std::fabs(cut.sweep) * (same_sense ? curve_->radius : -curve_->radius);
-    } else if (curve_->IsCircle()) {  // a facet goes the short way
-        travel = std::remainder(travel, length_);
+        likely = std::fabs(cut.sweep) * (same_sense ? curve_->radius : -curve_->radius);
     }
-    if (!curve_->IsCircle()) return AddSpan(first, std::clamp(first + travel, 0.0, length_));
-    double from = std::min(first, first + travel);
-    if (from < 0.0) from += length_;
-    const double to = from + std::min(std::fabs(travel), length_);
-    AddSpan(from, std::min(to, length_));
-    if (to > length_) AddSpan(0.0, to - length_);
+    const double travel = likely + std::remainder(last - first - likely, whole);
+    const double from = std::min(first, first + travel);
+    const double to = std::max(first, first + travel);
+    for (const double shift : {0.0, -whole, whole}) {
+        if (to + shift < 0.0 || from + shift > length_) continue;
+        AddSpan(std::max(from + shift, 0.0), std::min(to + shift, length_));
+    }
 }
 
 void CCoverage::AddSpan(double first, double last) {

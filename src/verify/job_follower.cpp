@@ -7,6 +7,7 @@ namespace brindle {
 namespace {
 
 constexpr size_t kMostReplayed = 200000;  // calls that are followed
+constexpr double kNoLength = 1e-9;        // millimetres
 constexpr size_t kMostOpen = 1000;        // records that wait for their block
 
 bool IsCut(TemplateUse use) {
@@ -41,6 +42,8 @@ Rule RuleOf(NcFault fault) {
         case NcFault::kUnlikeRadii: return Rule::kUnlikeRadii;
         case NcFault::kNoFeed: return Rule::kNoFeed;
         case NcFault::kAssumedCentres: return Rule::kAssumedCentres;
+        case NcFault::kNoSubStart: return Rule::kNoSubStart;
+        case NcFault::kUnknownLabel: return Rule::kUnknownLabel;
         case NcFault::kUnread: break;
     }
     return Rule::kUnreadText;
@@ -338,6 +341,7 @@ void CJobFollower::Moves(const Motion& motion) {
         }
         return;
     }
+    if (cut.curve.Length() < kNoLength) return;
     cut.right_tool = power_.IsOn(cut.tool) && power_.Holds(cut.tool);
     cuts_.push_back(cut);
 }
@@ -374,6 +378,8 @@ void CJobFollower::Ends() {
 void CJobFollower::Finish() {
     machine_.FinishLine();
     Settle();
+    JudgeLeftOut(nullptr);
+    for (const std::string& label : machine_.UnknownLabels()) Fails(NcFault::kUnknownLabel, 0.0, label);
     Ends();
     if (!losses_.sums.is_whole) Lose(Rule::kNotJudged, Cause::kUnknown, 0, Here(), 0.0, 0.0);
 }
@@ -408,6 +414,7 @@ void CJobFollower::Settle() {
     std::vector<Curve> strays;
     double stray_length = 0.0;
     double stray_off = 0.0;
+    if (!cuts_.empty()) JudgeLeftOut(&cuts_.front());
     for (const Cut& cut : cuts_) {
         losses_.sums.cut_mm += cut.curve.Length();
         double off = HUGE_VAL;
@@ -453,7 +460,10 @@ void CJobFollower::Settle() {
                 off = std::max(off, strays.empty() ? Distance(p, element.curve.start) : SmallestOf(strays, p));
             }
         }
-        if (off <= allowed) continue;
+        if (off <= allowed) {
+            if (coverage[i].IsEmpty() && strays.empty() && length > kNoLength) LeaveOut(element);
+            continue;
+        }
         const bool elsewhere = !strays.empty();
         const Rule rule = elsewhere ? Rule::kCutElsewhere : Rule::kNotCut;
         if (elsewhere) off = std::max(off, stray_off);
@@ -467,8 +477,28 @@ void CJobFollower::Settle() {
         const Cause cause = open_.empty() ? Cause::kUnknown : CauseOf(open_.front(), stray_off);
         Lose(Rule::kStrayCut, cause, CurrentTool(), open_.empty() ? Here() : open_.front().place, stray_off, stray_length);
     }
+    if (!cuts_.empty()) last_cut_ = cuts_.back();
     open_.clear();
     cuts_.clear();
+}
+
+// Too short to be missed where it meets another cut of its tool.
+void CJobFollower::LeaveOut(const OpenElement& element) {
+    const bool meets = last_cut_ && last_cut_->tool == element.tool &&
+                       Distance(last_cut_->curve.end, element.curve.start) <= 2.0 * element.tolerance;
+    if (!meets) left_out_.push_back(element);
+}
+
+void CJobFollower::JudgeLeftOut(const Cut* next) {
+    for (const OpenElement& element : left_out_) {
+        const bool meets = next != nullptr && next->tool == element.tool &&
+                           Distance(next->curve.start, element.curve.end) <= 2.0 * element.tolerance;
+        if (meets) continue;
+        Lose(Rule::kNotCut, Cause::kFewDecimals, element.tool, element.place, element.curve.Length(),
+             element.curve.Length());
+        ++losses_.sums.lost;
+    }
+    left_out_.clear();
 }
 
 void CJobFollower::JudgeText(const OpenElement& element) {

@@ -101,8 +101,8 @@ private:
 
     // Judges all that is open.
     void Settle();
-    void JudgeCut(const Cut& cut);
-    void JudgeElement(OpenElement& element);
+    void LeaveOut(const OpenElement& element);
+    void JudgeLeftOut(const Cut* next);
     void JudgeText(const OpenElement& element);
     double ToleranceOf(const Curve& curve) const;
     double SagOf(const OpenElement& element) const;
@@ -130,6 +130,8 @@ private:
 
     std::vector<OpenElement> open_;
     std::vector<Cut> cuts_;
+    std::optional<Cut> last_cut_;         // before them
+    std::vector<OpenElement> left_out_;   // too short to be missed, if the next cut meets them
 
     // Of the present record.
     bool has_facets_ = false, is_lined_ = false;

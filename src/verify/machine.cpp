@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 #include "text/numbers.h"
 
@@ -74,6 +75,7 @@ void CMachine::FinishLine() {
 void CMachine::CarryOut(std::string_view text) {
     reader_.Read(text, line_);
     if (!line_.unread.empty()) user_.Fails(NcFault::kUnread, 0.0, line_.unread);
+    if (!line_.label.empty()) TakeLabel(line_.label);
     if (line_.words.empty()) return;
     Block block;
     if (!Sort(line_, block)) return;
@@ -92,6 +94,30 @@ void CMachine::CarryOut(std::string_view text) {
         Move(block);
     }
     if (block.ends) user_.Ends();
+}
+
+// `100 SUB`, `100 ENDSUB` and `100 CALL` as LinuxCNC has them.
+void CMachine::TakeLabel(std::string_view label) {
+    const size_t blank = label.find(' ');
+    if (blank == std::string_view::npos) return;
+    const std::string name(label.substr(0, blank));
+    const std::string_view word = label.substr(std::min(label.find_first_not_of(' ', blank), label.size()));
+    if (word.starts_with("SUB")) {
+        open_subs_.push_back(name);
+        begun_subs_.insert(name);
+    } else if (word.starts_with("ENDSUB")) {
+        if (open_subs_.empty() || open_subs_.back() != name) return user_.Fails(NcFault::kNoSubStart, 0.0, name);
+        open_subs_.pop_back();
+    } else if (word.starts_with("CALL")) {
+        called_.insert(name);
+    }
+}
+
+std::vector<std::string> CMachine::UnknownLabels() const {
+    std::vector<std::string> unknown;
+    std::set_difference(called_.begin(), called_.end(), begun_subs_.begin(), begun_subs_.end(),
+                        std::back_inserter(unknown));
+    return unknown;
 }
 
 // False if the line can't be followed.

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -37,6 +38,8 @@ enum class NcFault : uint8_t {
     kUnlikeRadii,     // the same, less: refused by some
     kNoFeed,          // a cut before any feed word
     kAssumedCentres,  // absolute centres without a code for them
+    kNoSubStart,      // the end of a sub-program that nothing began
+    kUnknownLabel,    // a call of a sub-program that no text begins
     kUnread,          // literal text that can't be read
 };
 
@@ -95,6 +98,8 @@ public:
     PlaneTurn Turn(const PlaneTurn& turn, bool around_origin);
     // Turns back to what Turn gave. The machine stays where it is.
     void TurnBack(const PlaneTurn& before);
+    // Labels that are called and begun nowhere so far.
+    std::vector<std::string> UnknownLabels() const;
     bool HasMotionCode() const { return motion_.has_value(); }
     bool IsAbsolute() const { return absolute_; }
     // Whether the last line that was carried out moved the origin.
@@ -117,6 +122,7 @@ private:
     };
 
     void CarryOut(std::string_view text);
+    void TakeLabel(std::string_view label);
     bool Sort(const NcLine& line, Block& block);
     bool TakeG(double number, Block& block);
     void TakeM(double number, Block& block);
@@ -140,6 +146,9 @@ private:
     double plane_per_unit_[2];  // millimetres of the drawing
     double mm_per_unit_;        // of the machine, of output units
     bool in_degrees_[2];
+
+    std::vector<std::string> open_subs_;         // labels, the innermost last
+    std::set<std::string> begun_subs_, called_;  // labels
 
     // Modes.
     std::optional<MotionCode> motion_;

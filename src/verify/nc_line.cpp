@@ -102,7 +102,7 @@ const CNcLineReader::Address* CNcLineReader::AddressAt(std::string_view text) co
 void CNcLineReader::Read(std::string_view text, NcLine& line) const {
     line.words.clear();
     line.unread.clear();
-    line.has_text = false;
+    line.label.clear();
     const std::string plain = WithoutComments(text);
     std::string_view rest = plain;
     bool is_first = true;
@@ -114,23 +114,21 @@ void CNcLineReader::Read(std::string_view text, NcLine& line) const {
         const Address* const known = AddressAt(rest);
         const bool is_label = is_first && known == nullptr && (rest[0] == '%' || rest[0] == 'O' || rest[0] == ':');
         if (is_label) {
-            line.has_text = rest[0] != '%';
+            if (rest[0] != '%') line.label = rest.substr(1);
             return;
         }
         std::string_view after = rest.substr(known != nullptr ? known->text.size() : 1);
         const std::optional<double> value =
             known != nullptr || IsLetter(rest[0]) ? TakeNumber(after) : std::nullopt;
         if (!value) {
-            line.has_text = true;
             line.unread = PieceAt(rest);
             return;
         }
         const bool is_number = known == nullptr && rest[0] == 'N';
         if (!is_number) {
             line.words.push_back({known != nullptr ? known->address : NcAddress::kOther, rest[0], *value});
-            line.has_text = true;
         }
-        is_first = false;
+        is_first &= is_number;
         rest = after;
     }
 }

@@ -22,7 +22,7 @@ struct NcWord {
 struct NcLine {
     std::vector<NcWord> words;
     std::string unread;      // the first piece that is no word; empty if all is read
-    bool has_text = false;   // more than blanks, comments and a block number
+    std::string label;       // what follows an O or a colon at the front, as `100 SUB`; then there are no words
 };
 
 // Reads lines by the addresses of a tuning, which may be longer than a letter, and single letters beside them.

@@ -44,7 +44,7 @@ TEST(TemplateText, IsCutAtLineEndsAndNowhereElse) {
         {"A\r\nB\r\n", {"A", "B"}},
         {"\r\n\r\n A \r\n", {"", "", " A "}},
         {"A\r", {"A"}},
-        {"A\r B", {"A", "B"}},  // whatever stands behind the CR goes with it
+        {"A\r B", {"A", "B"}},  // whatever follows the CR goes with it
         {"A\nB", {"A\nB"}},
     };
     for (const auto& [text, expected] : cases) {
@@ -96,7 +96,9 @@ TEST_F(EditorDialogs, SavingTakesThePiecesOutOfTheBuffer) {
 
 TEST_F(EditorDialogs, APreviewTakesThePagesMark) {
     CNCParamsSheet sheet(toolkit_, &session_, false, "Sheet");
-    auto& page = sheet.AddPage<CNCParamsPage>("Only", CNCParamsPage::Mark::kAtActivation);
+    CNCParamsPage& page = sheet.AddPage([](const PageContext& context) {
+        return std::make_unique<CNCParamsPage>(context, "Only", CNCParamsPage::Mark::kAtActivation);
+    });
     user_.acts.emplace_back([this] {
         EXPECT_EQ(toolkit_.PressApply(), "");
         EXPECT_NE(toolkit_.PressApply(), "");

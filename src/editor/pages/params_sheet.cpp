@@ -16,17 +16,17 @@ CNCParamsSheet::CNCParamsSheet(CToolkit& toolkit, CSession* session, bool inches
       window_(toolkit.MakeSheet(title.empty() ? kStandardTitle : title)) {}
 
 void CNCParamsSheet::AddPages() {
-    AddPage<CNCParamsGeneral>();
-    AddPage<CNCParamsSubs>();
-    AddPage<CNCParamsUnitCodes>();
-    AddPage<CNCParamsData>();
-    AddPage<CNCParamsArcs>();
-    AddPage<CNCParamsSpeed>();
-    AddPage<CNCParamsToolData>();
-    AddPage<CNCParamsToolRot>();
-    AddPage<CNCParamsText>();
-    AddPage<CNCParamsTemplates>();
-    AddPage<CNCParamsRTD>();
+    for (const auto make :
+         {MakeGeneralPage, MakeSubsPage, MakeCodesPage, MakeAxisDataPage, MakeArcsPage, MakeSpeedPage, MakeToolsPage,
+          MakeToolRotationPage, MakeTextPage, MakeTemplatesPage, MakeRunTimeDataPage}) {
+        AddPage(make);
+    }
+}
+
+CNCParamsPage& CNCParamsSheet::AddPage(const PageMaker& make) {
+    const PageContext context{toolkit_, *window_, session_, inches_,
+                              [this]() -> CNCCodePreview& { return GetPreview(); }};
+    return *pages_.emplace_back(make(context));
 }
 
 CNCCodePreview& CNCParamsSheet::GetPreview() {

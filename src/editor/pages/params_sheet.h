@@ -1,6 +1,7 @@
 // The tuning editor: a modal sheet of pages over the live tuning of a session.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string_view>
 #include <vector>
@@ -24,16 +25,9 @@ public:
 
     // Adds all pages of the editor, in the order of their tabs.
     void AddPages();
-    // Adds one page after the others; `more` is what its constructor takes after the context.
-    template <typename Page, typename... More>
-    Page& AddPage(More... more) {
-        auto page = std::make_unique<Page>(
-            PageContext{toolkit_, *window_, session_, inches_, [this]() -> CNCCodePreview& { return GetPreview(); }},
-            more...);
-        Page& added = *page;
-        pages_.push_back(std::move(page));
-        return added;
-    }
+    // Adds one page after the others.
+    using PageMaker = std::function<std::unique_ptr<CNCParamsPage>(const PageContext& context)>;
+    CNCParamsPage& AddPage(const PageMaker& make);
     // True if the user left with OK.
     bool RunModal() { return window_->RunModal(); }
 

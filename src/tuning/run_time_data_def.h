@@ -30,7 +30,7 @@ struct RunTimePlace {
 // What begins a run-time data word.
 inline constexpr std::string_view kRunTimeWordOpening = "RTD(";
 
-// What stands between the parentheses of a run-time data word, cut at its first comma: one part for a message, two for
+// What is between the parentheses of a run-time data word, cut at its first comma: one part for a message, two for
 // a row and a column. Empty for any other text.
 std::vector<std::string_view> PartsOfRunTimeWord(std::string_view word);
 
@@ -90,7 +90,7 @@ public:
     // True if `line` is a run-time data line, whether or not it had any effect.
     bool ReadLine(std::string_view line, ReadMode mode);
     void WriteToList(std::vector<std::string>& list) const;
-    // Reads a definition file in the place of what is there. An empty path changes nothing and gives true; a file that
+    // Reads a definition file in place of what is there. An empty path changes nothing and gives true; a file that
     // can't be opened gives false and leaves the definition emptied.
     bool ReadFromFile(const std::string& path, ReadMode mode);
     // The same with a definition that is read already.

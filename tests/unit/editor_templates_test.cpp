@@ -1,6 +1,8 @@
 // What of templates, preview and dialogs no transcript can show: files, and what happens without a tuning or a toolkit.
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "editor/output/code_preview.h"
 #include "editor/pages/params_sheet.h"
 #include "editor/templates/edit_template_dlg.h"
@@ -87,6 +89,7 @@ TEST_F(EditorDialogs, SavingTakesThePiecesOutOfTheBuffer) {
     EXPECT_FALSE(session_.buffers.CurBufferHasMoreData());
     preview.SaveToFile();
     EXPECT_EQ(folder.Get("code.txt"), "");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1);  // no other file stays
 
     EXPECT_EQ(toolkit_.Find("list")->Rows().size(), 2U);  // the list shows the trace, which is still there
     EXPECT_EQ(toolkit_.PressClose(), "");

@@ -33,8 +33,7 @@ TEST_F(EditorDialogs, WithoutATuningATemplateCantBeStored) {
     user_.acts.emplace_back([this] { toolkit_.PressOk(); });
     user_.acts.emplace_back([this] { toolkit_.Click("Insert RunTimeData..."); });
     user_.acts.emplace_back([this] { toolkit_.PressOk(); });
-    CEditTemplateDlg dialog(toolkit_, nullptr, "Line_", "Line", false);
-    EXPECT_FALSE(dialog.RunModal());
+    EXPECT_FALSE(EditTemplate(toolkit_, nullptr, "Line_", "Line", false));
     EXPECT_TRUE(user_.acts.empty());  // it stayed open until the user had no more to do
 }
 
@@ -61,18 +60,12 @@ TEST(TemplateText, IsCutAtLineEndsAndNowhereElse) {
 
 // ---- Preview ----
 
-class COwner : public CNCPreviewOwner {
-public:
-    void OnPreviewClosed() override { ++closed; }
-    int closed = 0;
-};
-
 TEST_F(EditorDialogs, SavingTakesThePiecesOutOfTheBuffer) {
     const CTempFolder folder;
     Tune("MULTI FileStart_tTmpl NNUL % NNUL A");
-    COwner owner;
+    int closed = 0;
     const auto sheet = toolkit_.MakeSheet("Sheet");
-    CNCCodePreview preview(toolkit_, owner, *sheet);
+    CNCCodePreview preview(toolkit_, *sheet, [&closed] { ++closed; });
     preview.SaveToFile();  // before any run
     preview.OpenDrawing();
     EXPECT_EQ(user_.file_question, "");
@@ -93,7 +86,7 @@ TEST_F(EditorDialogs, SavingTakesThePiecesOutOfTheBuffer) {
 
     EXPECT_EQ(toolkit_.Find("list")->Rows().size(), 2U);  // the list shows the trace, which is still there
     EXPECT_EQ(toolkit_.PressClose(), "");
-    EXPECT_EQ(owner.closed, 1);
+    EXPECT_EQ(closed, 1);
     EXPECT_EQ(toolkit_.Top(), nullptr);
 }
 

@@ -1,6 +1,7 @@
 #include "editor/output/code_preview.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "editor/messages.h"
 #include "platform/file_replacement.h"
@@ -24,8 +25,8 @@ std::string ShownLine(const CNCDebugInfo& record) {
 
 }  // namespace
 
-CNCCodePreview::CNCCodePreview(CToolkit& toolkit, CNCPreviewOwner& owner, CSheetWindow& sheet)
-    : toolkit_(toolkit), owner_(owner), window_(toolkit.MakeModeless("NC Code Preview", sheet)) {
+CNCCodePreview::CNCCodePreview(CToolkit& toolkit, CSheetWindow& sheet, std::function<void()> closed)
+    : toolkit_(toolkit), closed_(std::move(closed)), window_(toolkit.MakeModeless("NC Code Preview", sheet)) {
     AddControls();
     window_->close_clicked.Set([this] { Close(); });
     window_->Open();
@@ -109,7 +110,7 @@ void CNCCodePreview::SaveToFile() {
 }
 
 void CNCCodePreview::Close() {
-    owner_.OnPreviewClosed();
+    closed_();
     window_->Close();
 }
 

@@ -30,10 +30,11 @@ CNCParamsPage& CNCParamsSheet::AddPage(const PageMaker& make) {
 }
 
 CNCCodePreview& CNCParamsSheet::GetPreview() {
-    if (preview_ == nullptr) preview_ = std::make_unique<CNCCodePreview>(toolkit_, *this, *window_);
+    if (preview_ == nullptr) {
+        const auto closed = [this] { closed_preview_ = std::move(preview_); };
+        preview_ = std::make_unique<CNCCodePreview>(toolkit_, *window_, closed);
+    }
     return *preview_;
 }
-
-void CNCParamsSheet::OnPreviewClosed() { closed_preview_ = std::move(preview_); }
 
 }  // namespace brindle

@@ -34,7 +34,9 @@ inline constexpr std::string_view kRunTimeWordOpening = "RTD(";
 // a row and a column. Empty for any other text.
 std::vector<std::string_view> PartsOfRunTimeWord(std::string_view word);
 
-// The place of a word such as `RTD(4)` or `RTD(2,3)`; nothing if it has none. No definition needs to have it.
+// The place of a stored value by its word, such as `RTD(4)` or `RTD(2,3)`; nothing if it has none. No definition needs
+// to have it. Stored words are read more freely than those of texts: three characters, and what parentheses, commas and
+// `_` separate.
 std::optional<RunTimePlace> PlaceOfWord(std::string_view word);
 std::string WordOfPlace(RunTimePlace place);
 

@@ -22,7 +22,7 @@ help:
 	@echo 'make san             build under the sanitizers, into build/san, and run all tests there'
 	@echo 'make fuzz            run each fuzzer for T seconds (T=$(T)), with clang, in build/fuzz'
 	@echo 'make bench           build and run the benchmarks (BENCH_ARGS="--benchmark_filter=...")'
-	@echo 'make format          lay out the sources;  make format-check  only tells whether they are'
+	@echo 'make format          lay out the sources;  make format-check  only says whether they are'
 	@echo 'make tidy            static analysis (TIDY_ARGS=src/text for a part)'
 	@echo 'make install         install below PREFIX ($(PREFIX)); DESTDIR is honoured'
 	@echo 'make package         make a Debian package, in $(release)/package'

@@ -1,6 +1,6 @@
 // Runs beside the same text written by hand. A run's time is that of the whole run; records are its items.
 //
-// Each group of benchmarks stands in one process, so that its ratios are of one machine at one time:
+// Each group of benchmarks runs in one process, so that its ratios are of one machine at one time:
 // run/JOB against printf/JOB and to_chars/JOB.
 #include <benchmark/benchmark.h>
 

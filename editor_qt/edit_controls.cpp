@@ -25,7 +25,7 @@ FieldWidth WidthOf(ControlKind kind) {
     }
 }
 
-// Puts blanks in the place of control characters, which a paste can bring.
+// Puts blanks in place of control characters, which a paste can bring.
 class COneLine : public QValidator {
 public:
     using QValidator::QValidator;

@@ -44,6 +44,14 @@ QPen RapidPen(bool dark) {
     return pen;
 }
 
+// The greatest of 1, 2 and 5 times a power of ten that is no more than `most`, which is above 0.
+double RoundBelow(double most) {
+    double power = 1.0;
+    while (power > most) power /= 10.0;
+    while (10.0 * power <= most) power *= 10.0;
+    return most >= 5.0 * power ? 5.0 * power : most >= 2.0 * power ? 2.0 * power : power;
+}
+
 }  // namespace
 
 CPathCanvas::CPathCanvas(QWidget* parent) : QWidget(parent) {
@@ -322,9 +330,8 @@ void CPathCanvas::PaintLegend(QPainter& painter) const {
 void CPathCanvas::PaintScaleBar(QPainter& painter) const {
     const SceneAxis& axis = scene_->axes[0];
     const double most = kScaleBar / scale_ * std::fabs(axis.words_per_unit);
-    const double power = std::pow(10.0, std::floor(std::log10(most)));
-    if (!std::isfinite(power) || power <= 0.0) return;
-    const double words = most >= 5.0 * power ? 5.0 * power : most >= 2.0 * power ? 2.0 * power : power;
+    if (!std::isnormal(most)) return;
+    const double words = RoundBelow(most);
     const double length = words / std::fabs(axis.words_per_unit) * scale_;
     const double y = height() - 10.0;
     painter.setPen(palette().color(QPalette::Text));

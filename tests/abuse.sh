@@ -22,7 +22,7 @@ for name in old new; do
     { printf 'MAIN,%s\nUR,100,50\n' $name; seq -f 'L,0.5,1,0,0,0,%g.25,7,0,0' 20000; echo END; } >$name.cf2
     "$brindle" post -t job.tun -o $name.nc $name.cf2 || exit 1
 done
-cmp -s old.nc new.nc && fail 'both texts are the same: nothing can be told from them'
+cmp -s old.nc new.nc && fail 'both texts are the same: they show nothing'
 
 # A sanitized command is slow, and needs all memory.
 readelf -d "$brindle" | grep -q libasan && sanitized=yes || sanitized=

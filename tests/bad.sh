@@ -7,7 +7,7 @@ set -u
 export LC_ALL=C
 BRINDLE=$(realpath "$BRINDLE")
 
-# Prints what is wrong with the case of an .expect file; its input stands in the present folder.
+# Prints what is wrong with the case of an .expect file; its input is in the present folder.
 run_case() {
     local expect=$1 name head wanted status
     local -a words
@@ -26,7 +26,7 @@ run_case() {
     diff --text --label expected --label "standard error" -u <(tail -n +2 "$expect") "$scratch/err"
 }
 
-# A wrong expectation must fail, or none of the cases tells anything.
+# A wrong expectation must fail, or none of the cases says anything.
 check_runner() {
     local wrong=$scratch/keys.expect
     sed '1s/0$/1/' keys.expect >"$wrong"

@@ -15,7 +15,7 @@ post() {
 
 read_back() { python3 -B tests/ngc_reader.py "$@"; }
 
-# Reads drawing $2 back as example $1 cuts it; arguments behind `--` go to the reader, those before it to the command.
+# Reads drawing $2 back as example $1 cuts it; arguments after `--` go to the reader, those before it to the command.
 check() {
     local example=$1 name=$2 nc="$work/$1-$2.nc" arguments=()
     shift 2
@@ -29,7 +29,7 @@ check() {
 
 knife=(--on 11,12,13 --off 10 --tangential 1,2 --symmetric 2)
 for name in folding_box plate nested_sheet knife_sheet large; do check laser_mm "$name"; done
-# No half circle in an inclined place: the radius alone, rounded, tells too little about the centre of one.
+# No half circle in an inclined place: the radius alone, rounded, says too little about the centre of one.
 for name in folding_box plate knife_sheet large; do check laser_inc_radius "$name"; done
 check speed_by_material plate --expr CUSTOMER=X
 check knife_tangential knife_sheet -- "${knife[@]}"

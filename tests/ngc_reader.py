@@ -280,7 +280,7 @@ class Machine:
         stroke.clockwise = clockwise != self.frame.mirrors
 
     def turn(self, words):
-        """The turn of the tool in this block, degrees. The sign of the word tells the way round to the angle."""
+        """The turn of the tool in this block, degrees. The sign of the word gives the way round to the angle."""
         before = self.angle
         for value, sign in zip(words["C"], words["sign of C"]):
             self.angle = abs(value)

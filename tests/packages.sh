@@ -96,7 +96,7 @@ else
     brindle=$prefix/bin/brindle
 fi
 
-# ---- Man page: the options that the command's help tells, and no other ----
+# ---- Man page: the options that the command's help names, and no other ----
 
 man_page=$prefix/share/man/man1/brindle.1
 commands=$("$brindle" --help | sed -nE '/^Subcommands:/,$s/^  ([a-z]+) .*/\1/p')

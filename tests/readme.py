@@ -3,8 +3,8 @@
 
     readme.py README.md         in an empty folder, with the commands on the path
 
-A block fenced as ```text NAME is added to the file NAME. In a block fenced as ```console, lines behind `$ ` are
-commands, and what stands below one is what it prints, messages included. Blanks and carriage returns at line ends don't
+A block fenced as ```text NAME is added to the file NAME. In a block fenced as ```console, lines after `$ ` are
+commands, and what is below one is what it prints, messages included. Blanks and carriage returns at line ends don't
 count.
 """
 import re

@@ -25,7 +25,7 @@ std::string FailureText(const CLI::App* app, const CLI::Error& error) {
     return "brindle: " + PrintableText(error.what()) + "\nRun `" + name + " --help` for the usage.\n";
 }
 
-// The arguments, last one first, as the parser takes them. It would give `--date=` the argument behind it as its value.
+// The arguments, last one first, as the parser takes them. It would give `--date=` the argument after it as its value.
 std::vector<std::string> ReversedArguments(int argc, char** argv) {
     std::vector<std::string> arguments;
     for (int i = 1; i < argc; ++i) {

@@ -6,7 +6,6 @@
 #include <tuple>
 #include <vector>
 
-#include "check/tuning/keyword_values.h"
 #include "host/commands/commands.h"
 #include "host/console/messages.h"
 #include "host/load/loaded_tuning.h"
@@ -41,7 +40,7 @@ std::string Literal(std::string_view text) {
 // A keyword as the directive reads it, with its value if it has one.
 std::string KeywordText(const KeywordInfo& info, const CAtDirKeywords& keywords) {
     const std::string name(info.name);
-    const std::optional<double> value = ValueOf(keywords, info.keyword);
+    const std::optional<double> value = keywords.ValueOf(info.keyword);
     return value ? name + "(" + ShortNumber(*value) + ")" : name;
 }
 
@@ -87,7 +86,7 @@ public:
     }
 
 private:
-    // The prefixes of all templates, those of tools behind the others and by number.
+    // The prefixes of all templates, those of tools after the others and by number.
     std::vector<std::string> Prefixes() const {
         struct Place {
             size_t length;  // of the tool prefix: numbers without leading zeros ascend with it
@@ -137,7 +136,7 @@ private:
         std::cout << "\n";
     }
 
-    // `source` is what `text` was compiled from: it tells the words whose values stand in the compiled text.
+    // `source` is what `text` was compiled from: it has the words whose values are in the compiled text.
     void PrintPieces(const CCompiledText& text, std::string_view source) const {
         const std::vector<TemplatePiece> written = CutTemplateText(source);
         for (size_t i = 0; i < text.pieces().size(); ++i) {

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "check/tuning/intended_key.h"
+#include "check/tuning/nearest_name.h"
 #include "host/commands/commands.h"
 #include "host/console/messages.h"
 #include "host/console/text_table.h"

@@ -1,4 +1,4 @@
-// A line on the user's terminal that tells what is going on and vanishes when it is over.
+// A line on the user's terminal that says what is going on and vanishes when it is over.
 #pragma once
 
 #include <string_view>

@@ -22,13 +22,6 @@ bool Fail(const std::string& path, int error) {
     return false;
 }
 
-// What a rename is to replace: the file behind a link, not the link.
-std::string TargetOf(const std::string& path) {
-    std::error_code error;
-    const fs::path real = fs::canonical(path, error);
-    return error ? path : real.string();
-}
-
 // 0, or the error number.
 int CheckReplaceable(const std::string& target) {
     std::error_code error;

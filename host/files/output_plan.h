@@ -59,7 +59,7 @@ OutputPlan PlanOutput(const OutputRequest& request);
 // segments for standard output or a device go to the same place.
 std::string SegmentPath(const std::string& path, size_t number, size_t count);
 
-// Whether `path` is written straight, piece behind piece: standard output and whatever is no regular file.
+// Whether `path` is written straight, piece after piece: standard output and whatever is no regular file.
 bool IsStream(const std::string& path);
 
 }  // namespace brindle::host

@@ -1,4 +1,4 @@
-// A drawing as all commands load it: read, surveyed, and what is wrong with it told to the user.
+// A drawing as all commands load it: read, surveyed, and what is wrong with it reported.
 #pragma once
 
 #include <optional>

@@ -13,7 +13,7 @@ namespace brindle::host {
 // Read once for all jobs of a call.
 struct LoadedTuning {
     TuningFile file;
-    std::optional<std::string> definition_text;  // of a file in the place of the tuning's own definition
+    std::optional<std::string> definition_text;  // of a file in place of the tuning's own definition
     std::string definition_name;                 // of the file that holds the definition, as the user knows it
     CBrindleOpts options;                        // expressions of the definition are not settled yet
 

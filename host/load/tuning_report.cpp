@@ -18,7 +18,7 @@ bool ReportOnFile(const TuningFile& file, void (*check)(const CPlacedTuning&, CD
     return errors == 0;
 }
 
-// Of a whole tuning that stands in the place of a definition file only the definition is read.
+// Of a whole tuning in place of a definition file only the definition is read.
 bool ReportOnDefinition(const LoadedTuning& tuning) {
     TuningFile file;
     file.path = tuning.definition_name;

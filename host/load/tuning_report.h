@@ -1,4 +1,4 @@
-// What the user is told of a tuning before it is used for a job.
+// What is reported of a tuning before it is used for a job.
 #pragma once
 
 #include <string>

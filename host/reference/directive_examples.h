@@ -33,7 +33,7 @@ struct ExampleDrawing {
 
 struct DirectiveExample {
     std::string_view directive;     // empty for the syntax at large
-    std::string_view event;         // in whose template the lines stand: `Line_`
+    std::string_view event;         // in whose template the lines are: `Line_`
     std::string_view lines;         // of the template, with line ends between them
     std::string_view drawing;       // name of an ExampleDrawing
     std::string_view prints;        // all pieces of the run but empty ones, with line ends between them
@@ -41,7 +41,7 @@ struct DirectiveExample {
     std::string_view note = {};     // a sentence on what the example shows
 };
 
-// What the host tells the library in all examples.
+// What the host gives the library in all examples.
 struct ExampleJob {
     const wchar_t* date;
     const wchar_t* time;

@@ -6,7 +6,7 @@ using namespace brindle;
 
 namespace {
 
-// The character behind each line of GBrn_GetTuning.
+// The character after each line of GBrn_GetTuning.
 constexpr char kLineTerminator = '\b';
 
 void ReadTuneLine(const wchar_t* text, CRunTimeDataDef::ReadMode mode) {

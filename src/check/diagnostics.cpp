@@ -56,7 +56,7 @@ void CDiagnostics::AddFurther() {
         kept_.push_back({Rule::kFurther,
                          InfoOf(Rule::kFurther).severity,
                          {group.last_line},
-                         "and " + std::to_string(more) + " more of this kind behind this line",
+                         "and " + std::to_string(more) + " more of this kind after this line",
                          {}});
     }
 }

@@ -28,7 +28,7 @@ struct Diagnostic {
 };
 
 // Diagnostics of one file, in the order in which checks make them. Of the rules of drawings the first 20 of a group
-// are kept and the others counted in one line. Rubbish in the place of a tuning gives one for each line: of very many,
+// are kept and the others counted in one line. Rubbish in place of a tuning gives one for each line: of very many,
 // the last ones are counted and not kept.
 class CDiagnostics {
 public:

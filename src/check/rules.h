@@ -10,21 +10,28 @@
 namespace brindle {
 
 // An error is a line that the reader drops, or a value that a run reads as something else than it says: nobody can have
-// meant it. A loss is NC text that does not cut what is drawn. A warning is what gives something else than it seems to, or nothing. An info is what has no effect under
-// the options of this tuning.
+// meant it. A loss is NC text that does not cut what is drawn. A warning is what gives something else than it seems to,
+// or nothing. An info is what has no effect under the options of this tuning.
 enum class Severity : uint8_t { kError, kLoss, kWarning, kInfo };
 
-// What a rule looks at. Of the rules of drawings, findings of one group are limited together.
+// What a rule looks at, which says where it is checked. Of the rules of drawings, findings of one group are limited
+// together.
 // clang-format off
 enum class RuleGroup : uint8_t {
-    kLines, kRunTimeData, kValues, kChoices, kSpeeds, kMissing, kTools, kWords, kEvents, kUnread,
-    kPairing,  // a drawing and the tuning that it is run with
-    kNcText,   // what a machine makes of the NC text
-    kShortRecords, kInfinite, kNumbers, kMisplacedWords, kArcs, kPrograms, kCutOff, kTexts, kTextRecords, kUnits, kCase,
-    kUnknownRecords, kNames, kDrawing,
+    // In check/tuning, each in the file of its name.
+    kLines, kRunTimeData, kRunTimeWords, kValues, kChoices, kSpeeds, kMissingDirectives, kTools, kTextSyntax,
+    kTemplateEvents, kEmptyAddressesAndCodes, kCycles, kUnreadKeys,
+    kPairing,  // a drawing and the tuning that it is run with: in check/drawing/survey.cpp and arcs.cpp
+    kNcText,   // what a machine makes of the NC text: in verify
+    // In check/drawing, each in the file of its name;
+    kArcs, kNumbers, kMisplacedWords,
+    // in other_lines.cpp;
+    kUnits, kCase, kUnknownRecords,
+    // in survey.cpp.
+    kShortRecords, kInfinite, kPrograms, kCutOff, kTexts, kTextRecords, kNames, kDrawing,
 };
 inline constexpr size_t kRuleGroups = static_cast<size_t>(RuleGroup::kDrawing) + 1;
-constexpr bool IsLimited(RuleGroup group) { return group >= RuleGroup::kShortRecords; }
+constexpr bool IsLimited(RuleGroup group) { return group >= RuleGroup::kArcs; }
 
 enum class Rule : uint8_t {
     // Tunings: lines.
@@ -89,31 +96,31 @@ inline constexpr RuleInfo kRules[] = {
     {kBadBool, "bad-bool", kError, G::kLines, "A value is neither true nor false."},
     {kBadNumber, "bad-number", kError, G::kLines, "A value is not the number that is read from it."},
     {kNotWhole, "not-whole", kError, G::kLines, "A value is no whole number of 32 bits."},
-    {kMisplacedExpression, "misplaced-expression", kWarning, G::kLines, "An expression stands where none is computed."},
+    {kMisplacedExpression, "misplaced-expression", kWarning, G::kLines, "An expression is where none is computed."},
     {kExtraWords, "extra-words", kWarning, G::kLines, "Words after the value are ignored."},
     {kCutText, "cut-text", kError, G::kLines, "A blank or tab ends a text."},
-    {kBadNWord, "bad-n-word", kError, G::kLines, "Another word stands in the place of an N word of a template."},
+    {kBadNWord, "bad-n-word", kError, G::kLines, "A word of a template is where an N word belongs."},
     {kMissingText, "missing-text", kError, G::kLines, "No text follows the last N word of a template."},
 
     {kBadTime, "bad-time", kWarning, G::kRunTimeData, "The time of the last change is no time."},
     {kRepeatedDataset, "repeated-dataset", kWarning, G::kRunTimeData, "A dataset is defined twice."},
     {kUnknownDataset, "unknown-dataset", kError, G::kRunTimeData, "A value is for a dataset that is not yet defined."},
     {kNamelessEntry, "nameless-entry", kError, G::kRunTimeData, "A row, column or message has no name."},
-    {kSkippedWord, "skipped-word", kWarning, G::kRunTimeData, "A word in the place of TEXT is skipped."},
+    {kSkippedWord, "skipped-word", kWarning, G::kRunTimeData, "A word in place of TEXT is skipped."},
     {kShortValueLine, "short-value-line", kError, G::kRunTimeData, "The line of a dataset's value lacks words."},
     {kBadValueType, "bad-value-type", kError, G::kRunTimeData, "A dataset's value has an unknown type."},
     {kRepeatedValue, "repeated-value", kWarning, G::kRunTimeData, "A dataset has two values for one word."},
-    {kBadRunTimeWord, "bad-run-time-word", kWarning, G::kRunTimeData, "A run-time data word is misspelt."},
-    {kUndefinedRunTimeWord, "undefined-run-time-word", kWarning, G::kRunTimeData,
+    {kBadRunTimeWord, "bad-run-time-word", kWarning, G::kRunTimeWords, "A run-time data word is misspelt."},
+    {kUndefinedRunTimeWord, "undefined-run-time-word", kWarning, G::kRunTimeWords,
      "A run-time data word has no row, column or message."},
-    {kMissingValue, "missing-value", kWarning, G::kRunTimeData, "A dataset has no value for a run-time data word."},
+    {kMissingValue, "missing-value", kWarning, G::kRunTimeWords, "A dataset has no value for a run-time data word."},
 
     {kBadDecimals, "bad-decimals", kWarning, G::kValues, "There is no format for so many decimals."},
     {kZeroFactor, "zero-factor", kWarning, G::kValues, "A factor is 0."},
     {kZeroStep, "zero-step", kWarning, G::kValues, "The step of block numbers is 0."},
     {kSmallTolerance, "small-tolerance", kWarning, G::kValues, "The tolerance of facets is below the smallest one."},
     {kNoCommentText, "no-comment-text", kWarning, G::kValues, "Error comments are on, but have no opening text."},
-    {kNoBlockEnd, "no-block-end", kWarning, G::kValues, "Nothing stands between blocks."},
+    {kNoBlockEnd, "no-block-end", kWarning, G::kValues, "Nothing is written between blocks."},
     {kNoSegmentLimit, "no-segment-limit", kWarning, G::kValues, "Segments are on, but have no limit."},
     {kSmallSegments, "small-segments", kWarning, G::kValues, "Segments hold a few blocks only."},
     {kTextWithoutTool, "text-without-tool", kWarning, G::kValues, "Texts are left out for want of a default tool."},
@@ -121,7 +128,8 @@ inline constexpr RuleInfo kRules[] = {
     {kNoCentreMode, "no-centre-mode", kWarning, G::kValues, "No way of measuring the centres of arcs is chosen."},
     {kNoSpeedFactor, "no-speed-factor", kWarning, G::kValues, "The factor on speeds is on, but empty."},
     {kNoTemplates, "no-templates", kWarning, G::kValues, "The tuning has no template."},
-    {kMissingTemplate, "missing-template", kWarning, G::kValues, "A template without which records are lost is missing."},
+    {kMissingTemplate, "missing-template", kWarning, G::kValues,
+     "A template without which records are lost is missing."},
     {kSeveralChosen, "several-chosen", kWarning, G::kChoices, "Several keys of one choice are true."},
     {kNoneChosen, "none-chosen", kWarning, G::kChoices, "No key of a choice is true."},
     {kBadSpeed, "bad-speed", kError, G::kSpeeds, "A speed or the factor on speeds is no number."},
@@ -129,13 +137,17 @@ inline constexpr RuleInfo kRules[] = {
     {kNoSecondSpeed, "no-second-speed", kWarning, G::kSpeeds, "No tool has a speed of parameter 2."},
     {kToolWithoutSpeed, "tool-without-speed", kWarning, G::kSpeeds, "A tool has no speed, but others have."},
 
-    {kNoMirrorCode, "no-mirror-code", kWarning, G::kMissing, "No template writes the code of a mirrored call."},
-    {kNoRotationWord, "no-rotation-word", kWarning, G::kMissing, "No template writes the rotation of a call."},
-    {kNoFlyCode, "no-fly-code", kWarning, G::kMissing, "No template switches fly mode."},
-    {kNoToolRotation, "no-tool-rotation", kWarning, G::kMissing, "No template turns a tangential tool."},
-    {kNoCallPosition, "no-call-position", kWarning, G::kMissing, "No template writes where a call is."},
-    {kNoModeOfSubs, "no-mode-of-subs", kWarning, G::kMissing, "Nothing says that sub-programs are incremental."},
-    {kMainNumberText, "main-number-text", kWarning, G::kMissing, "Programs are numbered from a text that is no number."},
+    {kNoMirrorCode, "no-mirror-code", kWarning, G::kMissingDirectives,
+     "No template writes the code of a mirrored call."},
+    {kNoRotationWord, "no-rotation-word", kWarning, G::kMissingDirectives,
+     "No template writes the rotation of a call."},
+    {kNoFlyCode, "no-fly-code", kWarning, G::kMissingDirectives, "No template switches fly mode."},
+    {kNoToolRotation, "no-tool-rotation", kWarning, G::kMissingDirectives, "No template turns a tangential tool."},
+    {kNoCallPosition, "no-call-position", kWarning, G::kMissingDirectives, "No template writes where a call is."},
+    {kNoModeOfSubs, "no-mode-of-subs", kWarning, G::kMissingDirectives,
+     "Nothing says that sub-programs are incremental."},
+    {kMainNumberText, "main-number-text", kWarning, G::kMissingDirectives,
+     "Programs are numbered from a text that is no number."},
 
     {kToolOutOfRange, "tool-out-of-range", kWarning, G::kTools, "No run can ask for the tool of these keys."},
     {kUnusedTool, "unused-tool", kInfo, G::kTools, "A tool with keys is marked as unused."},
@@ -145,36 +157,41 @@ inline constexpr RuleInfo kRules[] = {
     {kNoFacetLimit, "no-facet-limit", kWarning, G::kTools, "Facets of small arcs are on, but have no limits."},
     {kToolWithoutTemplates, "tool-without-templates", kWarning, G::kTools, "A tool has no templates."},
 
-    {kUnclosedWord, "unclosed-word", kWarning, G::kWords, "A > is missing."},
-    {kWordAsText, "word-as-text", kWarning, G::kWords, "Fixed text looks like a directive or run-time data word."},
-    {kUnclosedCharacter, "unclosed-character", kWarning, G::kWords, "The ) of a chr( is missing."},
-    {kBadCharacter, "bad-character", kError, G::kWords, "The code of a character is no number."},
-    {kCharacterRange, "character-range", kWarning, G::kWords, "The code of a character is not in 0 to 255."},
-    {kUnknownDirective, "unknown-directive", kWarning, G::kWords, "There is no directive of this name."},
-    {kUnclosedArguments, "unclosed-arguments", kWarning, G::kWords, "The ] of a directive is missing."},
-    {kUnknownKeyword, "unknown-keyword", kWarning, G::kWords, "There is no keyword of this name."},
-    {kIgnoredKeyword, "ignored-keyword", kInfo, G::kWords, "The directive ignores this keyword."},
-    {kContradiction, "contradiction", kWarning, G::kWords, "Two keywords contradict each other."},
-    {kNoKeywordValue, "no-keyword-value", kWarning, G::kWords, "A keyword lacks its value."},
-    {kExtraKeywordValue, "extra-keyword-value", kWarning, G::kWords, "A keyword has a value that it does not take."},
-    {kUnclosedValue, "unclosed-value", kWarning, G::kWords, "The ) of a keyword's value is missing."},
-    {kBadKeywordValue, "bad-keyword-value", kError, G::kWords, "A keyword's value is not the number that is read."},
+    {kUnclosedWord, "unclosed-word", kWarning, G::kTextSyntax, "A > is missing."},
+    {kWordAsText, "word-as-text", kWarning, G::kTextSyntax, "Fixed text looks like a directive or run-time data word."},
+    {kUnclosedCharacter, "unclosed-character", kWarning, G::kTextSyntax, "The ) of a chr( is missing."},
+    {kBadCharacter, "bad-character", kError, G::kTextSyntax, "The code of a character is no number."},
+    {kCharacterRange, "character-range", kWarning, G::kTextSyntax, "The code of a character is not in 0 to 255."},
+    {kUnknownDirective, "unknown-directive", kWarning, G::kTextSyntax, "There is no directive of this name."},
+    {kUnclosedArguments, "unclosed-arguments", kWarning, G::kTextSyntax, "The ] of a directive is missing."},
+    {kUnknownKeyword, "unknown-keyword", kWarning, G::kTextSyntax, "There is no keyword of this name."},
+    {kIgnoredKeyword, "ignored-keyword", kInfo, G::kTextSyntax, "The directive ignores this keyword."},
+    {kContradiction, "contradiction", kWarning, G::kTextSyntax, "Two keywords contradict each other."},
+    {kNoKeywordValue, "no-keyword-value", kWarning, G::kTextSyntax, "A keyword lacks its value."},
+    {kExtraKeywordValue, "extra-keyword-value", kWarning, G::kTextSyntax,
+     "A keyword has a value that it does not take."},
+    {kUnclosedValue, "unclosed-value", kWarning, G::kTextSyntax, "The ) of a keyword's value is missing."},
+    {kBadKeywordValue, "bad-keyword-value", kError, G::kTextSyntax,
+     "A keyword's value is not the number that is read."},
 
-    {kOutsideTemplate, "outside-template", kWarning, G::kEvents, "A directive has an effect in templates only."},
-    {kNeedsOption, "needs-option", kInfo, G::kEvents, "A directive has no effect under the options."},
-    {kNeedsRecord, "needs-record", kWarning, G::kEvents, "A directive gives nothing at this event's records."},
-    {kNeedsTool, "needs-tool", kWarning, G::kEvents, "A directive stands where no tool is selected."},
-    {kMarkOutsideSub, "mark-outside-sub", kWarning, G::kEvents, "A sub-program is marked where none is written."},
-    {kNumberNotKnown, "number-not-known", kWarning, G::kEvents, "The number of a program is not yet known."},
-    {kEmptyAddress, "empty-address", kWarning, G::kUnread, "A word is written without an address, or not at all."},
-    {kEmptyCode, "empty-code", kWarning, G::kUnread, "A code that a template writes is empty."},
-    {kCycle, "cycle", kWarning, G::kUnread, "The text of an option leads back to itself."},
-    {kUnreadKey, "unread-key", kInfo, G::kUnread, "No run reads a key under the options of the tuning."},
-    {kUnusedKey, "unused-key", kInfo, G::kUnread, "No template has a directive that reads a key."},
+    {kOutsideTemplate, "outside-template", kWarning, G::kTemplateEvents,
+     "A directive has an effect in templates only."},
+    {kNeedsOption, "needs-option", kInfo, G::kTemplateEvents, "A directive has no effect under the options."},
+    {kNeedsRecord, "needs-record", kWarning, G::kTemplateEvents, "A directive gives nothing at this event's records."},
+    {kNeedsTool, "needs-tool", kWarning, G::kTemplateEvents, "A directive is used where no tool is selected."},
+    {kMarkOutsideSub, "mark-outside-sub", kWarning, G::kTemplateEvents,
+     "A sub-program is marked where none is written."},
+    {kNumberNotKnown, "number-not-known", kWarning, G::kTemplateEvents, "The number of a program is not yet known."},
+    {kEmptyAddress, "empty-address", kWarning, G::kEmptyAddressesAndCodes,
+     "A word is written without an address, or not at all."},
+    {kEmptyCode, "empty-code", kWarning, G::kEmptyAddressesAndCodes, "A code that a template writes is empty."},
+    {kCycle, "cycle", kWarning, G::kCycles, "The text of an option leads back to itself."},
+    {kUnreadKey, "unread-key", kInfo, G::kUnreadKeys, "No run reads a key under the options of the tuning."},
+    {kUnusedKey, "unused-key", kInfo, G::kUnreadKeys, "No template has a directive that reads a key."},
 
     {kUnknownTool, "unknown-tool", kWarning, G::kPairing, "The tuning lacks a tool of the drawing."},
     {kRadiusAsDirection, "radius-as-direction", kWarning, G::kPairing,
-     "Radius words give a direction alone, but the tuning uses the radius."},
+     "Radius words give only a direction, but the tuning uses the radius."},
     {kRadiusInInches, "radius-in-inches", kWarning, G::kPairing,
      "Radius words are in inches, and the tuning uses the radius."},
 
@@ -183,10 +200,10 @@ inline constexpr RuleInfo kRules[] = {
     {kNotFinite, "not-finite", kWarning, G::kInfinite, "A record with a number beyond all limits is dropped."},
     {kBadWord, "bad-word", kWarning, G::kNumbers, "A word of a record is not the number that is read from it."},
     {kWordRange, "word-range", kWarning, G::kNumbers, "A number is beyond the range of its word."},
-    {kWordNotWhole, "word-not-whole", kWarning, G::kNumbers, "A fraction stands where a whole number belongs."},
+    {kWordNotWhole, "word-not-whole", kWarning, G::kNumbers, "A number that must be whole has a fraction."},
     {kDegrees, "degrees", kWarning, G::kNumbers, "A rotation is more than a full turn, as degrees would be."},
     {kMirrorWord, "mirror-word", kWarning, G::kNumbers, "A mirror word is neither 0 nor 1."},
-    {kEmptyWord, "empty-word", kWarning, G::kMisplacedWords, "Nothing stands between two commas."},
+    {kEmptyWord, "empty-word", kWarning, G::kMisplacedWords, "Nothing is between two commas."},
     {kCutName, "cut-name", kWarning, G::kMisplacedWords, "A name ends at a blank."},
     {kTooManyWords, "too-many-words", kWarning, G::kMisplacedWords, "A record has more words than are read."},
     {kArcCentre, "arc-centre", kWarning, G::kArcs, "An arc's ends are at unlike distances from its centre."},
@@ -199,7 +216,8 @@ inline constexpr RuleInfo kRules[] = {
     {kCutOff, "cut-off", kWarning, G::kCutOff, "The end of a drawing is missing."},
     {kTextWithoutLine, "text-without-line", kWarning, G::kTexts, "A text record lacks its line of text."},
     {kTextInSub, "text-in-sub", kWarning, G::kTexts, "A text in a sub-program is dropped."},
-    {kRecordAsText, "record-as-text", kWarning, G::kTextRecords, "A record is taken for the text of the one before it."},
+    {kRecordAsText, "record-as-text", kWarning, G::kTextRecords,
+     "A record is taken for the text of the one before it."},
     {kUnitsWord, "units-word", kWarning, G::kUnits, "A unit record without a second word has no effect."},
     {kRecordCase, "record-case", kWarning, G::kCase, "A record type is not in upper case."},
     {kUnknownRecord, "unknown-record", kWarning, G::kUnknownRecords, "No record is called so."},

@@ -1,5 +1,5 @@
 // The geometric functions that records, transforms and the generator share. Coordinates are doubles; angles are radians
-// unless told otherwise.
+// unless said otherwise.
 #pragma once
 
 namespace brindle {

@@ -8,7 +8,7 @@ namespace brindle {
 namespace {
 
 constexpr double kSameRotation = 0.0001;
-// A rotation of more radians has lost the digits that tell its direction. It equals none but itself.
+// A rotation of more radians has lost the digits that give its direction. It equals none but itself.
 constexpr double kFarthest = 1e11;
 // A full turn in cells of ten times the rotations that count as equal: what equals a rotation lies in its cell or in
 // one of the two beside it. A rotation beyond kFarthest is a cell of its own.

@@ -33,11 +33,11 @@ constexpr DirectiveInfo kTable[] = {
     {D::kCenPtWords, 20204, "@CenPtWords", "Geometry", kCentre, "output mode, WORD, both axes, bArcDataModal", N::kArc, "centre words of an arc"},
     {D::kMidPtWords, 20205, "@MidPtWords", "Geometry", kPlainPoint, kModeDefaults, N::kArcOrLine, "axis words of the middle of an arc or a line; never modal"},
     {D::kArcDataWords, 20206, "@ArcDataWords", "Geometry", kCentre, "output mode, WORD, both axes, bArcDataModal; NONMODAL in the radius and subtended forms", N::kArc, "an arc in the tuning's form: radius, subtended angle or centre"},
-    {D::kRadius, 20207, "@Radius", "Geometry", KeywordSet(K::kAbs) | kAddress | kModal, "signed, WORD, NONMODAL", N::kArc, "radius word of an arc; a negative radius tells a long arc"},
+    {D::kRadius, 20207, "@Radius", "Geometry", KeywordSet(K::kAbs) | kAddress | kModal, "signed, WORD, NONMODAL", N::kArc, "radius word of an arc; a negative radius means a long arc"},
     {D::kSubtended, 20208, "@Subtended", "Geometry", kAddress | kModal, "WORD, NONMODAL", N::kArc, "subtended angle word of an arc, in degrees"},
     {D::kArcSign, 20209, "@ArcSign", "Geometry", kNoKeywords, "", N::kArc, "a minus sign if the arc turns against the positive sense of subtended angles"},
 
-    {D::kSetToolDir, 20221, "@SetToolDir", "Tool direction", KeywordSet(K::kSetTo), "SETTO(0)", N::kAny, "nothing; tells where the tool points, in degrees"},
+    {D::kSetToolDir, 20221, "@SetToolDir", "Tool direction", KeywordSet(K::kSetTo), "SETTO(0)", N::kAny, "nothing; sets where the tool points, in degrees"},
     {D::kAtAngle, 20222, "@AtAngle", "Tool direction", kRotation, "output mode, WORD, ToolRot_bModal", N::kAny, "rotation word that brings a tangential tool to the direction at the record's start"},
     {D::kFinAngle, 20223, "@FinAngle", "Tool direction", kRotation, "output mode, WORD, ToolRot_bModal", N::kAny, "rotation word for the direction at the record's end"},
     {D::kTangAuxCode1, 20224, "@TangAuxCode1", "Tool direction", kNoKeywords, "", N::kAny, "first auxiliary code, if the selected tool is tangential"},
@@ -93,7 +93,7 @@ constexpr DirectiveInfo kTable[] = {
 
     {D::kNBlockOff, 20301, "@NBlockOff", "Block numbers", kNoKeywords, "", N::kAny, "nothing; blocks from this one on get no number", Numbering::kOff},
     {D::kNBlockOn, 20302, "@NBlockOn", "Block numbers", KeywordSet(K::kNormal, K::kSpecial, K::kIncBy, K::kSetTo), "the increment in force", N::kAny, "nothing; blocks from this one on get numbers", Numbering::kOn},
-    {D::kIODwell, 20304, "@IODwell", "Dwell", kNoKeywords, "", N::kAny, "a dwell for the host, with all that stands between the brackets"},
+    {D::kIODwell, 20304, "@IODwell", "Dwell", kNoKeywords, "", N::kAny, "a dwell for the host, with all that is between the brackets"},
 };
 // clang-format on
 

@@ -50,10 +50,10 @@ CAtDirKeywords::CAtDirKeywords(std::string& directive) {
         const std::string word = ' ' + std::string(info.name) + ' ';
         if (word_text.find(word) != std::string::npos) words_.Add(info.keyword);
     }
-    if (const auto text = ValueOf(Keyword::kNDec)) n_dec_ = LeadingInt(*text);
-    if (const auto text = ValueOf(Keyword::kIncBy)) inc_by_ = LeadingInt(*text);
-    if (const auto text = ValueOf(Keyword::kFactor)) factor_ = LeadingDouble(*text);
-    if (const auto text = ValueOf(Keyword::kSetTo)) set_to_ = LeadingDouble(*text);
+    if (const auto text = ValueTextOf(Keyword::kNDec)) n_dec_ = LeadingInt(*text);
+    if (const auto text = ValueTextOf(Keyword::kIncBy)) inc_by_ = LeadingInt(*text);
+    if (const auto text = ValueTextOf(Keyword::kFactor)) factor_ = LeadingDouble(*text);
+    if (const auto text = ValueTextOf(Keyword::kSetTo)) set_to_ = LeadingDouble(*text);
 }
 
 std::string CAtDirKeywords::word_text() const {
@@ -63,13 +63,23 @@ std::string CAtDirKeywords::word_text() const {
     return text;
 }
 
-std::optional<std::string> CAtDirKeywords::ValueOf(Keyword keyword) const {
+std::optional<std::string> CAtDirKeywords::ValueTextOf(Keyword keyword) const {
     const size_t at = value_text_.find(NameOf(keyword));
     if (at == std::string::npos) return std::nullopt;
     const size_t close = value_text_.find(')', at);
     if (close == std::string::npos) return std::nullopt;
     const size_t number = at + NameOf(keyword).size() + 1;
     return number < close ? value_text_.substr(number, close - number) : std::string();
+}
+
+std::optional<double> CAtDirKeywords::ValueOf(Keyword keyword) const {
+    switch (keyword) {
+        case Keyword::kNDec: return n_dec_;
+        case Keyword::kIncBy: return inc_by_;
+        case Keyword::kFactor: return factor_;
+        case Keyword::kSetTo: return set_to_;
+        default: return std::nullopt;
+    }
 }
 
 bool CAtDirKeywords::WantAddress(bool by_default) const {

@@ -43,14 +43,17 @@ struct KeywordInfo {
     std::string_view name;
     std::string_view form;     // as it is written
     std::string_view meaning;  // one sentence
+
+    // Whether it is one of those with a value in parentheses.
+    constexpr bool TakesValue() const { return form != name; }
 };
 std::span<const KeywordInfo> KeywordTable();
 
 // The argument list of one directive, parsed once when its template is compiled.
 //
-// Arguments stand between `[` and `]`, separated by commas, blanks or both, in any case; what follows a `]` counts as
-// further arguments. A keyword is found where it stands as a word of its own. A value in parentheses is found wherever
-// its keyword's letters first stand: the character behind them is skipped and the number goes on to the next `)`.
+// Arguments are between `[` and `]`, separated by commas, blanks or both, in any case; what follows a `]` counts as
+// further arguments. A keyword is found where it is a word of its own. A value in parentheses is found wherever
+// its keyword's letters first occur: the character after them is skipped and the number goes on to the next `)`.
 class CAtDirKeywords {
 public:
     CAtDirKeywords() = default;
@@ -68,15 +71,17 @@ public:
     int32_t IncBy(int32_t by_default) const { return inc_by_.value_or(by_default); }
     double Factor(double by_default) const { return factor_.value_or(by_default); }
     double SetTo(double by_default) const { return set_to_.value_or(by_default); }
+    // The value of one of these, nothing where the default counts and for a keyword without values.
+    std::optional<double> ValueOf(Keyword keyword) const;
 
     // The arguments in upper case with a blank in front, commas and `]` turned into blanks; empty without a `[`.
     const std::string& value_text() const { return value_text_; }
-    // The words that stand in the argument list.
+    // The words of the argument list.
     std::string word_text() const;
     KeywordSet words() const { return words_; }
 
 private:
-    std::optional<std::string> ValueOf(Keyword keyword) const;
+    std::optional<std::string> ValueTextOf(Keyword keyword) const;
 
     std::string value_text_;
     KeywordSet words_;

@@ -3,6 +3,30 @@
 namespace brindle {
 namespace {
 
+constexpr EventState kStates[] = {
+    {Event("FileStart_"), kNoRecord, "there is no record yet", false},
+    {Event("FileEnd_"), kAllRecords, "", false, true},
+    {Event("MainInit_"), kNoRecord, "there is no record yet", false},
+    {Event("MainTerm_"), kLineRecord, "the record is the final position", false, true},
+    {Event("SubInit_"), kAllRecords, "", false},
+    {Event("SubTerm_"), kAllRecords, "", true},
+    {Event("Move_"), kCutRecords | kTextRecord, "the record is the one moved to, never a call", true},
+    {Event("Line_"), kLineRecord, "the record is a line", true},
+    {Event("Arc_"), kArcRecord, "the record is an arc", true},
+    {Event("Text_"), kTextRecord, "the record is a text", true},
+    {Event("SubCall_"), kCallRecord, "the record is a call", true},
+    {Event("SubReset_"), kCallRecord, "the record is a call", true},
+    {Event("OriTransSet_"), kCallRecord, "the record is a call", true},
+    {Event("OriTransReset_"), kCallRecord, "the record is a call", true},
+    {Event("MoveToIncludePt_"), kCallRecord, "the record is a call", true},
+    {Event("Fly_PreCheck_"), kCutRecords, "the record is a line or an arc", true},
+    {Event("Fly_PostCheck_"), kCutRecords, "the record is a line or an arc", true, true},
+    {Event("ToolSel_"), kCutRecords | kTextRecord, "the record is the one to be written, never a call", true},
+    {Event("ToolDesel_"), kCutRecords | kTextRecord, "the record is the one to be written, never a call", true},
+    {Event("ToolOn_"), kCutRecords | kTextRecord, "the record is the one to be written, never a call", true},
+    {Event("ToolOff_"), kAllRecords, "", true},
+};
+
 struct ZeroWriter {
     DirectiveId directive;
     Records records;
@@ -22,6 +46,8 @@ const ZeroWriter* FindZeroWriter(const DirectiveInfo& directive) {
 }
 
 }  // namespace
+
+std::span<const EventState> EventStates() { return kStates; }
 
 Records NeededRecords(const DirectiveInfo& directive) {
     if (const ZeroWriter* const row = FindZeroWriter(directive)) return row->records;

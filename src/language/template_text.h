@@ -10,7 +10,7 @@ namespace brindle {
 // One piece of a text.
 struct TemplatePiece {
     enum class Kind {
-        kFixed,      // goes into the block as it stands
+        kFixed,      // goes into the block as it is
         kDirective,  // begins with `@`
         kRunValue,   // `RTD(...)`, the key of a run-time value
     };

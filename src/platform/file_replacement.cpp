@@ -7,8 +7,10 @@
 #include <atomic>
 #include <cerrno>
 #include <cstdio>
+#include <filesystem>
 #include <optional>
 #include <set>
+#include <system_error>
 
 #include "platform/text_file.h"
 
@@ -62,6 +64,12 @@ void FlushFolder(const std::string& folder) {
 }
 
 }  // namespace
+
+std::string TargetOf(const std::string& path) {
+    std::error_code error;
+    const std::filesystem::path real = std::filesystem::canonical(path, error);
+    return error ? path : real.string();
+}
 
 int WriteAll(int descriptor, std::string_view text) {
     while (!text.empty()) {

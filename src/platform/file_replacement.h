@@ -11,6 +11,9 @@ namespace brindle {
 // Writes all of `text` to an open file. 0, or the error number.
 int WriteAll(int descriptor, std::string_view text);
 
+// What a rename to `path` is to replace: the file behind a link, not the link.
+std::string TargetOf(const std::string& path);
+
 // Replaces files, all or none of them, each in one step: whoever reads one, after a crash too, finds the old or the new
 // text. Texts go into hidden temporary files beside their targets and to the disk; Commit gives these the targets'
 // names. A process that is killed in Commit can leave the first files new and the others old, and hidden files

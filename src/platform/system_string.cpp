@@ -11,7 +11,7 @@
 namespace brindle {
 namespace {
 
-// The length stands directly in front of the characters, at the start of the allocated block.
+// The length is directly in front of the characters, at the start of the allocated block.
 using Length = unsigned int;
 static_assert(sizeof(Length) % alignof(wchar_t) == 0);
 

@@ -6,7 +6,7 @@
 
 namespace brindle {
 
-// A new system string of the narrow `text`, with its length in front and a NUL behind; it may hold NUL characters.
+// A new system string of the narrow `text`, with its length in front and a NUL after it; it may hold NUL characters.
 wchar_t* MakeSystemString(std::string_view text);
 
 }  // namespace brindle

@@ -12,8 +12,8 @@ namespace brindle {
 // of the file are not kept out.
 std::optional<std::string> ReadWholeFile(const std::string& path);
 
-// The lines of `text`, without their ends. A line ends with LF or CRLF, every other character is text; what stands
-// behind the last end is a line only if it is not empty.
+// The lines of `text`, without their ends. A line ends with LF or CRLF, every other character is text; what comes
+// after the last end is a line only if it is not empty.
 std::vector<std::string_view> SplitLines(std::string_view text);
 
 }  // namespace brindle

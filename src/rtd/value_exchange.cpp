@@ -41,7 +41,7 @@ bool IsText(const CKVItemContainer& values, std::string_view key) {
     return dynamic_cast<const CTextKVItem*>(values.items().Find(key)) != nullptr;
 }
 
-// Whether what is stored for `key` may stand. The user cannot have set a hidden entry, and what the host computed for
+// Whether what is stored for `key` may stay. The user cannot have set a hidden entry, and what the host computed for
 // this job is newer than anything stored.
 bool MayKeepStored(const CRunTimeDataDef& definition, std::string_view key, const CTextKVItem& item) {
     return item.kind() != TextKind::kTextExpression && !definition.IsHidden(key);

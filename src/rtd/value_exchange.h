@@ -22,10 +22,10 @@ std::string RecordName(std::string_view tuning_pick, std::string_view dataset);
 // ends it when it is read again.
 void SaveRunTimeValues(const std::string& name, const CKVItemContainer& values);
 
-// Reads a stored record in the place of `values` and `date`. False, with both emptied, if there is none.
+// Reads a stored record in place of `values` and `date`. False, with both emptied, if there is none.
 bool LoadStoredValues(const std::string& name, CKVItemContainer& values, std::string& date);
 
-// Puts the values of a dataset into `values`, in the place of what is there: the user's stored ones where they are not
+// Puts the values of a dataset into `values`, in place of what is there: the user's stored ones where they are not
 // older than the definition, and the dataset's defaults for the rest. Computed expressions and hidden entries always
 // take the dataset's value. Stored entries that the dataset lacks stay, whatever their age. For values that are older,
 // `ask` decides if there is one; without it they count as stale. With an unknown dataset `values` is what is stored.

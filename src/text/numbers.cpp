@@ -14,7 +14,7 @@ std::string_view SkipSpace(std::string_view text) {
     return first == std::string_view::npos ? std::string_view() : text.substr(first);
 }
 
-// Takes a leading sign off `text` and tells whether it was a minus.
+// Takes a leading sign off `text` and says whether it was a minus.
 bool TakeSign(std::string_view& text) {
     if (text.empty() || (text[0] != '-' && text[0] != '+')) return false;
     const bool negative = text[0] == '-';

@@ -36,11 +36,11 @@ inline double PowerOfTenth(int32_t n) {
     return n >= 0 && n < 10 ? kPowers[n] : FarPowerOfTenth(n);
 }
 
-// `value` with exactly `decimals` digits behind the point, which is left out for 0 decimals; never in exponent form. A
+// `value` with exactly `decimals` digits after the point, which is left out for 0 decimals; never in exponent form. A
 // value that is not finite is written as 0.
 std::string FixedText(double value, int decimals);
 
-// `value` in at most six decimals, without trailing zeros and never in exponent form: as it may stand in NC text.
+// `value` in at most six decimals, without trailing zeros and never in exponent form: as it may be in NC text.
 std::string ShortNumber(double value);
 
 // Sums and products that wrap at 32 bits, as a controller's counters do.

@@ -7,7 +7,7 @@
 
 namespace brindle {
 
-// Replaces the contents of `words` by the words of `line`, which are what stands between separators. The views point
+// Replaces the contents of `words` by the words of `line`, which are what is between separators. The views point
 // into `line`.
 void SplitWords(std::string_view line, std::vector<std::string_view>& words, std::string_view separators = " \t");
 

@@ -12,14 +12,14 @@
 
 namespace brindle {
 
-// All keys, grouped for the reader: the rows of a group stand together. A name stands once per scope; the four codes of
-// interpolation have two rows, one alone and one behind the prefix of a tool.
+// All keys, grouped for the reader: the rows of a group are together. A name occurs once per scope; the four codes of
+// interpolation have two rows, one alone and one after the prefix of a tool.
 constexpr std::span<const KeyInfo> KeyCatalogue() { return key_table::kKeys; }
 
 // All template events, in the order in which lists show them.
 constexpr std::span<const EventInfo> TemplateEvents() { return key_table::kEvents; }
 
-// A row of the catalogue, as cheap to pass as a pointer. Made by Key() alone, so it always stands for a row.
+// A row of the catalogue, as cheap to pass as a pointer. Made by Key() alone, so it always means a row.
 class KeyRef {
 public:
     constexpr const KeyInfo& Info() const { return *info_; }
@@ -37,7 +37,7 @@ private:
 void TheCatalogueHasNoSuchKey();
 
 // The row of a name without tool prefix and event prefix, looked up while compiling: Key("bUseSubs"). Of a name with
-// two rows it is the one that stands alone; both have the same kind and defaults.
+// two rows it is the one without a prefix; both have the same kind and defaults.
 consteval KeyRef Key(const char* name) {
     for (const KeyInfo& info : KeyCatalogue()) {
         if (info.name == name) return KeyRef(info);
@@ -46,7 +46,7 @@ consteval KeyRef Key(const char* name) {
     return KeyRef(KeyCatalogue().front());
 }
 
-// One key, or those whose names begin or end with what stands beside a `*`, or hold what stands between two of them. A
+// One key, or those whose names begin or end with what is beside a `*`, or hold what is between two of them. A
 // pattern that covers no key does not compile.
 class KeyPattern {
 public:

@@ -1,4 +1,4 @@
-// The table of all keys that a tuning can hold, and the table of the template events. They stand in a header because
+// The table of all keys that a tuning can hold, and the table of the template events. They are in a header because
 // keys are looked up at compile time. Everyone but the catalogue includes "tuning/key_catalogue.h".
 #pragma once
 
@@ -8,17 +8,17 @@
 
 namespace brindle {
 
-// Kind of the item under a key. The letter that stands before the name proper tells it too: b, n, r, s, t.
+// Kind of the item under a key. The letter before the name proper says it too: b, n, r, s, t.
 enum class KeyKind { kBool, kInt, kReal, kText, kTemplate };
 
-// Where a key stands.
+// Where a key is used.
 enum class KeyScope {
     kGlobal,  // alone
-    kTool,    // behind the prefix of a tool, `T%d_`, or of the default tool, `T_`
-    kEvent,   // behind the prefix of a template event, which for a tool's event stands behind the tool's prefix
+    kTool,    // after the prefix of a tool, `T%d_`, or of the default tool, `T_`
+    kEvent,   // after the prefix of a template event, which for a tool's event follows the tool's prefix
 };
 
-// The value that stands in for an absent key: nothing, or a value of the key's kind. A query for another kind than the
+// The value of an absent key: nothing, or a value of the key's kind. A query for another kind than the
 // held one gives false, 0, 0.0 or empty text.
 class KeyDefault {
 public:
@@ -68,7 +68,7 @@ struct KeyInfo {
 struct EventInfo {
     std::string_view prefix;   // of the event's keys, with the `_` at its end
     std::string_view caption;  // as the editor shows it
-    bool per_tool;             // the prefix stands behind the prefix of a tool
+    bool per_tool;             // the prefix follows that of a tool
     std::string_view when;     // the moment at which a run executes the template
 };
 
@@ -91,14 +91,14 @@ inline constexpr EventInfo kEvents[] = {
     {"Arc_", "Arc", false, "for an arc"},
     {"Text_", "Text", false, "for a text"},
     {"SubCall_", "Sub Call", false, "for the call of a sub-program"},
-    {"SubReset_", "Sub Call Reset", false, "behind the call of a sub-program"},
+    {"SubReset_", "Sub Call Reset", false, "after the call of a sub-program"},
     {"OriTransSet_", "Set Origin Transformation (for abs subs)", false,
      "before the call of a sub-program in absolute coordinates"},
     {"OriTransReset_", "Reset Origin Transformation (for abs subs)", false,
-     "behind the call of a sub-program in absolute coordinates"},
+     "after the call of a sub-program in absolute coordinates"},
     {"MoveToIncludePt_", "Move To Include Pt", false, "for the move to the point at which a sub-program is called"},
     {"Fly_PreCheck_", "Fly Mode (pre code)", false, "before a record with which fly mode starts or ends"},
-    {"Fly_PostCheck_", "Fly Mode (post code)", false, "behind a record with which fly mode has ended"},
+    {"Fly_PostCheck_", "Fly Mode (post code)", false, "after a record with which fly mode has ended"},
     {"ToolSel_", "Tool Selection", true, "when the tool is selected"},
     {"ToolDesel_", "Tool Deselection", true, "when the tool is deselected"},
     {"ToolOn_", "Tool On", true, "when the tool goes on or down"},
@@ -119,15 +119,15 @@ inline constexpr KeyInfo kKeys[] = {
     {"bParenSquare", kBool, kGlobal, kNone, true, "Output",
      "Editor only: the button for square brackets, which a run takes if bParenRound and bParenCurly are false."},
     {"bParenRound", kBool, kGlobal, false, false, "Output",
-     "Expressions stand in round brackets, ( and ), unless bParenCurly is true."},
+     "Expressions are in round brackets, ( and ), unless bParenCurly is true."},
     {"bParenCurly", kBool, kGlobal, false, false, "Output",
-     "Expressions stand in curly brackets, { and }."},
+     "Expressions are in curly brackets, { and }."},
     {"bTrimZeros", kBool, kGlobal, false, false, "Output",
      "Zeros at the end of a number are removed: 12.500 becomes 12.5, and 12.000 becomes 12. with its point."},
     {"bTrimDPoint", kBool, kGlobal, false, false, "Output",
      "A decimal point at the end of a number is removed: 12. becomes 12, without its point."},
     {"bUseSpace", kBool, kGlobal, false, false, "Output",
-     "One blank stands behind each word and each code."},
+     "A blank follows each word and each code."},
     {"bUseFileSeg", kBool, kGlobal, false, false, "Output",
      "The output is split into segments by nMaxBytes, each of them a complete NC file."},
     {"nMaxBytes", kInt, kGlobal, -1, 100000, "Output",
@@ -145,7 +145,7 @@ inline constexpr KeyInfo kKeys[] = {
     {"bBlockDelimCus", kBool, kGlobal, kNone, false, "Output",
      "Editor only: the button for sBlockDelim, which a run takes if bBlockDelimStd is false."},
     {"sBlockDelim", kText, kGlobal, "", "chr(13)chr(10)", "Output",
-     "Text at the end of each block if bBlockDelimStd is false; chr(n) stands for the character of code n."},
+     "Text at the end of each block if bBlockDelimStd is false; chr(n) is the character of code n."},
     {"sNWordAddr", kText, kGlobal, "", "", "Output",
      "Address of block numbers, for example N."},
     {"nNWordBigInc", kInt, kGlobal, 10, 10, "Output",
@@ -301,13 +301,13 @@ inline constexpr KeyInfo kKeys[] = {
      "Largest turn in degrees from facet to facet of a small arc; without this key or at 0 small arcs stay arcs."},
 
     {"bUseSubs", kBool, kGlobal, true, false, "Sub-programs",
-     "The controller has sub-programs; false writes out the records of each call where it stands."},
+     "The controller has sub-programs; false writes out the records of each call in its place."},
     {"bSubsInAbs", kBool, kGlobal, false, false, "Sub-programs",
      "Sub-programs are written in absolute coordinates, provided that bOutModeAbs is true too."},
     {"bSubsInInc", kBool, kGlobal, kNone, true, "Sub-programs",
      "Editor only: the button for incremental sub-programs, which a run writes if bSubsInAbs is false."},
     {"bOutputSubsFirst", kBool, kGlobal, false, false, "Sub-programs",
-     "Sub-programs stand before the main program, as they always do if SubNum_bUseBlockNum is true."},
+     "Sub-programs come before the main program, as they always do if SubNum_bUseBlockNum is true."},
     {"bOutputSubsAfter", kBool, kGlobal, kNone, true, "Sub-programs",
      "Editor only: the button for the main program first, the other choice to bOutputSubsFirst."},
     {"bStartSubsAtCen", kBool, kGlobal, false, true, "Sub-programs",
@@ -341,7 +341,7 @@ inline constexpr KeyInfo kKeys[] = {
     {"SubRot_rFactor", kReal, kGlobal, 1.0, 1.0, "Sub-programs",
      "Factor on the rotation at a call, which is in degrees."},
     {"SubNum_bUseBlockNum", kBool, kGlobal, false, false, "Sub-programs",
-     "The number of a sub-program is the block number at its @MarkAsSub, and sub-programs stand first."},
+     "The number of a sub-program is the block number at its @MarkAsSub, and sub-programs come first."},
     {"SubNum_bUseSequence", kBool, kGlobal, false, false, "Sub-programs",
      "Programs are numbered in the order of their output, starting at sMainProgNum."},
     {"SubNum_bUseFormula", kBool, kGlobal, kNone, true, "Sub-programs",
@@ -459,9 +459,9 @@ inline constexpr KeyInfo kKeys[] = {
     {"Fly_sOffCode", kText, kGlobal, "", "", "Fly mode",
      "Code that @FlyModeCode writes where fly mode ends."},
     {"Fly_bForFollowing", kBool, kGlobal, true, true, "Fly mode",
-     "The code that ends fly mode is written before the last record in fly mode; false means behind it."},
+     "The code that ends fly mode is written before the last record in fly mode; false means after it."},
     {"Fly_bForPreceeding", kBool, kGlobal, kNone, false, "Fly mode",
-     "Editor only: the button for the code behind the record, which a run takes if Fly_bForFollowing is false."},
+     "Editor only: the button for the code after the record, which a run takes if Fly_bForFollowing is false."},
     {"Fly_rMM_Threshold", kReal, kGlobal, 1.0, 1.0, "Fly mode",
      "Radius in millimetres that an arc needs in fly mode if it sweeps Fly_rDEG_MaxAngDeviation, and in proportion "
      "if it sweeps more or less; the editor in inches offers 0.25."},
@@ -487,7 +487,7 @@ inline constexpr KeyInfo kKeys[] = {
     {"ToolRot_bAlwaysAbs", kBool, kGlobal, false, false, "Tool rotation",
      "The tool rotation is an absolute angle in incremental mode too."},
     {"ToolRot_bUseSign", kBool, kGlobal, true, false, "Tool rotation",
-     "The sign of an absolute tool rotation tells the way round; false means that it has none."},
+     "The sign of an absolute tool rotation gives the way round; false means that it has none."},
     {"sTangAuxCode1", kText, kGlobal, "", "", "Tool rotation",
      "Code that @TangAuxCode1 writes while a tangential tool is selected."},
     {"sTangAuxCode2", kText, kGlobal, "", "", "Tool rotation",

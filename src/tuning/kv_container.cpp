@@ -14,7 +14,7 @@ namespace {
 
 constexpr int kFileDecimals = 9;
 
-// The lines of a template from its N words and texts, which stand in pairs behind the key.
+// The lines of a template from its N words and texts, which follow the key in pairs.
 TemplateLines LinesOfWords(const std::vector<std::string_view>& words) {
     TemplateLines lines;
     for (size_t i = 2; i + 1 < words.size(); i += 2) {
@@ -62,7 +62,7 @@ struct KeyedLine {
 
 std::string PlaceOf(std::string_view line) { return QuotedWord(line, 2); }
 
-// The lines of all items in the order in which they stand among themselves.
+// The lines of all items in their own order.
 std::vector<KeyedLine> SortedLines(const CKVItemContainer& container) {
     std::vector<KeyedLine> lines;
     lines.reserve(container.items().size());

@@ -25,7 +25,7 @@ public:
     // Stores `item` under `key`; an older item of that key is destroyed.
     void Insert(std::string_view key, std::unique_ptr<CKVItem> item);
     const CKVItem* Find(std::string_view key) const;
-    // Where iteration stands at `key`, end() if there is no such key.
+    // An iterator at `key`, end() if there is no such key.
     const_iterator FindPosition(std::string_view key) const;
     bool Remove(std::string_view key);
     // Removes the items whose keys begin with `prefix` and are longer than it.
@@ -58,7 +58,7 @@ public:
     virtual std::string FormatItem(std::string_view key, const CKVItem* item) const;
     // Reads a text file through ParseLine. False if it can't be opened.
     virtual bool ReadFromFile(const std::string& path);
-    // Adds all items as lines to `list`, each before the first line whose second word stands behind its key without
+    // Adds all items as lines to `list`, each before the first line whose second word comes after its key without
     // regard to case. Lines that are in the list keep their order.
     virtual void WriteToList(std::vector<std::string>& list) const;
     virtual void Clear();
@@ -80,7 +80,7 @@ public:
     bool Remove(std::string_view key);
     void RemoveByPrefix(std::string_view prefix);
     void CopyByPrefix(std::string_view from, std::string_view to);
-    // Takes copies of all items of `other` in the place of its own.
+    // Takes copies of all items of `other` in place of its own.
     void Assign(const CKVItemContainer& other);
     void ReadFromList(const std::vector<std::string>& list);
 

@@ -33,7 +33,7 @@ public:
     // Empties the items; the definition stays.
     void ClearItems() { CKVItemContainer::Clear(); }
 
-    // The stored value of a key of the catalogue behind `prefix`, or its read default if the key is absent or of
+    // The stored value of a key of the catalogue after `prefix`, or its read default if the key is absent or of
     // another kind. ReadText gives the text as stored, with its words not yet resolved.
     bool ReadBool(KeyRef key, std::string_view prefix = {}) const;
     int32_t ReadInt(KeyRef key, std::string_view prefix = {}) const;

@@ -30,11 +30,13 @@ struct RunTimePlace {
 // What begins a run-time data word.
 inline constexpr std::string_view kRunTimeWordOpening = "RTD(";
 
-// What stands between the parentheses of a run-time data word, cut at its first comma: one part for a message, two for
+// What is between the parentheses of a run-time data word, cut at its first comma: one part for a message, two for
 // a row and a column. Empty for any other text.
 std::vector<std::string_view> PartsOfRunTimeWord(std::string_view word);
 
-// The place of a word such as `RTD(4)` or `RTD(2,3)`; nothing if it has none. No definition needs to have it.
+// The place of a stored value by its word, such as `RTD(4)` or `RTD(2,3)`; nothing if it has none. No definition needs
+// to have it. Stored words are read more freely than those of texts: three characters, and what parentheses, commas and
+// `_` separate.
 std::optional<RunTimePlace> PlaceOfWord(std::string_view word);
 std::string WordOfPlace(RunTimePlace place);
 
@@ -90,7 +92,7 @@ public:
     // True if `line` is a run-time data line, whether or not it had any effect.
     bool ReadLine(std::string_view line, ReadMode mode);
     void WriteToList(std::vector<std::string>& list) const;
-    // Reads a definition file in the place of what is there. An empty path changes nothing and gives true; a file that
+    // Reads a definition file in place of what is there. An empty path changes nothing and gives true; a file that
     // can't be opened gives false and leaves the definition emptied.
     bool ReadFromFile(const std::string& path, ReadMode mode);
     // The same with a definition that is read already.

@@ -21,7 +21,7 @@ struct CTemplateLine {
 
 using TemplateLines = std::vector<CTemplateLine>;
 
-// `NNUL`, `NBIG`, `NSM`, or `NINIT` with the value behind it. A kind beyond these is written as `NNUL`.
+// `NNUL`, `NBIG`, `NSM`, or `NINIT` with the value after it. A kind beyond these is written as `NNUL`.
 std::string FormatNWord(const CNWordInfo& n_word);
 
 // Reads an N word, with regard to case. False, with `n_word` left alone, if `word` is none.

@@ -104,7 +104,7 @@ private:
 // The text of an edit with its selection and the one step that can be undone.
 class CEditText {
 public:
-    // One line gets blanks in the place of control characters.
+    // One line gets blanks in place of control characters.
     explicit CEditText(bool one_line) : one_line_(one_line) {}
 
     void Set(std::string_view text);  // not to be undone

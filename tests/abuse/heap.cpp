@@ -10,8 +10,8 @@ Heap heap;
 
 bool Fails() {
     if (!heap.counting) return false;
-    const int64_t behind = ++heap.requests - heap.first_failure;
-    return heap.first_failure > 0 && behind >= 0 && behind < heap.failures;
+    const int64_t since_first = ++heap.requests - heap.first_failure;
+    return heap.first_failure > 0 && since_first >= 0 && since_first < heap.failures;
 }
 
 void* Allocate(size_t size) {

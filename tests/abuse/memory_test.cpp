@@ -117,7 +117,7 @@ void FailOneAfterTheOther(const CJobHost& host, int64_t failures) {
         heap.first_failure = 0;
         const std::string next = host.Run();
         if (expected.empty()) expected = next;
-        ASSERT_EQ(next, expected) << "behind a failure of request " << first;
+        ASSERT_EQ(next, expected) << "after a failure of request " << first;
         ASSERT_TRUE(text.empty() || text == expected) << "request " << first << " failed; text:\n" << text;
         if (all_served) {
             EXPECT_EQ(text, expected);

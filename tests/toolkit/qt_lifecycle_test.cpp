@@ -44,7 +44,7 @@ private:
 
 // ---- Hosts in a process of their own ----
 
-// Standard output of a command; what it takes is told, as a display that can't be reached must not be waited for.
+// Standard output of a command; what it takes is said, as a display that can't be reached must not be waited for.
 std::string OutputOf(const std::string& command) {
     const auto start = std::chrono::steady_clock::now();
     std::string output;

@@ -59,7 +59,7 @@ TEST(BuffersTest, ReadsEachBufferOnceAndByItsNumber) {
     EXPECT_TRUE(buffers.SetCurBuffer(3));
     EXPECT_FALSE(buffers.CurBufferHasMoreData());
 
-    std::string later = "d";  // writing goes on in the current buffer, behind what was read
+    std::string later = "d";  // writing goes on in the current buffer, after what was read
     buffers.AddToBuffer(later);
     EXPECT_EQ(Pieces(buffers), std::vector<std::string>{"d"});
     buffers.Reset();

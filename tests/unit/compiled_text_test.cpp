@@ -13,7 +13,7 @@ class CompiledTextTest : public testing::Test {
 protected:
     CompiledTextTest() { run_values_.SetText("RTD(2,3)", "<@ToolId>", TextKind::kPlain); }
 
-    // The pieces of `text` on one line: each in brackets behind a letter for its kind.
+    // The pieces of `text` on one line: each in brackets after a letter for its kind.
     std::string Dump(const CCompiledText& text) const {
         std::string dump;
         for (const CompiledPiece& piece : text.pieces()) {

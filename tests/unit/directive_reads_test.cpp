@@ -1,4 +1,4 @@
-// The table of the options that directives read, held against runs: a directive stands alone in the templates, one
+// The table of the options that directives read, held against runs: a directive is alone in the templates, one
 // option has one value and then another, and the NC text differs or does not.
 #include "language/directive_reads.h"
 

@@ -230,7 +230,7 @@ TEST_F(EditorControls, DropDownListsWriteTheirKeys) {
         Tune(line);
     }
     OnPage("ToolRot", [this] {
-        EXPECT_EQ(Value("ToolRot_nNDec"), "-1");  // no entry stands for 5
+        EXPECT_EQ(Value("ToolRot_nNDec"), "-1");  // no entry is for 5
         toolkit_.Pick("ToolRot_nNDec", 0);
         EXPECT_EQ(Line("ToolRot_nNDec"), "INT  ToolRot_nNDec 4545");
         toolkit_.PickEntry("ToolRot_nNDec", ".3");
@@ -303,7 +303,7 @@ TEST_F(EditorControls, AListOfToolsHoldsThoseInUseAndHasAnEnd) {
     EXPECT_EQ(control.GetCount(), 0);
 }
 
-// Controls in a dialog write the tuning and have no page to tell; unbound ones write nothing.
+// Controls in a dialog write the tuning and have no page to notify; unbound ones write nothing.
 TEST_F(EditorControls, WithoutPageOrTuningNothingIsTold) {
     const auto dialog = toolkit_.MakeDialog("Plain");
     const ControlPlace place{toolkit_, *dialog};

@@ -8,6 +8,7 @@
 #include "platform/text_file.h"
 #include "text/words.h"
 #include "tuning/key_catalogue.h"
+#include "tuning/key_choices.h"
 #include "unit/editor_session.h"
 #include "unit/host_session.h"
 
@@ -190,6 +191,35 @@ TEST(EditorChoices, LeaveOneKeyTrue) {
             }
         }
     }});
+}
+
+// The pages and a run must agree on which keys exclude each other.
+TEST(EditorChoices, AreThoseOfARun) {
+    std::set<std::set<std::string>> of_pages, of_run;
+    size_t expected_radios = 0, radios = 0;
+    for (const Choice& choice : kChoices) {
+        std::set<std::string> keys;
+        for (const std::string_view place : KeysOf(choice.keys)) keys.insert(WithoutPlace(place));
+        if (choice.list == nullptr) expected_radios += keys.size();
+        of_pages.insert(std::move(keys));
+    }
+    for (const KeyChoice& choice : kKeyChoices) {
+        std::set<std::string> keys;
+        for (const KeyRef key : choice.keys()) keys.emplace(key->name);
+        of_run.insert(std::move(keys));
+    }
+    EXPECT_EQ(of_pages, of_run);
+
+    CEditorSession editor;
+    editor.Play({[&] {
+        for (const std::string_view page : kPagesOfKeys) {
+            ASSERT_EQ(editor.toolkit.GoToPage(page), "");
+            for (const auto& control : editor.toolkit.Top()->Controls()) {
+                radios += control->spec().kind == ControlKind::kRadio;
+            }
+        }
+    }});
+    EXPECT_EQ(radios, expected_radios);
 }
 
 TEST(EditorMarks, AreSetAtOnceOnSomePages) {

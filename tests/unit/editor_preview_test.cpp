@@ -14,7 +14,7 @@ namespace {
 
 constexpr CutAttributes kTool1{.line_type = 1, .tool_id = 1};
 
-class PreviewTest : public testing::Test, public CNCPreviewOwner {
+class PreviewTest : public testing::Test {
 protected:
     PreviewTest() {
         for (const char* line :
@@ -32,7 +32,6 @@ protected:
         records.StartSub("PART", {}, true, true);
         records.AddLine(kTool1, {1, 1}, {2, 2});
     }
-    void OnPreviewClosed() override {}
 
     CHeadlessDrawing& Drawing() { return *dynamic_cast<CHeadlessModeless&>(*toolkit_.Top()).drawing(); }
     std::vector<std::string> Rows() { return toolkit_.Find("list")->Rows(); }
@@ -58,7 +57,7 @@ protected:
     CListUser user_;
     CHeadlessToolkit toolkit_{user_};
     std::unique_ptr<CSheetWindow> sheet_ = toolkit_.MakeSheet("Sheet");
-    CNCCodePreview preview_{toolkit_, *this, *sheet_};
+    CNCCodePreview preview_{toolkit_, *sheet_, [] {}};
 };
 
 TEST_F(PreviewTest, ABlockIsMarkedInTheDrawingAndAnElementInTheList) {

@@ -7,7 +7,7 @@ namespace {
 
 struct RuleCase {
     const char* page;
-    const char* flags;   // keys that are true; `!` stands before one that is false
+    const char* flags;   // keys that are true; `!` before one that is false
     const char* closed;  // in the order of the page: `!` before a key whose control is greyed, `-` where it is hidden
 };
 

@@ -1,6 +1,8 @@
 // What of templates, preview and dialogs no transcript can show: files, and what happens without a tuning or a toolkit.
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "editor/output/code_preview.h"
 #include "editor/pages/params_sheet.h"
 #include "editor/templates/edit_template_dlg.h"
@@ -31,8 +33,7 @@ TEST_F(EditorDialogs, WithoutATuningATemplateCantBeStored) {
     user_.acts.emplace_back([this] { toolkit_.PressOk(); });
     user_.acts.emplace_back([this] { toolkit_.Click("Insert RunTimeData..."); });
     user_.acts.emplace_back([this] { toolkit_.PressOk(); });
-    CEditTemplateDlg dialog(toolkit_, nullptr, "Line_", "Line", false);
-    EXPECT_FALSE(dialog.RunModal());
+    EXPECT_FALSE(EditTemplate(toolkit_, nullptr, "Line_", "Line", false));
     EXPECT_TRUE(user_.acts.empty());  // it stayed open until the user had no more to do
 }
 
@@ -44,7 +45,7 @@ TEST(TemplateText, IsCutAtLineEndsAndNowhereElse) {
         {"A\r\nB\r\n", {"A", "B"}},
         {"\r\n\r\n A \r\n", {"", "", " A "}},
         {"A\r", {"A"}},
-        {"A\r B", {"A", "B"}},  // whatever stands behind the CR goes with it
+        {"A\r B", {"A", "B"}},  // whatever follows the CR goes with it
         {"A\nB", {"A\nB"}},
     };
     for (const auto& [text, expected] : cases) {
@@ -59,18 +60,12 @@ TEST(TemplateText, IsCutAtLineEndsAndNowhereElse) {
 
 // ---- Preview ----
 
-class COwner : public CNCPreviewOwner {
-public:
-    void OnPreviewClosed() override { ++closed; }
-    int closed = 0;
-};
-
 TEST_F(EditorDialogs, SavingTakesThePiecesOutOfTheBuffer) {
     const CTempFolder folder;
     Tune("MULTI FileStart_tTmpl NNUL % NNUL A");
-    COwner owner;
+    int closed = 0;
     const auto sheet = toolkit_.MakeSheet("Sheet");
-    CNCCodePreview preview(toolkit_, owner, *sheet);
+    CNCCodePreview preview(toolkit_, *sheet, [&closed] { ++closed; });
     preview.SaveToFile();  // before any run
     preview.OpenDrawing();
     EXPECT_EQ(user_.file_question, "");
@@ -87,16 +82,19 @@ TEST_F(EditorDialogs, SavingTakesThePiecesOutOfTheBuffer) {
     EXPECT_FALSE(session_.buffers.CurBufferHasMoreData());
     preview.SaveToFile();
     EXPECT_EQ(folder.Get("code.txt"), "");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1);  // no other file stays
 
     EXPECT_EQ(toolkit_.Find("list")->Rows().size(), 2U);  // the list shows the trace, which is still there
     EXPECT_EQ(toolkit_.PressClose(), "");
-    EXPECT_EQ(owner.closed, 1);
+    EXPECT_EQ(closed, 1);
     EXPECT_EQ(toolkit_.Top(), nullptr);
 }
 
 TEST_F(EditorDialogs, APreviewTakesThePagesMark) {
     CNCParamsSheet sheet(toolkit_, &session_, false, "Sheet");
-    auto& page = sheet.AddPage<CNCParamsPage>("Only", CNCParamsPage::Mark::kAtActivation);
+    CNCParamsPage& page = sheet.AddPage([](const PageContext& context) {
+        return std::make_unique<CNCParamsPage>(context, "Only", CNCParamsPage::Mark::kAtActivation);
+    });
     user_.acts.emplace_back([this] {
         EXPECT_EQ(toolkit_.PressApply(), "");
         EXPECT_NE(toolkit_.PressApply(), "");

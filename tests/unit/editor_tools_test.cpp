@@ -3,7 +3,6 @@
 
 #include "editor/pages/params_sheet.h"
 #include "editor/pages/params_tool_data.h"
-#include "editor/pages/params_tool_rot.h"
 #include "editor/pages/redef_tool_dlg.h"
 #include "editor/pages/view_tool_opt_dlg.h"
 #include "session/session.h"
@@ -22,11 +21,11 @@ protected:
         return value == std::string::npos ? ""
                                           : line.substr(value + key.size() + 1, line.size() - value - key.size() - 2);
     }
-    // Opens a sheet that has this page alone, and lets the user act.
-    template <typename Page>
-    void OnPage(bool inches, std::function<void(Page&)> acts, bool has_session = true) {
+    // Opens a sheet that has the page of tools alone, and lets the user act.
+    void OnPage(bool inches, const std::function<void(CNCParamsToolData&)>& acts, bool has_session = true) {
         CNCParamsSheet sheet(toolkit_, has_session ? &session_ : nullptr, inches, "Sheet");
-        Page& page = sheet.AddPage<Page>();
+        auto& page = dynamic_cast<CNCParamsToolData&>(
+            sheet.AddPage([](const PageContext& context) { return std::make_unique<CNCParamsToolData>(context); }));
         user_.acts.emplace_back([&acts, &page] { acts(page); });
         sheet.RunModal();
     }
@@ -54,7 +53,7 @@ TEST_F(EditorTools, LengthsAreInTheUnitOfTheSheetAndAnglesAreNot) {
         }
         for (const std::string& key : lengths) Tune("REAL T1_" + key + " 25.4");
         for (const std::string& key : angles) Tune("REAL T1_" + key + " 25.4");
-        OnPage<CNCParamsToolData>(inches, [&](CNCParamsToolData&) {
+        OnPage(inches, [&](CNCParamsToolData&) {
             for (const std::string& key : lengths) {
                 edit(key, inches ? "1.000" : "25.40", inches ? "-50.800000000" : "-2.000000000");
             }
@@ -67,7 +66,7 @@ TEST_F(EditorTools, LengthsAreInTheUnitOfTheSheetAndAnglesAreNot) {
 TEST_F(EditorTools, ATuningMayClaimAnyNumberOfTools) {
     Tune("INT nNumOfTools 2000000000");
     Tune("TEXT T2000000000_Speed_P1_sV1 F1");
-    OnPage<CNCParamsToolData>(false, [this](CNCParamsToolData&) {
+    OnPage(false, [this](CNCParamsToolData&) {
         EXPECT_EQ(toolkit_.Find("Number of tools:")->Value(), "2000000000");
         EXPECT_EQ(CountOfEntries("Data for &tool:"), 10000U);
         EXPECT_EQ(toolkit_.Click("&Delete Last Tool"), "");
@@ -79,12 +78,18 @@ TEST_F(EditorTools, ATuningMayClaimAnyNumberOfTools) {
     EXPECT_EQ(user_.messages, std::vector<std::string>{"No more than 30 tools allowed."});
     EXPECT_EQ(Stored("nNumOfTools"), "1999999999");
     EXPECT_EQ(Stored("T2000000000_Speed_P1_sV1"), "");
-    OnPage<CNCParamsToolRot>(false, [this](CNCParamsToolRot&) { EXPECT_EQ(CountOfEntries("list"), 10000U); });
+    CNCParamsSheet sheet(toolkit_, &session_, false, "Sheet");
+    sheet.AddPages();
+    user_.acts.emplace_back([this] {
+        EXPECT_EQ(toolkit_.GoToPage("ToolRot"), "");
+        EXPECT_EQ(CountOfEntries("list"), 10000U);
+    });
+    sheet.RunModal();
 }
 
 TEST_F(EditorTools, ANegativeCountIsNoTools) {
     Tune("INT nNumOfTools -3");
-    OnPage<CNCParamsToolData>(false, [this](CNCParamsToolData&) {
+    OnPage(false, [this](CNCParamsToolData&) {
         EXPECT_EQ(toolkit_.Find("Number of tools:")->Value(), "0");
         EXPECT_NE(toolkit_.Click("&Delete Last Tool"), "");
         EXPECT_EQ(toolkit_.Click("Create &New Tool..."), "");
@@ -98,7 +103,7 @@ TEST_F(EditorTools, ADeletedToolLeavesNoKeysAndTakesNoOthers) {
                                    "TEXT T3_Speed_P1_sV1 F3", "TEXT T33_Speed_P1_sV1 F33", "TEXT T3Other x"}) {
         Tune(line);
     }
-    OnPage<CNCParamsToolData>(false, [this](CNCParamsToolData&) {
+    OnPage(false, [this](CNCParamsToolData&) {
         EXPECT_EQ(toolkit_.PickEntry("Data for &tool:", "T3"), "");
         EXPECT_EQ(toolkit_.Type("rMinMoveMM", "5"), "");
         EXPECT_EQ(toolkit_.Click("&Delete Last Tool"), "");
@@ -116,7 +121,7 @@ TEST_F(EditorTools, TheMasterIsStoredWhenItIsChosenAndNotBefore) {
          {"INT nNumOfTools 2", "BOOL T1_bToolTool false", "BOOL T1_bToolSubordinate true", "BOOL T2_bToolTool true"}) {
         Tune(line);
     }
-    OnPage<CNCParamsToolData>(false, [this](CNCParamsToolData&) {
+    OnPage(false, [this](CNCParamsToolData&) {
         EXPECT_EQ(Stored("T1_nPhysicalTool"), "");
         EXPECT_EQ(toolkit_.Pick("&Master tool:", 0), "");
         EXPECT_EQ(Stored("T1_nPhysicalTool"), "2");
@@ -125,7 +130,7 @@ TEST_F(EditorTools, TheMasterIsStoredWhenItIsChosenAndNotBefore) {
 
 TEST_F(EditorTools, ToolZeroOnlyEmptiesTheTemplates) {
     Tune("INT nNumOfTools 2");
-    OnPage<CNCParamsToolData>(false, [this](CNCParamsToolData& page) {
+    OnPage(false, [this](CNCParamsToolData& page) {
         EXPECT_EQ(CountOfEntries("table"), 4U);
         page.SelectTool(0);
         EXPECT_EQ(CountOfEntries("table"), 0U);
@@ -137,13 +142,12 @@ TEST_F(EditorTools, ToolZeroOnlyEmptiesTheTemplates) {
 }
 
 TEST_F(EditorTools, NoToolIsTakenFromNone) {
-    CRedefToolDlg dialog(toolkit_, 0, kDefaultTool);
     user_.acts.emplace_back([this] { EXPECT_EQ(toolkit_.PressOk(), ""); });
-    EXPECT_FALSE(dialog.RunModal());
+    EXPECT_EQ(ChooseSourceTool(toolkit_, 0, kDefaultTool), std::nullopt);
 }
 
 TEST_F(EditorTools, WithoutATuningNothingHappens) {
-    OnPage<CNCParamsToolData>(
+    OnPage(
         false,
         [this](CNCParamsToolData& page) {
             page.SelectTool(1);
@@ -166,7 +170,6 @@ TEST_F(EditorTools, AllOptionsCanBeListedByToolAndByOption) {
           "BOOL ToolRot_bModal true"}) {
         Tune(line);
     }
-    CViewToolOptDlg dialog(toolkit_, &session_.tuning);
     const std::vector<std::string> by_tool = {
         "T10\tsRTCode\tG00",      "T1x\ta\tword",    "T2\tFly_rDEG_MaxAngDeviation\t2.500000",
         "T2\tToolOn_tTmpl\tM3G4", "T2\tsRTCode\tG0", "T\tbTangential\ttrue"};
@@ -185,7 +188,7 @@ TEST_F(EditorTools, AllOptionsCanBeListedByToolAndByOption) {
         EXPECT_EQ(toolkit_.Find("table")->Rows(), by_tool);
         toolkit_.PressOk();
     });
-    EXPECT_TRUE(dialog.RunModal());
+    ViewToolOptions(toolkit_, &session_.tuning);
     EXPECT_EQ(user_.screen.front(), "open View Tool Options");
 }
 

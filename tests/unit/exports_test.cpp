@@ -62,7 +62,7 @@ TEST(ExportsTest, BeginWithASessionThatHoldsNothing) {
     EXPECT_EQ(more, 0);
     ASSERT_NE(text, nullptr);
     EXPECT_EQ(Taken(text), "");
-    session.Tune("12");  // behind the piece that was kept over the end of the session
+    session.Tune("12");  // after the piece that was kept over the end of the session
     session.Tune("13 14 15");
     wchar_t* next = nullptr;
     GBrn_GetNextTuneLine(L"sMainProgNum", &text, &next);

@@ -1,4 +1,4 @@
-// What the command tells of a drawing, and what it counts, before the library reads it; and that the counts are those
+// What the command says of a drawing, and what it counts, before the library reads it; and that the counts are those
 // of the library's own store.
 #include <gtest/gtest.h>
 
@@ -47,19 +47,19 @@ TEST(HostDrawing, Findings) {
         {"$BOF\nUR,9,9\nL,1,1,0,0,0,1,1,0,0\n$EOF\n", {}},
         {"$BOF\nUR,9,9\n", {"0: no $EOF at the end: the drawing seems cut off"}},
         {"MAIN,A\nUR,9,9\nEND\nSUB,B\nL,1,1,0,0,0,1,1,0,0\n",
-         {"0: no END behind its last program: the drawing seems cut off"}},
+         {"0: no END after its last program: the drawing seems cut off"}},
         {"L,1,1,0,0,0,1,1,0,0\nUR,9,9\n", {"1: record before the UR record: dropped"}},
         {"L,1,1,0,0,0,1,1,0,0\n",
          {"0: no UR record: nothing of the drawing is used", "1: record before the UR record: dropped"}},
         {"SUB,B\nL,1,1,0,0,0,1,1,0,0\n", {"0: no UR record: the first sub-program is taken as the main program"}},
         {"SUB,B\nUR,9,9\n", {"2: UR record: it discards the programs before it"}},
-        {"UR,9,9\nMAIN,A\n", {"2: MAIN record behind the UR record: the main program keeps its name"}},
+        {"UR,9,9\nMAIN,A\n", {"2: MAIN record after the UR record: the main program keeps its name"}},
         {"UR,9,9\nL,1,1,0,0,0,1,1\nA,1\nL\n",
          {"2: L record with 8 of 10 words: dropped", "3: A record with 2 of 13 words: dropped",
           "4: L record without further words: dropped"}},
         {"UR,9,9\nL,1,1,0,0,0,10mm,1,0,0\nL,1,1.5,0,nan,0,1,1,0,0\nL,1,70000,0,0,1e999,1,1,0,0\n",
          {"2: '10mm' is no number that can be read: it counts as 10",
-          "3: '1.5' stands where a whole number belongs: it counts as 1",
+          "3: '1.5' is not a whole number, as this word must be: it counts as 1",
           "3: 'nan' is no number that can be read: it counts as 0",
           "4: '70000' is beyond the range of this word: it counts as 4464",
           "4: '1e999' is no number that can be read: it counts as 0"}},
@@ -79,7 +79,7 @@ TEST(HostDrawing, Findings) {
         {"UI,x\nUM\nUR,9,9\n",
          {"2: UM has no effect without a second word: lengths stay inches; for millimetres write UM,1"}},
         {"\xEF\xBB\xBF$BOF\nUR,9,9\n", {}},
-        {"\xEF\xBB\xBFMAIN,A\nUR,9,9\n", {"1: a byte order mark stands before 'MAIN': line ignored"}},
+        {"\xEF\xBB\xBFMAIN,A\nUR,9,9\n", {"1: there is a byte order mark before 'MAIN': line ignored"}},
         {"UR,9,9\nA,1,1,0,1e300,0,0,1e300,0,0,1e300,0,0\n", {}},
     };
     for (const Case& c : cases) EXPECT_EQ(FaultsOf(c.drawing), c.findings) << c.drawing;
@@ -92,7 +92,7 @@ TEST(HostDrawing, FindingsOfAKindAreLimited) {
     const Texts findings = FaultsOf(drawing);
     ASSERT_EQ(findings.size(), 22U);
     EXPECT_EQ(findings[19], "21: L record with 2 of 10 words: dropped");
-    EXPECT_EQ(findings[20], "21: and 980 more of this kind behind this line");
+    EXPECT_EQ(findings[20], "21: and 980 more of this kind after this line");
     EXPECT_EQ(findings[21].substr(0, 6), "1002: ");
 }
 
@@ -118,14 +118,14 @@ TEST(HostDrawing, UnknownToolsAreToldOnceEach) {
     EXPECT_TRUE(MisfitsOf(survey, tuning).empty());
 }
 
-// Radius words that a whole drawing writes in a way of its own are told where the radius counts, once.
+// Radius words that a whole drawing writes in a way of its own are reported where the radius counts, once.
 TEST(HostDrawing, RadiusWordsThatAreNoRadius) {
     const std::string line = "A,1,1,0,10,0,0,10,0,0,";
     const std::string directions = "UR,9,9\n" + line + "-1,0,0\n" + line + "10,0,0\n" + line + "1,0,0\n";
     const std::string inches = "UI,1\nUR,9,9\n" + line + "-10,0,0\n" + line + "10,0,0\n";
     const std::string millimetres = "UI,1\nUR,9,9\n" + line + "-254,0,0\n";
     const Texts direction_faults = {
-        "2: the radius word tells a direction alone, but this tuning uses the radius, like 1 further arc"};
+        "2: the radius word gives only a direction, but this tuning uses the radius, like 1 further arc"};
     const Texts inch_faults = {
         "3: the radius word is in inches, but counts as millimetres, and this tuning uses the radius, like 1 further "
         "arc"};

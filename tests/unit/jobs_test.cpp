@@ -4,8 +4,8 @@
 // What follows a `#` at the start of a line is a remark. Each `End` adds its NC text to the result. Without a calls.txt
 // the drawing is opened and run.
 //
-// In expected.nc a line end stands for CR LF, any other control character is written `\XX`. A text that does not end
-// with a line end has a `\` behind it. Further segments and runs begin with a line of their own.
+// In expected.nc a line end means CR LF, any other control character is written `\XX`. A text that does not end
+// with a line end has a `\` after it. Further segments and runs begin with a line of their own.
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -113,7 +113,7 @@ const std::map<std::string, Call>& Calls() {
     return calls;
 }
 
-// NC text as it stands in expected.nc.
+// NC text as expected.nc has it.
 std::string Shown(std::string_view text) {
     constexpr char kHex[] = "0123456789ABCDEF";
     std::string shown;

@@ -15,7 +15,7 @@ namespace {
 using enum KeyKind;
 using enum KeyScope;
 
-// The kind that a name tells: by the first letter of its first part that begins with a small letter.
+// The kind that a name says: by the first letter of its first part that begins with a small letter.
 KeyKind KindByName(std::string_view name) {
     size_t start = 0;
     while (name[start] < 'a') start = name.find('_', start) + 1;
@@ -40,7 +40,7 @@ bool Fits(const KeyDefault& value, KeyKind kind) {
     }
 }
 
-// Every complete key that the catalogue allows, with the given prefix behind which keys of tools stand.
+// Every complete key that the catalogue allows, with the given prefix of keys of tools.
 std::vector<std::string> AllKeys(const std::string& tool_prefix) {
     std::vector<std::string> keys;
     for (const KeyInfo& row : KeyCatalogue()) {
@@ -67,7 +67,7 @@ TEST(KeyCatalogue, RowsAgreeWithThemselves) {
         EXPECT_TRUE(seen.emplace(row.name, row.scope).second) << "twice";
         EXPECT_TRUE(groups.contains(row.group)) << row.group;
         EXPECT_TRUE(row.meaning.ends_with('.'));
-        // A switch that a run never reads is a button of the editor, and the user is told so.
+        // A switch that a run never reads is a button of the editor, and its help says so.
         EXPECT_EQ(row.meaning.starts_with("Editor only:"), row.kind == kBool && !row.read_default.HasValue());
     }
 }
@@ -120,7 +120,7 @@ TEST(MatchKey, RefusesUnknownKeys) {
         "bTerminate", "tTmpl", "_tTmpl", "bTerminiate", "Line_", "Line", "Line_bUse", "line_tTmpl", "Line_Arc_tTmpl",
         "LineXtTmpl", "Fly_bForPreceding", "Speed_P1_sV5", "MM_nNDec", "MM_AX3_nNDec", "TextHgt_rFactor",
         "TextData_sFROM_2",
-        // What stands behind the prefix of a tool, alone; and the other way round.
+        // What follows the prefix of a tool, alone; and the other way round.
         "bTangential", "Fly_bUse", "ToolOff_bUse", "ToolOff_tTmpl", "ToolOn_bTerminiate", "T3_bUseSubs",
         "T_nNumOfTools", "T3_Line_tTmpl", "T3_Fly_bSupport", "T3_tTmpl", "T3_sTangAuxCode1",
         // No prefix of a tool.

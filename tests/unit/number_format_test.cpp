@@ -15,7 +15,7 @@
 namespace brindle {
 namespace {
 
-// As the writer is told, with printf in the C locale, which a test program starts in.
+// As the writer is called, with printf in the C locale, which a test program starts in.
 std::string Reference(double value, int decimals, bool trim_zeros, bool trim_point) {
     if (value == 0.0 || !std::isfinite(value)) value = 0.0;
     char digits[400];

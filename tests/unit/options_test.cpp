@@ -107,7 +107,7 @@ TEST(Options, AxesByUnit) {
     Tuning tuning({"INT MM_AX1_nNDec 1", "INT MM_AX2_nNDec 4545", "INT IN_AX2_nNDec 4", "REAL MM_AX1_rFactor 10",
                    "REAL MM_AX2_rFactor 20", "REAL IN_AX1_rFactor 30"});
     EXPECT_EQ(tuning.opts.Axis1Decimals(false), 1);
-    EXPECT_EQ(tuning.opts.Axis1Decimals(true), 3);  // what is told for millimetres says nothing about inches
+    EXPECT_EQ(tuning.opts.Axis1Decimals(true), 3);  // what is said for millimetres says nothing about inches
     EXPECT_EQ(tuning.opts.Axis2Decimals(true), 4);
     EXPECT_EQ(tuning.opts.Axis1Factor(true), 30.0);
     EXPECT_EQ(tuning.opts.Axis2Factor(true), 1.0);
@@ -149,7 +149,7 @@ TEST(Options, DefinitionAndItemsShareOneText) {
     Tuning tuning(lines);
     Lines written;
     tuning.opts.WriteToList(written);
-    // The definition comes first and keeps its order; the items stand before the first greater word.
+    // The definition comes first and keeps its order; the items come before the first greater word.
     EXPECT_EQ(written, (Lines{"UPD 2024_03_01_10_00_00", "INT  nNumOfTools 2 ", "TEXT Steel x ", "ROW TEXT Top ",
                               "DATASETDEF Steel", "DSD Steel TEXT RTD(1) 5 ", "TEXT zLast z "}));
     Tuning back(written);

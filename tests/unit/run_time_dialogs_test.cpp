@@ -7,6 +7,7 @@
 
 #include "editor/run_time_data/nc_run_time_dlg.h"
 #include "editor/run_time_data/rtd_def_editor.h"
+#include "editor/run_time_data/run_time_value_tables.h"
 #include "editor/toolkit/active_toolkit.h"
 #include "host/commands/commands.h"
 #include "platform/local_time.h"
@@ -155,7 +156,7 @@ TEST_F(RunTimeDialogs, TheCommandPrintsTheChosenDataset) {
         Acts acts;
         int status;
         const char* output;
-        const char* errors;  // behind the name of the command
+        const char* errors;  // after the name of the command
     } rows[] = {
         {&toolkit_, "", {Ok()}, 0, "Wood\n", ""},
         {&toolkit_, " --dataset Steel", {Ok()}, 0, "Steel\n", ""},

@@ -8,7 +8,7 @@
 namespace brindle {
 namespace {
 
-// The pieces, each between bars behind a letter for its kind.
+// The pieces, each between bars after a letter for its kind.
 std::string Pieces(std::string_view text) {
     const char* const kinds[] = {"F:", "D:", "R:"};
     std::string result = "|";
@@ -36,7 +36,7 @@ TEST(TemplateText, Pieces) {
         EXPECT_EQ(Pieces(row.substr(0, row.find('='))), row.substr(row.find('=') + 1));
 }
 
-// The rule of dividing as it stands, each step on a text of its own. Slow.
+// The rule of dividing to the letter, each step on a text of its own. Slow.
 std::vector<std::string> DividedByTheRule(std::string text) {
     const std::string mark = "!STARTWORDHERE!";
     for (const std::string opening : {"<@", "<RTD"}) {

@@ -9,7 +9,7 @@
 namespace brindle::host {
 namespace {
 
-// Each piece as `PLACE:TEXT`, behind `<` if it is opened and before `>` if it is closed.
+// Each piece as `PLACE:TEXT`, after `<` if it is opened and before `>` if it is closed.
 std::string Placed(std::string_view text) {
     std::string shown;
     for (const PlacedPiece& piece : PlacePieces(text)) {

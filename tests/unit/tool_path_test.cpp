@@ -192,7 +192,7 @@ TEST(ToolPathTest, StaysBoundedWhereCallsMultiply) {
     EXPECT_LE(run.path.elements.size(), 2000001U);
 }
 
-// A tool that stands beside the axes' position cuts where the drawing wants it.
+// A tool that is beside the axes' position cuts where the drawing wants it.
 TEST(ToolPathTest, TakesTheOffsetOfAToolOutOfTheWords) {
     Job run;
     run.Tune({kTools, "BOOL T1_ToolOff_bUse true", "REAL T1_ToolOff_rAxis1MM 30", "REAL T1_ToolOff_rAxis2MM -7"});

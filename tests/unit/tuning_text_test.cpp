@@ -27,7 +27,7 @@ Lines KeysOf(const CKVItemContainer& container) {
     return keys;
 }
 
-// Everything that tells an item: kind, value and place.
+// Everything that makes an item: kind, value and place.
 Lines Dump(const CKVItemContainer& container) {
     Lines dump;
     for (const auto& [key, item] : container.items()) dump.push_back(container.FormatItem(key, item.get()));

@@ -284,7 +284,7 @@ TEST_F(UserStore, FullDisk) {
     EXPECT_EQ(Files(), (std::vector<std::string>{"name", "small"}));
 }
 
-// A record that tells of itself whether it is whole: its date gives the size of its data, all of one character.
+// A record that shows whether it is whole: its date gives the size of its data, all of one character.
 UserRecord CheckedRecord(char letter, int number) {
     const size_t size = static_cast<size_t>(number) * 7919 % 100000;
     return {std::to_string(size), std::string(size, letter)};

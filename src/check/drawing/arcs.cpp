@@ -56,7 +56,7 @@ void CArcCheck::Add(size_t line, const cff2::Arc& arc, double scale, CDiagnostic
     if (word == 0.0) {
         return diagnostics.Add(
             Rule::kZeroRadius, {line},
-            "a radius word of 0 tells no direction: above 0 is clockwise, below 0 counter-clockwise");
+            "a radius word of 0 gives no direction: above 0 is clockwise, below 0 counter-clockwise");
     }
     if (AreSameRadius(word, radius)) return;
     const bool is_direction = word == 1.0;
@@ -93,7 +93,7 @@ void CheckHabits(const RadiusHabits& habits, const CBrindleOpts& tuning, const s
         if (use.count > 0) diagnostics.Add(rule, {use.first_line}, what + LikeFurther(use, "arc"));
     };
     add(Rule::kRadiusAsDirection, habits.directions,
-        "the radius word tells a direction alone, but this tuning uses the radius");
+        "the radius word gives only a direction, but this tuning uses the radius");
     add(Rule::kRadiusInInches, habits.inches,
         "the radius word is in inches, but counts as millimetres, and this tuning uses the radius");
 }

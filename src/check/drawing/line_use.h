@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "text/message_words.h"
+
 namespace brindle {
 
 // Lines that have something in common.
@@ -18,6 +20,8 @@ struct LineUse {
 };
 
 // `, like 3 further lines` for a message about the first of 4; empty for a single one.
-std::string LikeFurther(const LineUse& use, std::string_view thing);
+inline std::string LikeFurther(const LineUse& use, std::string_view thing) {
+    return use.count < 2 ? "" : ", like " + Counted(use.count - 1, "further " + std::string(thing));
+}
 
 }  // namespace brindle

@@ -31,13 +31,13 @@ public:
         if (!meant) return Add(Rule::kBadWord, quoted + "is no number that can be read" + counts);
         if (*meant == std::trunc(*meant))
             return Add(Rule::kWordRange, quoted + "is beyond the range of this word" + counts);
-        Add(Rule::kWordNotWhole, quoted + "stands where a whole number belongs" + counts);
+        Add(Rule::kWordNotWhole, quoted + "is not a whole number, as this word must be" + counts);
     }
 
 private:
     void Add(Rule rule, std::string text) { diagnostics_.Add(rule, {line_}, std::move(text)); }
 
-    // A number that was read as it stands.
+    // A number that was read as written.
     void CheckValue(char kind, double value) {
         constexpr double kRoundedTurn = kFullTurn + 0.01;
         if (kind == 'a' && std::fabs(value) > kRoundedTurn) {

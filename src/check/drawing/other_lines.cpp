@@ -72,12 +72,12 @@ void COtherLines::LookAtName(size_t line, const std::vector<std::string_view>& w
         if (!AllAre(words, 0.0))
             Ignore(Rule::kLowerLeft, "LL", line, "LL is not read: the lower left corner counts as 0,0");
     } else if (EqualNoCase(name, "SCALE")) {
-        if (!AllAre(words, 1.0)) Ignore(Rule::kScale, "SCALE", line, "SCALE is not read: lengths count as they stand");
+        if (!AllAre(words, 1.0)) Ignore(Rule::kScale, "SCALE", line, "SCALE is not read: lengths count as written");
     } else if (name.starts_with(kByteOrderMark)) {
         const std::string_view rest = name.substr(kByteOrderMark.size());
         if (rest.empty() || (IsCustomary(rest) && !EqualNoCase(rest, "MAIN"))) return;
         Ignore(Rule::kByteOrderMark, std::string(name), line,
-               "a byte order mark stands before " + Quoted(rest) + ": line ignored");
+               "there is a byte order mark before " + Quoted(rest) + ": line ignored");
     } else if (const size_t semicolon = name.find(';'); semicolon != std::string_view::npos && semicolon > 0) {
         Ignore(Rule::kSemicolons, ";", line, "semicolons separate no words, commas and blanks do: line ignored");
     } else if (!IsCustomary(name)) {

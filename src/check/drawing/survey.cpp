@@ -6,9 +6,9 @@
 #include <unordered_map>
 
 #include "cff2/cff2_record.h"
+#include "check/drawing/misplaced_words.h"
 #include "check/drawing/numbers.h"
 #include "check/drawing/other_lines.h"
-#include "check/drawing/words.h"
 #include "platform/text_file.h"
 #include "text/message_words.h"
 
@@ -73,7 +73,7 @@ private:
 
     void Take(const cff2::Other&) {}
     void Take(const cff2::MainName& r) {
-        if (has_main_) Report(Rule::kLateMainName, "MAIN record behind the UR record: the main program keeps its name");
+        if (has_main_) Report(Rule::kLateMainName, "MAIN record after the UR record: the main program keeps its name");
         main_name_ = r.name;
         last_start_ = line_;
     }
@@ -174,7 +174,7 @@ private:
         if (has_marks_ && !has_end_mark_) {
             diagnostics_.Add(Rule::kCutOff, {}, "no $EOF at the end: the drawing seems cut off");
         } else if (last_end_ != 0 && last_start_ > last_end_) {
-            diagnostics_.Add(Rule::kCutOff, {}, "no END behind its last program: the drawing seems cut off");
+            diagnostics_.Add(Rule::kCutOff, {}, "no END after its last program: the drawing seems cut off");
         }
     }
 

@@ -4,8 +4,12 @@ namespace brindle {
 
 void CheckAll(const CPlacedTuning& tuning, CDiagnostics& diagnostics) {
     constexpr void (*kChecks[])(const CPlacedTuning&, CDiagnostics&) = {
-        CheckLines, CheckRunTimeData, CheckValues, CheckChoices,      CheckSpeeds, CheckMissingWords,
-        CheckTools, CheckWords,       CheckEvents, CheckEmptyOptions, CheckCycles, CheckUnread,
+        CheckLines,          CheckRunTimeData,
+        CheckValues,         CheckChoices,
+        CheckSpeeds,         CheckMissingDirectives,
+        CheckTools,          CheckTextSyntax,
+        CheckTemplateEvents, CheckEmptyAddressesAndCodes,
+        CheckCycles,         CheckUnreadKeys,
     };
     for (const auto check : kChecks) check(tuning, diagnostics);
 }

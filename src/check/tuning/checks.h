@@ -1,4 +1,5 @@
-// The checks of tunings, each of one kind. All look at one tuning and add what they find.
+// The checks of tunings, each in the file of its name and of its group of rules. All look at one tuning and add what
+// they find.
 #pragma once
 
 #include "check/diagnostics.h"
@@ -22,25 +23,25 @@ void CheckChoices(const CPlacedTuning& tuning, CDiagnostics& diagnostics);
 void CheckSpeeds(const CPlacedTuning& tuning, CDiagnostics& diagnostics);
 
 // Directives that no template has though the options need them.
-void CheckMissingWords(const CPlacedTuning& tuning, CDiagnostics& diagnostics);
+void CheckMissingDirectives(const CPlacedTuning& tuning, CDiagnostics& diagnostics);
 
 // Tools without templates, tools beyond nNumOfTools, master tools that don't exist, tools that stay on.
 void CheckTools(const CPlacedTuning& tuning, CDiagnostics& diagnostics);
 
 // Words in templates and option texts: brackets, names of directives, keywords, run-time data words.
-void CheckWords(const CPlacedTuning& tuning, CDiagnostics& diagnostics);
+void CheckTextSyntax(const CPlacedTuning& tuning, CDiagnostics& diagnostics);
 
 // Directives that give nothing, or no more than a 0, at the events whose templates have them.
-void CheckEvents(const CPlacedTuning& tuning, CDiagnostics& diagnostics);
+void CheckTemplateEvents(const CPlacedTuning& tuning, CDiagnostics& diagnostics);
 
 // Addresses and codes that are empty though a directive writes them.
-void CheckEmptyOptions(const CPlacedTuning& tuning, CDiagnostics& diagnostics);
+void CheckEmptyAddressesAndCodes(const CPlacedTuning& tuning, CDiagnostics& diagnostics);
 
 // Option texts that come back to themselves.
 void CheckCycles(const CPlacedTuning& tuning, CDiagnostics& diagnostics);
 
 // Keys and templates that nothing reads.
-void CheckUnread(const CPlacedTuning& tuning, CDiagnostics& diagnostics);
+void CheckUnreadKeys(const CPlacedTuning& tuning, CDiagnostics& diagnostics);
 
 // All of them.
 void CheckAll(const CPlacedTuning& tuning, CDiagnostics& diagnostics);

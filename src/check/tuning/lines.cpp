@@ -2,7 +2,6 @@
 #include <unordered_map>
 
 #include "check/tuning/checks.h"
-#include "check/tuning/intended_key.h"
 #include "check/tuning/nearest_name.h"
 #include "platform/text_encoding.h"
 #include "text/ascii.h"
@@ -14,7 +13,7 @@
 namespace brindle {
 namespace {
 
-// Looking for a near key takes a walk through the catalogue; rubbish in the place of a tuning would take millions.
+// Looking for a near key takes a walk through the catalogue; rubbish in place of a tuning would take millions.
 constexpr int kMostSuggestions = 200;
 
 std::string NearestType(std::string_view word) {
@@ -110,7 +109,7 @@ private:
         const auto [first, is_new] = first_line_.emplace(key, line.number);
         if (!is_new) {
             Add(Rule::kRepeatedKey, line, key,
-                Quoted(key) + " stands in line " + std::to_string(first->second) + " already; line " +
+                Quoted(key) + " is in line " + std::to_string(first->second) + " already; line " +
                     std::to_string(item.line->number) + " counts");
         }
         const KeyInfo* const info = item.match.info;
@@ -141,15 +140,15 @@ private:
         if (kind == KeyKind::kInt || kind == KeyKind::kReal) CheckNumber(line, kind, value);
         if (type.text_kind != TextKind::kPlain) {
             Add(Rule::kMisplacedExpression, line, line.words[0],
-                "expressions are computed in DSD lines only; here the text is taken as it stands");
+                "expressions are computed in DSD lines only; here the text is taken as it is");
         }
     }
 
     void WarnOfFurtherWords(const PlacedLine& line, KeyKind kind) {
         const std::string_view next = line.words[3];
-        if (kind != KeyKind::kText) return Add(Rule::kExtraWords, line, next, "words behind the value are ignored");
+        if (kind != KeyKind::kText) return Add(Rule::kExtraWords, line, next, "words after the value are ignored");
         Add(Rule::kCutText, line, next,
-            line.HasTabBefore(next) ? "a tab ends the text: what stands behind it is ignored"
+            line.HasTabBefore(next) ? "a tab ends the text: what follows is ignored"
                                     : "a blank ends the text: within it a blank is written !#SP#!");
     }
 
@@ -172,7 +171,7 @@ private:
         while (i < line.words.size() && ParseNWord(line.words[i], n_word)) i += 2;
         if (i < line.words.size()) {
             const std::string dropped =
-                i + 1 < line.words.size() ? "it and the text behind it are dropped" : "it is dropped";
+                i + 1 < line.words.size() ? "it and the text after it are dropped" : "it is dropped";
             const std::string nearest = NearestNWord(line.words[i]);
             Add(Rule::kBadNWord, line, line.words[i],
                 Quoted(line.words[i]) + " is no N word (NNUL, NBIG, NSM, NINITn): " + dropped +
@@ -180,12 +179,11 @@ private:
                 DidYouMean(nearest));
         } else if (i > line.words.size()) {
             Add(Rule::kMissingText, line, line.words.back(),
-                Quoted(line.words.back()) + " is dropped: no text stands behind it",
-                "an empty one is written !#EMPTY#!");
+                Quoted(line.words.back()) + " is dropped: no text follows it", "an empty one is written !#EMPTY#!");
         }
     }
 
-    // Why another word is in the place of an N word.
+    // Why another word is where an N word belongs.
     static std::string HintForNWord(const PlacedLine& line, size_t at) {
         const std::string_view word = line.words[at];
         if (at == 2) return "; NNUL is missing before the first text";

@@ -140,7 +140,7 @@ private:
 
 }  // namespace
 
-void CheckMissingWords(const CPlacedTuning& tuning, CDiagnostics& diagnostics) {
+void CheckMissingDirectives(const CPlacedTuning& tuning, CDiagnostics& diagnostics) {
     MissingWordChecker(tuning, diagnostics).Check();
 }
 

@@ -10,5 +10,8 @@ namespace brindle {
 std::string NearestName(std::string_view word, std::span<const std::string_view> names);
 std::string NearestDirective(std::string_view word);
 std::string NearestKeyword(std::string_view word);
+// The key with a tool's prefix if that is all that it lacks, without it if that is all that it has too much, otherwise
+// the known key that is spelt most like it.
+std::string IntendedKey(std::string_view key);
 
 }  // namespace brindle

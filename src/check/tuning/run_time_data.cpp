@@ -49,14 +49,14 @@ private:
                        "the line has no effect: " + words[0] + " TEXT is followed by a name");
         if (words[1] != "TEXT") {
             Add(Rule::kSkippedWord, line, 1,
-                "the second word is TEXT; what stands here is skipped, and the name is " + Quoted(words[2]));
+                "TEXT belongs here: this word is skipped, and the name is " + Quoted(words[2]));
         }
         if (UnescapeBlanks(words[2]).empty())
             Add(Rule::kNamelessEntry, line, 2, "the line has no effect: the name is empty");
         if (words.size() < 4) return;
         if (words[3] != "HIDE")
             Add(Rule::kExtraWords, line, 3, "only HIDE has a meaning here; within a name a blank is written !#SP#!");
-        if (words[3] == "HIDE" && words.size() > 4) Add(Rule::kExtraWords, line, 4, "words behind HIDE are ignored");
+        if (words[3] == "HIDE" && words.size() > 4) Add(Rule::kExtraWords, line, 4, "words after HIDE are ignored");
     }
 
     void CheckValue(const PlacedLine& line, const Words& words) {
@@ -77,7 +77,7 @@ private:
                 words[3] + " of dataset " + Quoted(dataset) + " is set again: the last line counts");
         }
         if (words.size() > 5)
-            Add(Rule::kCutText, line, 5, "words behind the value are ignored; within it a blank is written !#SP#!");
+            Add(Rule::kCutText, line, 5, "words after the value are ignored; within it a blank is written !#SP#!");
         CheckRunTimeWord(words[3], tuning_.options().definition(), line.PlaceOf(line.Word(3)), diagnostics_);
     }
 

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "text/message_words.h"
 #include "text/numbers.h"
 
 namespace brindle {
@@ -40,6 +41,18 @@ bool CheckRunTimeWord(std::string_view word, const CRunTimeDataDef& definition, 
     }
     if (!fault.empty()) diagnostics.Add(Rule::kUndefinedRunTimeWord, place, fault);
     return fault.empty();
+}
+
+void CheckRunTimeValue(const std::string& word, const CRunTimeDataDef& definition, Place place,
+                       CDiagnostics& diagnostics) {
+    if (!CheckRunTimeWord(word, definition, place, diagnostics)) return;
+    const auto add = [&](std::string message) { diagnostics.Add(Rule::kMissingValue, place, std::move(message)); };
+    const CDataSetContainer& datasets = definition.datasets();
+    if (datasets.size() == 0) return add("no dataset has a value for " + word);
+    for (size_t i = 0; i < datasets.size(); ++i) {
+        if (datasets.ValuesAt(i)->items().Find(word) != nullptr) continue;
+        return add("dataset " + Quoted(datasets.NameAt(i)) + " has no value for " + word);
+    }
 }
 
 }  // namespace brindle

@@ -7,39 +7,6 @@
 namespace brindle {
 namespace {
 
-// What there is when the template of an event is executed. A segment can end at any record.
-struct EventState {
-    EventRef event;
-    Records records;
-    std::string_view record_text;  // as the end of a sentence
-    bool has_tool;                 // one is selected
-    bool with_segments = false;    // none of this holds if the output is cut into segments
-};
-
-constexpr EventState kStates[] = {
-    {Event("FileStart_"), kNoRecord, "there is no record yet", false},
-    {Event("FileEnd_"), kAllRecords, "", false, true},
-    {Event("MainInit_"), kNoRecord, "there is no record yet", false},
-    {Event("MainTerm_"), kLineRecord, "the record is the final position", false, true},
-    {Event("SubInit_"), kAllRecords, "", false},
-    {Event("SubTerm_"), kAllRecords, "", true},
-    {Event("Move_"), kCutRecords | kTextRecord, "the record is the one moved to, never a call", true},
-    {Event("Line_"), kLineRecord, "the record is a line", true},
-    {Event("Arc_"), kArcRecord, "the record is an arc", true},
-    {Event("Text_"), kTextRecord, "the record is a text", true},
-    {Event("SubCall_"), kCallRecord, "the record is a call", true},
-    {Event("SubReset_"), kCallRecord, "the record is a call", true},
-    {Event("OriTransSet_"), kCallRecord, "the record is a call", true},
-    {Event("OriTransReset_"), kCallRecord, "the record is a call", true},
-    {Event("MoveToIncludePt_"), kCallRecord, "the record is a call", true},
-    {Event("Fly_PreCheck_"), kCutRecords, "the record is a line or an arc", true},
-    {Event("Fly_PostCheck_"), kCutRecords, "the record is a line or an arc", true, true},
-    {Event("ToolSel_"), kCutRecords | kTextRecord, "the record is the one to be written, never a call", true},
-    {Event("ToolDesel_"), kCutRecords | kTextRecord, "the record is the one to be written, never a call", true},
-    {Event("ToolOn_"), kCutRecords | kTextRecord, "the record is the one to be written, never a call", true},
-    {Event("ToolOff_"), kAllRecords, "", true},
-};
-
 // Directives that write something of the selected tool.
 constexpr DirectiveId kToolWords[] = {DirectiveId::kToolId, DirectiveId::kSpeedWords, DirectiveId::kTangAuxCode1,
                                       DirectiveId::kTangAuxCode2};
@@ -75,7 +42,7 @@ private:
         const bool segments = Holds(Condition::kSegments, tuning_);
         const bool subs_first =
             tuning_.options().ReadBool(Key("bOutputSubsFirst")) || Holds(Condition::kNumberByBlock, tuning_);
-        for (EventState state : kStates) {
+        for (EventState state : EventStates()) {
             if (!state.event.Is(&event)) continue;
             if (segments && state.with_segments) return std::nullopt;
             if (state.records == kNoRecord && (segments || (subs_first && Event("MainInit_").Is(&event)))) {
@@ -126,7 +93,7 @@ private:
 
 }  // namespace
 
-void CheckEvents(const CPlacedTuning& tuning, CDiagnostics& diagnostics) {
+void CheckTemplateEvents(const CPlacedTuning& tuning, CDiagnostics& diagnostics) {
     EventChecker checker(tuning, diagnostics);
     for (const DirectiveUse& use : tuning.directives()) {
         if (IsRead(tuning, *use.text)) checker.Check(use);

@@ -84,7 +84,7 @@ private:
 
 }  // namespace
 
-void CheckUnread(const CPlacedTuning& tuning, CDiagnostics& diagnostics) {
+void CheckUnreadKeys(const CPlacedTuning& tuning, CDiagnostics& diagnostics) {
     const Readers unused_readers = FindUnusedReaders(tuning);
     UnreadKeys unread;
     for (const PlacedItem& item : tuning.items()) {

@@ -1,7 +1,7 @@
 #include "editor/controls/kv_text_edit.h"
 
 #include "editor/controls/edit_menu.h"
-#include "editor/run_time_data/choose_run_time_data_dlg.h"
+#include "editor/run_time_data/run_time_questions.h"
 #include "tuning/options.h"
 
 namespace brindle {
@@ -22,9 +22,9 @@ void CKVTextEdit::Bind(CKVItemContainer* container, std::string_view key, std::s
 void CKVTextEdit::ReferenceRunTimeData() {
     const auto* const tuning = dynamic_cast<CBrindleOpts*>(container());
     if (tuning == nullptr) return;
-    CChooseRunTimeDataDlg dialog(toolkit(), tuning->definition(), control_.GetText());
-    if (!dialog.RunModal()) return;
-    control_.SetText(dialog.reference());
+    const auto reference = AskForRunTimeValue(toolkit(), tuning->definition(), control_.GetText());
+    if (!reference) return;
+    control_.SetText(*reference);
     Commit();
 }
 

@@ -11,7 +11,7 @@ public:
     CKVTextEdit(const ControlPlace& place, const ControlSpec& spec);
 
     void Bind(CKVItemContainer* container, std::string_view key, std::string_view by_default);
-    // Lets the user choose a run-time value and puts its reference, such as `RTD(2,3)`, in the place of the whole text.
+    // Lets the user choose a run-time value and puts its reference, such as `RTD(2,3)`, in place of the whole text.
     // Does nothing unless the edit is bound to a tuning.
     void ReferenceRunTimeData();
     CEditControl& control() { return control_; }

@@ -1,9 +1,10 @@
 #include "editor/output/code_preview.h"
 
 #include <algorithm>
-#include <fstream>
+#include <utility>
 
 #include "editor/messages.h"
+#include "platform/file_replacement.h"
 #include "scene/scene_of_path.h"
 
 namespace brindle {
@@ -24,8 +25,8 @@ std::string ShownLine(const CNCDebugInfo& record) {
 
 }  // namespace
 
-CNCCodePreview::CNCCodePreview(CToolkit& toolkit, CNCPreviewOwner& owner, CSheetWindow& sheet)
-    : toolkit_(toolkit), owner_(owner), window_(toolkit.MakeModeless("NC Code Preview", sheet)) {
+CNCCodePreview::CNCCodePreview(CToolkit& toolkit, CSheetWindow& sheet, std::function<void()> closed)
+    : toolkit_(toolkit), closed_(std::move(closed)), window_(toolkit.MakeModeless("NC Code Preview", sheet)) {
     AddControls();
     window_->close_clicked.Set([this] { Close(); });
     window_->Open();
@@ -97,16 +98,19 @@ void CNCCodePreview::SaveToFile() {
     if (session_ == nullptr) return;
     const auto path = toolkit_.ChooseFile(kSaveCode);
     if (!path) return;
-    std::ofstream file(*path, std::ios::binary | std::ios::trunc);
-    if (!file) {
-        toolkit_.ShowMessage(std::string(messages::kCantCreateFile) + *path);
-        return;
-    }
-    while (session_->buffers.CurBufferHasMoreData()) file << session_->buffers.GetOutputBuffer();
+    const auto fail = [&] { toolkit_.ShowMessage(std::string(messages::kCantCreateFile) + *path); };
+    const std::string target = TargetOf(*path);
+    constexpr unsigned kOpenToAll = 0666;  // less the user's mask
+    // The text stays in the buffer where no file can be made.
+    if (CFileReplacement().Add(target, {}, kOpenToAll) != 0) return fail();
+    std::string text;
+    while (session_->buffers.CurBufferHasMoreData()) text += session_->buffers.GetOutputBuffer();
+    CFileReplacement file;
+    if (file.Add(target, text, kOpenToAll) != 0 || file.Commit().error != 0) fail();
 }
 
 void CNCCodePreview::Close() {
-    owner_.OnPreviewClosed();
+    closed_();
     window_->Close();
 }
 

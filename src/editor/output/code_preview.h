@@ -2,11 +2,11 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
-#include "editor/output/preview_owner.h"
 #include "editor/toolkit/windows.h"
 #include "session/session.h"
 
@@ -17,8 +17,8 @@ namespace brindle {
 // the user goes on editing, and ends when he closes it or when it is destroyed.
 class CNCCodePreview {
 public:
-    // `owner` hears when the user closes the window.
-    CNCCodePreview(CToolkit& toolkit, CNCPreviewOwner& owner, CSheetWindow& sheet);
+    // `closed` is called when the user closes the window, which must live until that call has returned to it.
+    CNCCodePreview(CToolkit& toolkit, CSheetWindow& sheet, std::function<void()> closed);
 
     // Runs the tuning of `session`, which must outlive the window, over its geometry and shows the trace.
     void ShowRun(CSession& session);
@@ -38,7 +38,7 @@ private:
     void Close();
 
     CToolkit& toolkit_;
-    CNCPreviewOwner& owner_;
+    std::function<void()> closed_;
     CSession* session_ = nullptr;  // null until the first run
     std::unique_ptr<CModelessWindow> window_;
     CListControl* list_ = nullptr;

@@ -1,4 +1,7 @@
-#include "editor/pages/params_arcs.h"
+// The page "ArcData": the words of arcs, and arcs that are cut as facets.
+#include "editor/pages/params_pages.h"
+
+#include "editor/pages/per_tool_page.h"
 
 namespace brindle {
 namespace {
@@ -58,30 +61,37 @@ constexpr PageRow kRows[] = {
     {kReal, "SmFacet_rLiftAngleDEG", kSmallRadii, "&Deviation angle:", kPerTool | kUnitPlaces},
 };
 
+class CNCParamsArcs : public CNCPerToolPage {
+public:
+    explicit CNCParamsArcs(const PageContext& context)
+        : CNCPerToolPage(context, "ArcData", Mark::kAtActivation, kRows, Subordinates::kLeftOut) {}
+
+    void UpdateControlStates() override {
+        table().Enable({"rMaxOrdMM"}, !IsTrue(GetOptions(), "bOutUnitsMetric"));
+        table().Enable({"rMaxOrdIN"}, !IsTrue(GetOptions(), "bOutUnitsInches"));
+
+        const bool by_center = table().IsChecked("bArcByCen");
+        table().Show({"bArcDataModal", kInAbsolute, kInIncremental}, by_center);
+        table().ShowGroup(kCenterAddresses, by_center);
+
+        const bool by_radius = table().IsChecked("bArcByRad");
+        table().ShowGroup(kClockwise, by_radius);
+        table().ShowGroup(kCounterClockwise, by_radius);
+        table().Show({"sRadArcAddr"}, by_radius);
+
+        const bool by_angle = table().IsChecked("bArcBySub");
+        table().Show({"sSubArcAddr", "rSubArcFactor", "nSubArcNDec"}, by_angle);
+        table().ShowGroup(kPositiveAngle, by_angle);
+
+        table().Enable({"SmFacet_bUse"}, true);
+        table().Enable({"SmFacet_rMaxRadiusMM", "SmFacet_rLiftAngleDEG"}, table().IsChecked("SmFacet_bUse"));
+    }
+};
+
 }  // namespace
 
-CNCParamsArcs::CNCParamsArcs(const PageContext& context)
-    : CNCPerToolPage(context, "ArcData", Mark::kAtActivation, kRows, Subordinates::kLeftOut) {}
-
-void CNCParamsArcs::UpdateControlStates() {
-    table().Enable({"rMaxOrdMM"}, !IsTrue(GetOptions(), "bOutUnitsMetric"));
-    table().Enable({"rMaxOrdIN"}, !IsTrue(GetOptions(), "bOutUnitsInches"));
-
-    const bool by_center = table().IsChecked("bArcByCen");
-    table().Show({"bArcDataModal", kInAbsolute, kInIncremental}, by_center);
-    table().ShowGroup(kCenterAddresses, by_center);
-
-    const bool by_radius = table().IsChecked("bArcByRad");
-    table().ShowGroup(kClockwise, by_radius);
-    table().ShowGroup(kCounterClockwise, by_radius);
-    table().Show({"sRadArcAddr"}, by_radius);
-
-    const bool by_angle = table().IsChecked("bArcBySub");
-    table().Show({"sSubArcAddr", "rSubArcFactor", "nSubArcNDec"}, by_angle);
-    table().ShowGroup(kPositiveAngle, by_angle);
-
-    table().Enable({"SmFacet_bUse"}, true);
-    table().Enable({"SmFacet_rMaxRadiusMM", "SmFacet_rLiftAngleDEG"}, table().IsChecked("SmFacet_bUse"));
+std::unique_ptr<CNCParamsPage> MakeArcsPage(const PageContext& context) {
+    return std::make_unique<CNCParamsArcs>(context);
 }
 
 }  // namespace brindle

@@ -1,4 +1,7 @@
-#include "editor/pages/params_data.h"
+// The page "AxisData": format and addresses of the axes.
+#include "editor/pages/params_pages.h"
+
+#include "editor/pages/table_page.h"
 
 namespace brindle {
 namespace {
@@ -46,30 +49,38 @@ constexpr PageRow kRows[] = {
     {kUnits, "rDefRotRadiusMM", kRotaryRadius, "", 0, kBeside},
 };
 
+// Both axes show the one setting of a rotary axis; only that of the rotary axis is in view.
+class CNCParamsData : public CNCTablePage {
+public:
+    explicit CNCParamsData(const PageContext& context)
+        : CNCTablePage(context, "AxisData", Mark::kAtActivation, kRows) {}
+
+    void UpdateControlStates() override {
+        CBrindleOpts* const tuning = GetOptions();
+        const bool axis1_turns = IsTrue(tuning, "bAx1IsRot");
+        const bool axis2_turns = IsTrue(tuning, "bAx2IsRot");
+        table().EnableGroup(kStartAddresses, IsTrue(tuning, "bStartEndOnBlock"));
+        table().Enable({"bAx1IsRot"}, !axis2_turns);
+        table().Enable({"bAx2IsRot"}, !axis1_turns);
+        // A click at one axis has changed the setting for both.
+        table().BindKeys({"bRotAxisInDegrees", "bRotAxisPLinear"}, tuning, {}, IsInches());
+        table().ShowGroup(kAxis1Output, axis1_turns);
+        table().ShowGroup(kAxis2Output, axis2_turns);
+        table().Enable({"rDefRotRadiusMM"}, axis1_turns || axis2_turns);
+
+        const bool inches_only = IsTrue(tuning, "bOutUnitsInches");
+        const bool mm_only = IsTrue(tuning, "bOutUnitsMetric");
+        table().EnableGroup(kAxis1Mm, !inches_only);
+        table().EnableGroup(kAxis2Mm, !inches_only);
+        table().EnableGroup(kAxis1Inch, !mm_only);
+        table().EnableGroup(kAxis2Inch, !mm_only);
+    }
+};
+
 }  // namespace
 
-CNCParamsData::CNCParamsData(const PageContext& context)
-    : CNCTablePage(context, "AxisData", Mark::kAtActivation, kRows) {}
-
-void CNCParamsData::UpdateControlStates() {
-    CBrindleOpts* const tuning = GetOptions();
-    const bool axis1_turns = IsTrue(tuning, "bAx1IsRot");
-    const bool axis2_turns = IsTrue(tuning, "bAx2IsRot");
-    table().EnableGroup(kStartAddresses, IsTrue(tuning, "bStartEndOnBlock"));
-    table().Enable({"bAx1IsRot"}, !axis2_turns);
-    table().Enable({"bAx2IsRot"}, !axis1_turns);
-    // A click at one axis has changed the setting for both.
-    table().BindKeys({"bRotAxisInDegrees", "bRotAxisPLinear"}, tuning, {}, IsInches());
-    table().ShowGroup(kAxis1Output, axis1_turns);
-    table().ShowGroup(kAxis2Output, axis2_turns);
-    table().Enable({"rDefRotRadiusMM"}, axis1_turns || axis2_turns);
-
-    const bool inches_only = IsTrue(tuning, "bOutUnitsInches");
-    const bool mm_only = IsTrue(tuning, "bOutUnitsMetric");
-    table().EnableGroup(kAxis1Mm, !inches_only);
-    table().EnableGroup(kAxis2Mm, !inches_only);
-    table().EnableGroup(kAxis1Inch, !mm_only);
-    table().EnableGroup(kAxis2Inch, !mm_only);
+std::unique_ptr<CNCParamsPage> MakeAxisDataPage(const PageContext& context) {
+    return std::make_unique<CNCParamsData>(context);
 }
 
 }  // namespace brindle

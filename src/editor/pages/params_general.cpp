@@ -1,4 +1,7 @@
-#include "editor/pages/params_general.h"
+// The page "General": units, form of blocks, block numbers.
+#include "editor/pages/params_pages.h"
+
+#include "editor/pages/table_page.h"
 
 namespace brindle {
 namespace {
@@ -48,23 +51,31 @@ constexpr PageRow kRows[] = {
     {kCheck, "bPrimaryToolUseToolOn", "", "Output tool ON/Down code"},
 };
 
+class CNCParamsGeneral : public CNCTablePage {
+public:
+    explicit CNCParamsGeneral(const PageContext& context)
+        : CNCTablePage(context, "General", Mark::kAtActivation, kRows) {}
+
+    void UpdateControlStates() override {
+        table().Enable({"nPrimaryTool", "bPrimaryToolUseToolOn"}, table().IsChecked("bUsePrimaryTool"));
+        table().Enable({"sOpenComment", "sCloseComment"}, table().IsChecked("bErrorsAsComments"));
+        table().Enable({"sBlockDelim"}, table().IsChecked("bBlockDelimCus"));
+        table().Enable({"nMaxBytes"}, table().IsChecked("bUseFileSeg"));
+    }
+
+protected:
+    void CreateControls() override {
+        CNCTablePage::CreateControls();
+        table().Button(kReferenceProgram).clicked.Set([this] {
+            table().Find<CKVTextEdit>("sMainProgNum").ReferenceRunTimeData();
+        });
+    }
+};
+
 }  // namespace
 
-CNCParamsGeneral::CNCParamsGeneral(const PageContext& context)
-    : CNCTablePage(context, "General", Mark::kAtActivation, kRows) {}
-
-void CNCParamsGeneral::CreateControls() {
-    CNCTablePage::CreateControls();
-    table().Button(kReferenceProgram).clicked.Set([this] {
-        table().Find<CKVTextEdit>("sMainProgNum").ReferenceRunTimeData();
-    });
-}
-
-void CNCParamsGeneral::UpdateControlStates() {
-    table().Enable({"nPrimaryTool", "bPrimaryToolUseToolOn"}, table().IsChecked("bUsePrimaryTool"));
-    table().Enable({"sOpenComment", "sCloseComment"}, table().IsChecked("bErrorsAsComments"));
-    table().Enable({"sBlockDelim"}, table().IsChecked("bBlockDelimCus"));
-    table().Enable({"nMaxBytes"}, table().IsChecked("bUseFileSeg"));
+std::unique_ptr<CNCParamsPage> MakeGeneralPage(const PageContext& context) {
+    return std::make_unique<CNCParamsGeneral>(context);
 }
 
 }  // namespace brindle

@@ -16,24 +16,25 @@ CNCParamsSheet::CNCParamsSheet(CToolkit& toolkit, CSession* session, bool inches
       window_(toolkit.MakeSheet(title.empty() ? kStandardTitle : title)) {}
 
 void CNCParamsSheet::AddPages() {
-    AddPage<CNCParamsGeneral>();
-    AddPage<CNCParamsSubs>();
-    AddPage<CNCParamsUnitCodes>();
-    AddPage<CNCParamsData>();
-    AddPage<CNCParamsArcs>();
-    AddPage<CNCParamsSpeed>();
-    AddPage<CNCParamsToolData>();
-    AddPage<CNCParamsToolRot>();
-    AddPage<CNCParamsText>();
-    AddPage<CNCParamsTemplates>();
-    AddPage<CNCParamsRTD>();
+    for (const auto make :
+         {MakeGeneralPage, MakeSubsPage, MakeCodesPage, MakeAxisDataPage, MakeArcsPage, MakeSpeedPage, MakeToolsPage,
+          MakeToolRotationPage, MakeTextPage, MakeTemplatesPage, MakeRunTimeDataPage}) {
+        AddPage(make);
+    }
+}
+
+CNCParamsPage& CNCParamsSheet::AddPage(const PageMaker& make) {
+    const PageContext context{toolkit_, *window_, session_, inches_,
+                              [this]() -> CNCCodePreview& { return GetPreview(); }};
+    return *pages_.emplace_back(make(context));
 }
 
 CNCCodePreview& CNCParamsSheet::GetPreview() {
-    if (preview_ == nullptr) preview_ = std::make_unique<CNCCodePreview>(toolkit_, *this, *window_);
+    if (preview_ == nullptr) {
+        const auto closed = [this] { closed_preview_ = std::move(preview_); };
+        preview_ = std::make_unique<CNCCodePreview>(toolkit_, *window_, closed);
+    }
     return *preview_;
 }
-
-void CNCParamsSheet::OnPreviewClosed() { closed_preview_ = std::move(preview_); }
 
 }  // namespace brindle

@@ -1,5 +1,7 @@
-#include "editor/pages/params_speed.h"
+// The page "Speed": the words of speeds, and the speeds of each tool.
+#include "editor/pages/params_pages.h"
 
+#include "editor/pages/per_tool_page.h"
 #include "editor/pages/speed_rows.h"
 
 namespace brindle {
@@ -54,25 +56,35 @@ constexpr auto kRows =
     JoinRows(kOwnRows, SpeedValueRows("|Per tool|Speed values|Param 1", "|Per tool|Speed values|Param 2", kBeside),
              ArcSpeedRows("|Per tool|Arcs", "Use small radii factor &formula", kNewRow));
 
+class CNCParamsSpeed : public CNCPerToolPage {
+public:
+    explicit CNCParamsSpeed(const PageContext& context)
+        : CNCPerToolPage(context, "Speed", Mark::kAtChange, kRows, Subordinates::kListed) {}
+
+    void UpdateControlStates() override {
+        CBrindleOpts* const tuning = GetOptions();
+        table().Enable({kProRata}, false);
+        table().Enable({"Speed_sParam2Addr"}, IsTrue(tuning, "Speed_b2Params", true));
+        table().Enable({"Speed_bNearest1", "Speed_bNearest2"}, !IsTrue(tuning, "Speed_b1"));
+        LayOutSpeedRows(table(), tuning);
+        table().Enable({"Speed_sFactor"}, table().IsChecked("Speed_bFactor"));
+        EnableArcSpeeds(table(), tuning);
+    }
+
+protected:
+    // The last tool is selected at first.
+    void BindControls() override {
+        CNCPerToolPage::BindControls();
+        tools().Select(tools().GetCount() - 1);
+        BindTool();
+    }
+    void OnToolSelected() override { BindTool(); }
+};
+
 }  // namespace
 
-CNCParamsSpeed::CNCParamsSpeed(const PageContext& context)
-    : CNCPerToolPage(context, "Speed", Mark::kAtChange, kRows, Subordinates::kListed) {}
-
-void CNCParamsSpeed::BindControls() {
-    CNCPerToolPage::BindControls();
-    tools().Select(tools().GetCount() - 1);
-    BindTool();
-}
-
-void CNCParamsSpeed::UpdateControlStates() {
-    CBrindleOpts* const tuning = GetOptions();
-    table().Enable({kProRata}, false);
-    table().Enable({"Speed_sParam2Addr"}, IsTrue(tuning, "Speed_b2Params", true));
-    table().Enable({"Speed_bNearest1", "Speed_bNearest2"}, !IsTrue(tuning, "Speed_b1"));
-    LayOutSpeedRows(table(), tuning);
-    table().Enable({"Speed_sFactor"}, table().IsChecked("Speed_bFactor"));
-    EnableArcSpeeds(table(), tuning);
+std::unique_ptr<CNCParamsPage> MakeSpeedPage(const PageContext& context) {
+    return std::make_unique<CNCParamsSpeed>(context);
 }
 
 }  // namespace brindle

@@ -1,6 +1,8 @@
-#include "editor/pages/params_subs.h"
+// The page "Subs": sub-programs, their numbers, mirroring and rotation.
+#include "editor/pages/params_pages.h"
 
 #include "editor/messages.h"
+#include "editor/pages/table_page.h"
 
 namespace brindle {
 namespace {
@@ -48,50 +50,61 @@ constexpr PageRow kRows[] = {
     {kRadio, "bEndSubsAtLine", kEnd, "Last line"},
 };
 
+// Where the main program or the numbering leaves no choice, the page shows what a run will do; the keys keep what they
+// say.
+class CNCParamsSubs : public CNCTablePage {
+public:
+    explicit CNCParamsSubs(const PageContext& context) : CNCTablePage(context, "Subs", Mark::kAtActivation, kRows) {}
+
+    void UpdateControlStates() override {
+        const bool supported = table().IsChecked("bUseSubs");
+        table().EnableOthers("bUseSubs", supported);
+        if (!supported) return;
+        UpdateOutputMode();
+        UpdateNumbering();
+        table().Enable({"sMirrorX", "sMirrorY", "sMirrorXY", "sMirrorReset"}, table().IsChecked("bUseMirror"));
+        table().Enable({"SubRot_sAddr", "SubRot_rFactor", "SubRot_nNDec", "SubRot_sCode", "SubRot_sResetCode"},
+                       table().IsChecked("bUseRotations"));
+    }
+    // Warns when mirrored or rotated sub-programs are allowed.
+    void OnBoundButtonClicked(CKVItemButton& control) override {
+        const bool allows = &control == &table().Find<CKVItemButton>("bUseMirror") ||
+                            &control == &table().Find<CKVItemButton>("bUseRotations");
+        if (allows && control.control().GetCheck())
+            Place().toolkit.ShowMessage(messages::kNoOffsetWithMirrorOrRotation);
+    }
+
+private:
+    // An incremental main program has incremental sub-programs that end where they end.
+    void UpdateOutputMode() {
+        const bool main_is_absolute = IsTrue(GetOptions(), "bOutModeAbs", true);
+        table().Enable({"bSubsInAbs", "bSubsInInc", "bEndSubsAtCen", "bEndSubsAtLine"}, main_is_absolute);
+        if (main_is_absolute) return;
+        table().SetCheck("bSubsInInc", true);
+        table().SetCheck("bSubsInAbs", false);
+        table().SetCheck("bEndSubsAtCen", false);
+        table().SetCheck("bEndSubsAtLine", false);
+    }
+
+    // A block number is known to the main program only if the sub-program comes before it.
+    void UpdateNumbering() {
+        const bool by_block = table().IsChecked("SubNum_bUseBlockNum");
+        table().Enable({"bOutputSubsAfter", "bOutputSubsFirst"}, !by_block);
+        if (by_block) {
+            table().SetCheck("bOutputSubsFirst", true);
+            table().SetCheck("bOutputSubsAfter", false);
+        }
+        const bool by_formula = table().IsChecked("SubNum_bUseFormula");
+        table().Enable({"SubNum_nMainOffset", "SubNum_nMainFactor"}, by_formula);
+        table().Enable({"SubNum_nSubOffset", "SubNum_nSubFactor", "SubNum_nTotalOffset"},
+                       by_formula || table().IsChecked("SubNum_bUseSequence"));
+    }
+};
+
 }  // namespace
 
-CNCParamsSubs::CNCParamsSubs(const PageContext& context) : CNCTablePage(context, "Subs", Mark::kAtActivation, kRows) {}
-
-void CNCParamsSubs::UpdateControlStates() {
-    const bool supported = table().IsChecked("bUseSubs");
-    table().EnableOthers("bUseSubs", supported);
-    if (!supported) return;
-    UpdateOutputMode();
-    UpdateNumbering();
-    table().Enable({"sMirrorX", "sMirrorY", "sMirrorXY", "sMirrorReset"}, table().IsChecked("bUseMirror"));
-    table().Enable({"SubRot_sAddr", "SubRot_rFactor", "SubRot_nNDec", "SubRot_sCode", "SubRot_sResetCode"},
-                   table().IsChecked("bUseRotations"));
-}
-
-// An incremental main program has incremental sub-programs that end where they end.
-void CNCParamsSubs::UpdateOutputMode() {
-    const bool main_is_absolute = IsTrue(GetOptions(), "bOutModeAbs", true);
-    table().Enable({"bSubsInAbs", "bSubsInInc", "bEndSubsAtCen", "bEndSubsAtLine"}, main_is_absolute);
-    if (main_is_absolute) return;
-    table().SetCheck("bSubsInInc", true);
-    table().SetCheck("bSubsInAbs", false);
-    table().SetCheck("bEndSubsAtCen", false);
-    table().SetCheck("bEndSubsAtLine", false);
-}
-
-// A block number is known to the main program only if the sub-program comes before it.
-void CNCParamsSubs::UpdateNumbering() {
-    const bool by_block = table().IsChecked("SubNum_bUseBlockNum");
-    table().Enable({"bOutputSubsAfter", "bOutputSubsFirst"}, !by_block);
-    if (by_block) {
-        table().SetCheck("bOutputSubsFirst", true);
-        table().SetCheck("bOutputSubsAfter", false);
-    }
-    const bool by_formula = table().IsChecked("SubNum_bUseFormula");
-    table().Enable({"SubNum_nMainOffset", "SubNum_nMainFactor"}, by_formula);
-    table().Enable({"SubNum_nSubOffset", "SubNum_nSubFactor", "SubNum_nTotalOffset"},
-                   by_formula || table().IsChecked("SubNum_bUseSequence"));
-}
-
-void CNCParamsSubs::OnBoundButtonClicked(CKVItemButton& control) {
-    const bool allows = &control == &table().Find<CKVItemButton>("bUseMirror") ||
-                        &control == &table().Find<CKVItemButton>("bUseRotations");
-    if (allows && control.control().GetCheck()) Place().toolkit.ShowMessage(messages::kNoOffsetWithMirrorOrRotation);
+std::unique_ptr<CNCParamsPage> MakeSubsPage(const PageContext& context) {
+    return std::make_unique<CNCParamsSubs>(context);
 }
 
 }  // namespace brindle

@@ -1,7 +1,10 @@
-#include "editor/pages/params_templates.h"
+// The page "Templates": all templates of the whole program, and the preview.
+#include "editor/pages/params_pages.h"
 
 #include <algorithm>
+#include <memory>
 
+#include "editor/templates/template_list_ctrl.h"
 #include "tuning/key_catalogue.h"
 
 namespace brindle {
@@ -59,24 +62,37 @@ std::string_view CaptionOf(std::string_view prefix) {
     return event == events.end() ? prefix : event->caption;
 }
 
+class CNCParamsTemplates : public CNCParamsPage {
+public:
+    explicit CNCParamsTemplates(const PageContext& context) : CNCParamsPage(context, "Templates", Mark::kAtChange) {}
+
+protected:
+    void CreateControls() override {
+        CTableControl& table = Place().form.AddTable(PlainSpec(ControlKind::kTable));
+        list_ = std::make_unique<CNCTemplateListCtrl>(Place().toolkit, table);
+        list_->InitColumns(false);
+        table.double_clicked.Set([this] { list_->EditAtPointer(GetOptions()); });
+        CButtonControl& preview = Place().form.AddButton(PlainSpec(ControlKind::kButton, "Preview..."));
+        preview.clicked.Set([this] { RunPreview(); });
+    }
+
+    void BindControls() override {
+        const Abilities can = AbilitiesOf(*GetOptions());
+        list_->ClearInfos();
+        for (const ListedEvent& event : kListedEvents) {
+            if (event.is_listed(can)) list_->AddInfo(CaptionOf(event.prefix), event.prefix);
+        }
+        list_->Fill(GetOptions(), true);
+    }
+
+private:
+    std::unique_ptr<CNCTemplateListCtrl> list_;
+};
+
 }  // namespace
 
-void CNCParamsTemplates::CreateControls() {
-    CTableControl& table = Place().form.AddTable(PlainSpec(ControlKind::kTable));
-    list_ = std::make_unique<CNCTemplateListCtrl>(Place().toolkit, table);
-    list_->InitColumns(false);
-    table.double_clicked.Set([this] { list_->EditAtPointer(GetOptions()); });
-    CButtonControl& preview = Place().form.AddButton(PlainSpec(ControlKind::kButton, "Preview..."));
-    preview.clicked.Set([this] { RunPreview(); });
-}
-
-void CNCParamsTemplates::BindControls() {
-    const Abilities can = AbilitiesOf(*GetOptions());
-    list_->ClearInfos();
-    for (const ListedEvent& event : kListedEvents) {
-        if (event.is_listed(can)) list_->AddInfo(CaptionOf(event.prefix), event.prefix);
-    }
-    list_->Fill(GetOptions(), true);
+std::unique_ptr<CNCParamsPage> MakeTemplatesPage(const PageContext& context) {
+    return std::make_unique<CNCParamsTemplates>(context);
 }
 
 }  // namespace brindle

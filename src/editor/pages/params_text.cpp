@@ -1,4 +1,7 @@
-#include "editor/pages/params_text.h"
+// The page "Text": the words of texts.
+#include "editor/pages/params_pages.h"
+
+#include "editor/pages/table_page.h"
 
 namespace brindle {
 namespace {
@@ -30,8 +33,17 @@ constexpr PageRow kRows[] = {
     {kDecimals, "TextHgt_nNDec_mm", kHeightMm, "&Round to:"},
 };
 
+class CNCParamsText : public CNCTablePage {
+public:
+    explicit CNCParamsText(const PageContext& context) : CNCTablePage(context, "Text", Mark::kAtChange, kRows) {}
+
+    void UpdateControlStates() override { table().EnableOthers("bUseText", table().IsChecked("bUseText")); }
+};
+
 }  // namespace
 
-CNCParamsText::CNCParamsText(const PageContext& context) : CNCTablePage(context, "Text", Mark::kAtChange, kRows) {}
+std::unique_ptr<CNCParamsPage> MakeTextPage(const PageContext& context) {
+    return std::make_unique<CNCParamsText>(context);
+}
 
 }  // namespace brindle

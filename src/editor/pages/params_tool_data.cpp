@@ -4,6 +4,7 @@
 #include <array>
 
 #include "editor/messages.h"
+#include "editor/pages/params_pages.h"
 #include "editor/pages/redef_tool_dlg.h"
 #include "editor/pages/speed_rows.h"
 #include "editor/pages/view_tool_opt_dlg.h"
@@ -242,9 +243,9 @@ void CNCParamsToolData::OnCreateTool() {
     }
     int32_t source = 0;
     if (tool_count_ > 0) {
-        CRedefToolDlg dialog(Place().toolkit, tool_count_, kDefaultTool);
-        if (!dialog.RunModal()) return;
-        source = dialog.chosen();
+        const auto chosen = ChooseSourceTool(Place().toolkit, tool_count_, kDefaultTool);
+        if (!chosen) return;
+        source = *chosen;
     }
     SetToolCount(tool_count_ + 1);
     const int32_t tool = tool_count_;
@@ -256,9 +257,9 @@ void CNCParamsToolData::OnCreateTool() {
 void CNCParamsToolData::OnRedefineTool() {
     if (ToolList().GetSelected() < 0) return;
     const int32_t tool = SelectedTool();
-    CRedefToolDlg dialog(Place().toolkit, tool_count_, tool);
-    if (!dialog.RunModal()) return;
-    GetOptions()->CopyByPrefix(ToolPrefixText(dialog.chosen()), ToolPrefixText(tool));
+    const auto source = ChooseSourceTool(Place().toolkit, tool_count_, tool);
+    if (!source) return;
+    GetOptions()->CopyByPrefix(ToolPrefixText(*source), ToolPrefixText(tool));
     SelectTool(tool);
 }
 
@@ -276,6 +277,10 @@ void CNCParamsToolData::OnDeleteTool() {
     }
 }
 
-void CNCParamsToolData::OnViewTools() { CViewToolOptDlg(Place().toolkit, GetOptions()).RunModal(); }
+void CNCParamsToolData::OnViewTools() { ViewToolOptions(Place().toolkit, GetOptions()); }
+
+std::unique_ptr<CNCParamsPage> MakeToolsPage(const PageContext& context) {
+    return std::make_unique<CNCParamsToolData>(context);
+}
 
 }  // namespace brindle

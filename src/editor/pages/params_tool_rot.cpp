@@ -1,4 +1,7 @@
-#include "editor/pages/params_tool_rot.h"
+// The page "ToolRot": how the controller turns tools, and the rotation of each tool.
+#include "editor/pages/params_pages.h"
+
+#include "editor/pages/per_tool_page.h"
 
 namespace brindle {
 namespace {
@@ -28,18 +31,25 @@ constexpr PageRow kRows[] = {
     {kReal, "rLiftAngDEG", kToolData, "&Lift angle:", kPerTool | kSixPlaces, kBeside},
 };
 
+class CNCParamsToolRot : public CNCPerToolPage {
+public:
+    explicit CNCParamsToolRot(const PageContext& context)
+        : CNCPerToolPage(context, "ToolRot", Mark::kAtChange, kRows, Subordinates::kLeftOut) {}
+
+    void UpdateControlStates() override {
+        table().Enable({"ToolRot_bUseSign"}, table().IsChecked("ToolRot_bAlwaysAbs"));
+        const bool has_tool = tools().GetSelected() >= 0;
+        const bool tangential = table().IsChecked("bTangential");
+        table().Enable({"bTangential", "rLiftAngDEG"}, has_tool);
+        table().Enable({"b180Symmetry"}, has_tool && tangential);
+        table().Show({"rLiftAngDEG"}, tangential);
+    }
+};
+
 }  // namespace
 
-CNCParamsToolRot::CNCParamsToolRot(const PageContext& context)
-    : CNCPerToolPage(context, "ToolRot", Mark::kAtChange, kRows, Subordinates::kLeftOut) {}
-
-void CNCParamsToolRot::UpdateControlStates() {
-    table().Enable({"ToolRot_bUseSign"}, table().IsChecked("ToolRot_bAlwaysAbs"));
-    const bool has_tool = tools().GetSelected() >= 0;
-    const bool tangential = table().IsChecked("bTangential");
-    table().Enable({"bTangential", "rLiftAngDEG"}, has_tool);
-    table().Enable({"b180Symmetry"}, has_tool && tangential);
-    table().Show({"rLiftAngDEG"}, tangential);
+std::unique_ptr<CNCParamsPage> MakeToolRotationPage(const PageContext& context) {
+    return std::make_unique<CNCParamsToolRot>(context);
 }
 
 }  // namespace brindle

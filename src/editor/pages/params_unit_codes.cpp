@@ -1,4 +1,10 @@
-#include "editor/pages/params_unit_codes.h"
+// The page "Codes": the fixed codes of the controller, and fly mode.
+#include "editor/pages/params_pages.h"
+
+#include <optional>
+
+#include "editor/controls/per_tool_list_box.h"
+#include "editor/pages/table_page.h"
 
 namespace brindle {
 namespace {
@@ -60,66 +66,81 @@ void SeedTemplate(CKVItemContainer& tuning, std::string_view key) {
     if (lines.empty()) tuning.SetMulti(key, {{{}, "<@FlyModeCode>"}});
 }
 
+// A tuning may hold codes of interpolation for all tools and others for each tool. The page edits those that a run
+// takes, and leaves the others alone.
+class CNCParamsUnitCodes : public CNCTablePage {
+public:
+    explicit CNCParamsUnitCodes(const PageContext& context)
+        : CNCTablePage(context, "Codes", Mark::kAtActivation, kRows) {}
+
+    void UpdateControlStates() override {
+        table().Show({kInterpolationTools}, table().IsChecked("bToolDependInterp"));
+        table().Enable({"Fly_bUse", "Fly_sOnCode", "Fly_sOffCode", "Fly_bForPreceeding", "Fly_bForFollowing",
+                        "Fly_rMM_Threshold", kFlyTools},
+                       table().IsChecked("Fly_bSupport"));
+        table().Enable({"Fly_rDEG_MaxAngDeviation"}, table().IsChecked("Fly_bUse"));
+    }
+
+    void OnBoundButtonClicked(CKVItemButton& control) override {
+        if (&control == &table().Find<CKVItemButton>("bToolDependInterp")) BindInterpolation();
+    }
+
+protected:
+    void CreateControls() override {
+        CNCTablePage::CreateControls();
+        using enum CPerToolListBox::Subordinates;
+        interpolation_tools_.emplace(table().List(kInterpolationTools), kLeftOut);
+        interpolation_tools_->control().selected.Set([this] { BindInterpolation(); });
+        fly_tools_.emplace(table().List(kFlyTools), kLeftOut);
+        fly_tools_->control().selected.Set([this] { BindFlyMode(); });
+    }
+
+    void BindControls() override {
+        CNCTablePage::BindControls();
+        fly_tools_->Fill(GetOptions());
+        BindFlyMode();
+        interpolation_tools_->Fill(GetOptions());
+        BindInterpolation();
+    }
+    // With fly mode the templates before and after a change of it hold at least its code.
+    void OnLeave() override {
+        CBrindleOpts* const tuning = GetOptions();
+        if (!IsTrue(tuning, "Fly_bSupport")) return;
+        SeedTemplate(*tuning, "Fly_PreCheck_tTmpl");
+        SeedTemplate(*tuning, "Fly_PostCheck_tTmpl");
+    }
+
+private:
+    void BindInterpolation() {
+        const bool dependent = table().IsChecked("bToolDependInterp");
+        std::string prefix = dependent ? interpolation_tools_->GetToolPrefix() : std::string();
+        if (IsTrue(GetOptions(), prefix + "bToolUnused")) prefix.clear();
+        const bool has_codes = !dependent || !prefix.empty();
+        table().Enable({"sRTCode", "sLTCode", "sCWCode", "sCCWCode"}, has_codes);
+        if (has_codes)
+            table().BindKeys({"sRTCode", "sLTCode", "sCWCode", "sCCWCode"}, GetOptions(), prefix, IsInches());
+    }
+
+    void BindFlyMode() {
+        const std::string prefix = fly_tools_->GetToolPrefix();
+        const bool is_tool = !prefix.empty() && !IsTrue(GetOptions(), prefix + "bToolSubordinate");
+        if (is_tool) {
+            table().BindKeys({"Fly_bUse", "Fly_rDEG_MaxAngDeviation"}, GetOptions(), prefix, IsInches());
+        } else {
+            table().Unbind({"Fly_bUse", "Fly_rDEG_MaxAngDeviation"});
+        }
+        table().Enable({"Fly_bUse"}, is_tool);
+        table().Enable({"Fly_rDEG_MaxAngDeviation"}, is_tool && table().IsChecked("Fly_bUse"));
+    }
+
+    std::optional<CPerToolListBox> interpolation_tools_;
+    std::optional<CPerToolListBox> fly_tools_;
+};
+
 }  // namespace
 
-CNCParamsUnitCodes::CNCParamsUnitCodes(const PageContext& context)
-    : CNCTablePage(context, "Codes", Mark::kAtActivation, kRows) {}
-
-void CNCParamsUnitCodes::CreateControls() {
-    CNCTablePage::CreateControls();
-    using enum CPerToolListBox::Subordinates;
-    interpolation_tools_.emplace(table().List(kInterpolationTools), kLeftOut);
-    interpolation_tools_->control().selected.Set([this] { BindInterpolation(); });
-    fly_tools_.emplace(table().List(kFlyTools), kLeftOut);
-    fly_tools_->control().selected.Set([this] { BindFlyMode(); });
-}
-
-void CNCParamsUnitCodes::BindControls() {
-    CNCTablePage::BindControls();
-    fly_tools_->Fill(GetOptions());
-    BindFlyMode();
-    interpolation_tools_->Fill(GetOptions());
-    BindInterpolation();
-}
-
-void CNCParamsUnitCodes::BindFlyMode() {
-    const std::string prefix = fly_tools_->GetToolPrefix();
-    const bool is_tool = !prefix.empty() && !IsTrue(GetOptions(), prefix + "bToolSubordinate");
-    if (is_tool) {
-        table().BindKeys({"Fly_bUse", "Fly_rDEG_MaxAngDeviation"}, GetOptions(), prefix, IsInches());
-    } else {
-        table().Unbind({"Fly_bUse", "Fly_rDEG_MaxAngDeviation"});
-    }
-    table().Enable({"Fly_bUse"}, is_tool);
-    table().Enable({"Fly_rDEG_MaxAngDeviation"}, is_tool && table().IsChecked("Fly_bUse"));
-}
-
-void CNCParamsUnitCodes::BindInterpolation() {
-    const bool dependent = table().IsChecked("bToolDependInterp");
-    std::string prefix = dependent ? interpolation_tools_->GetToolPrefix() : std::string();
-    if (IsTrue(GetOptions(), prefix + "bToolUnused")) prefix.clear();
-    const bool has_codes = !dependent || !prefix.empty();
-    table().Enable({"sRTCode", "sLTCode", "sCWCode", "sCCWCode"}, has_codes);
-    if (has_codes) table().BindKeys({"sRTCode", "sLTCode", "sCWCode", "sCCWCode"}, GetOptions(), prefix, IsInches());
-}
-
-void CNCParamsUnitCodes::UpdateControlStates() {
-    table().Show({kInterpolationTools}, table().IsChecked("bToolDependInterp"));
-    table().Enable({"Fly_bUse", "Fly_sOnCode", "Fly_sOffCode", "Fly_bForPreceeding", "Fly_bForFollowing",
-                    "Fly_rMM_Threshold", kFlyTools},
-                   table().IsChecked("Fly_bSupport"));
-    table().Enable({"Fly_rDEG_MaxAngDeviation"}, table().IsChecked("Fly_bUse"));
-}
-
-void CNCParamsUnitCodes::OnBoundButtonClicked(CKVItemButton& control) {
-    if (&control == &table().Find<CKVItemButton>("bToolDependInterp")) BindInterpolation();
-}
-
-void CNCParamsUnitCodes::OnLeave() {
-    CBrindleOpts* const tuning = GetOptions();
-    if (!IsTrue(tuning, "Fly_bSupport")) return;
-    SeedTemplate(*tuning, "Fly_PreCheck_tTmpl");
-    SeedTemplate(*tuning, "Fly_PostCheck_tTmpl");
+std::unique_ptr<CNCParamsPage> MakeCodesPage(const PageContext& context) {
+    return std::make_unique<CNCParamsUnitCodes>(context);
 }
 
 }  // namespace brindle

@@ -14,18 +14,16 @@ std::string PromptFor(int32_t tool) {
 
 }  // namespace
 
-CRedefToolDlg::CRedefToolDlg(CToolkit& toolkit, int32_t tool_count, int32_t tool)
-    : window_(toolkit.MakeDialog("Define Tool")),
-      prompt_(window_->AddLabel(PlainSpec(ControlKind::kLabel))),
-      list_(window_->AddList(PlainSpec(ControlKind::kList))) {
-    prompt_.SetText(PromptFor(tool));
-    for (int32_t source = 1; source <= ListedTools(tool_count); ++source) AddToolEntry(list_, source);
-    list_.Select(0);
-    window_->ok_clicked.Set([this] { OnOk(); });
-}
-
-void CRedefToolDlg::OnOk() {
-    if (list_.GetSelected() >= 0) window_->EndWithOk();
+std::optional<int32_t> ChooseSourceTool(CToolkit& toolkit, int32_t tool_count, int32_t tool) {
+    const auto window = toolkit.MakeDialog("Define Tool");
+    window->AddLabel(PlainSpec(ControlKind::kLabel)).SetText(PromptFor(tool));
+    CListControl& list = window->AddList(PlainSpec(ControlKind::kList));
+    for (int32_t source = 1; source <= ListedTools(tool_count); ++source) AddToolEntry(list, source);
+    list.Select(0);
+    window->ok_clicked.Set([&] {
+        if (list.GetSelected() >= 0) window->EndWithOk();
+    });
+    return window->RunModal() ? std::optional(list.GetValue(list.GetSelected())) : std::nullopt;
 }
 
 }  // namespace brindle

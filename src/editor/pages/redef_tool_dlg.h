@@ -2,26 +2,14 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
+#include <optional>
 
 #include "editor/toolkit/windows.h"
 
 namespace brindle {
 
-class CRedefToolDlg {
-public:
-    // Lists the tools from 1 to `tool_count`. `tool` is the one to redefine; a negative number is a new one.
-    CRedefToolDlg(CToolkit& toolkit, int32_t tool_count, int32_t tool);
-    bool RunModal() { return window_->RunModal(); }
-    // After OK.
-    int32_t chosen() const { return list_.GetValue(list_.GetSelected()); }
-
-private:
-    void OnOk();
-
-    std::unique_ptr<CDialogWindow> window_;
-    CControl& prompt_;
-    CListControl& list_;
-};
+// The tool that the user chose from those from 1 to `tool_count`, nothing if he cancelled. `tool` is the one to
+// redefine; a negative number is a new one.
+std::optional<int32_t> ChooseSourceTool(CToolkit& toolkit, int32_t tool_count, int32_t tool);
 
 }  // namespace brindle

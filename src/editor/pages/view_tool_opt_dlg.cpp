@@ -40,35 +40,33 @@ std::vector<ToolOption> OptionsOf(const CKVItemContainer& tuning, bool by_option
     return options;
 }
 
+void FillTable(CTableControl& table, const CKVItemContainer* tuning, bool by_option) {
+    table.DeleteRows();
+    if (tuning == nullptr) return;
+    for (const ToolOption& option : OptionsOf(*tuning, by_option)) {
+        const int row = table.AddRow();
+        table.SetCell({row, 0}, option.tool);
+        table.SetCell({row, 1}, option.option);
+        table.SetCell({row, 2}, option.item->GetValueText());
+    }
+}
+
 }  // namespace
 
-CViewToolOptDlg::CViewToolOptDlg(CToolkit& toolkit, const CKVItemContainer* tuning)
-    : tuning_(tuning), window_(toolkit.MakeDialog("View Tool Options")) {
-    AddSortButton("&Tool", SortBy::kTool).SetCheck(true);
-    AddSortButton("&Option", SortBy::kOption);
-    table_ = &window_->AddTable(PlainSpec(ControlKind::kTable));
-    table_->AddColumn("Tool", 50);
-    table_->AddColumn("Option", 130);
-    table_->AddColumn("Value", 220);
-    FillTable(SortBy::kTool);
-    window_->ok_clicked.Set([this] { window_->EndWithOk(); });
-}
-
-CButtonControl& CViewToolOptDlg::AddSortButton(std::string_view label, SortBy sort_by) {
-    CButtonControl& button = window_->AddButton(PlainSpec(ControlKind::kRadio, label));
-    button.clicked.Set([this, sort_by] { FillTable(sort_by); });
-    return button;
-}
-
-void CViewToolOptDlg::FillTable(SortBy sort_by) {
-    table_->DeleteRows();
-    if (tuning_ == nullptr) return;
-    for (const ToolOption& option : OptionsOf(*tuning_, sort_by == SortBy::kOption)) {
-        const int row = table_->AddRow();
-        table_->SetCell({row, 0}, option.tool);
-        table_->SetCell({row, 1}, option.option);
-        table_->SetCell({row, 2}, option.item->GetValueText());
-    }
+void ViewToolOptions(CToolkit& toolkit, const CKVItemContainer* tuning) {
+    const auto window = toolkit.MakeDialog("View Tool Options");
+    CButtonControl& by_tool = window->AddButton(PlainSpec(ControlKind::kRadio, "&Tool"));
+    CButtonControl& by_option = window->AddButton(PlainSpec(ControlKind::kRadio, "&Option"));
+    CTableControl& table = window->AddTable(PlainSpec(ControlKind::kTable));
+    by_tool.SetCheck(true);
+    by_tool.clicked.Set([&] { FillTable(table, tuning, false); });
+    by_option.clicked.Set([&] { FillTable(table, tuning, true); });
+    table.AddColumn("Tool", 50);
+    table.AddColumn("Option", 130);
+    table.AddColumn("Value", 220);
+    FillTable(table, tuning, false);
+    window->ok_clicked.Set([&] { window->EndWithOk(); });
+    window->RunModal();
 }
 
 }  // namespace brindle

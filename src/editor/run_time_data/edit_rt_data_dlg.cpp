@@ -11,6 +11,21 @@ const CRunTimeDefItem* ItemAt(const std::vector<CRunTimeDefItem>& items, int32_t
     return index < items.size() ? &items[index] : nullptr;
 }
 
+void AddLabel(CForm& form, const std::string& caption, const std::string& text) {
+    form.AddLabel(PlainSpec(ControlKind::kLabel, caption)).SetText(text);
+}
+
+// Gives the button for an expression.
+CButtonControl& AddKinds(CForm& form, TextKind kind, bool shown) {
+    CButtonControl& plain = form.AddButton({ControlKind::kRadio, {}, "Static value", kKindGroup});
+    CButtonControl& expression = form.AddButton({ControlKind::kRadio, {}, "Expression", kKindGroup, {}, Spot::kBeside});
+    plain.SetCheck(kind == TextKind::kPlain);
+    expression.SetCheck(kind != TextKind::kPlain);
+    plain.Show(shown);
+    expression.Show(shown);
+    return expression;
+}
+
 }  // namespace
 
 std::optional<RTDataEntry> RTDataEntryAt(const CRunTimeDataDef& definition, RunTimePlace place) {
@@ -24,46 +39,34 @@ std::optional<RTDataEntry> RTDataEntryAt(const CRunTimeDataDef& definition, RunT
     return RTDataEntry{key, "Row", first->name, "Column", column->name};
 }
 
-CEditRTDataDlg::CEditRTDataDlg(CToolkit& toolkit, const RTDataEntry& entry, Mode mode)
-    : window_(toolkit.MakeDialog(mode == Mode::kDefaultValue ? "Edit Default Value" : "Edit RunTimeData")) {
-    const bool is_job_value = mode == Mode::kJobValue;
-    AddLabel(is_job_value ? "Default value:" : "", entry.default_value);
-    AddLabel(is_job_value ? "Last used value:" : "", entry.last_value);
-    field_ = &window_->AddEdit(PlainSpec(ControlKind::kText, "Value:"));
-    field_->SetText(entry.value);
-    AddLabel("", entry.key);
-    AddLabel(entry.first_title, entry.first_text);
-    AddLabel(entry.second_title, entry.second_text);
-    AddKinds(entry.kind, !is_job_value);
+std::optional<EditedRTData> EditRTData(CToolkit& toolkit, const RTDataEntry& entry, EditRTDataMode mode) {
+    const bool is_job_value = mode == EditRTDataMode::kJobValue;
+    const auto window = toolkit.MakeDialog(is_job_value ? "Edit RunTimeData" : "Edit Default Value");
+    AddLabel(*window, is_job_value ? "Default value:" : "", entry.default_value);
+    AddLabel(*window, is_job_value ? "Last used value:" : "", entry.last_value);
+    CEditControl& field = window->AddEdit(PlainSpec(ControlKind::kText, "Value:"));
+    field.SetText(entry.value);
+    AddLabel(*window, "", entry.key);
+    AddLabel(*window, entry.first_title, entry.first_text);
+    AddLabel(*window, entry.second_title, entry.second_text);
+    const CButtonControl& expression = AddKinds(*window, entry.kind, !is_job_value);
     const bool is_computed = is_job_value && entry.kind != TextKind::kPlain;
-    AddLabel("", is_computed ? "(calculated from an expression)" : "");
-    AddUseButton("Use Last Value", entry.last_value, Spot::kNewRow, is_job_value);
-    AddUseButton("Use Default Value", entry.default_value, Spot::kBeside, is_job_value);
-    field_->TakeFocus();
-    window_->ok_clicked.Set([this] { window_->EndWithOk(); });
-}
-
-void CEditRTDataDlg::AddLabel(const std::string& caption, const std::string& text) {
-    window_->AddLabel(PlainSpec(ControlKind::kLabel, caption)).SetText(text);
-}
-
-void CEditRTDataDlg::AddKinds(TextKind kind, bool shown) {
-    CButtonControl& plain = window_->AddButton({ControlKind::kRadio, {}, "Static value", kKindGroup});
-    expression_ = &window_->AddButton({ControlKind::kRadio, {}, "Expression", kKindGroup, {}, Spot::kBeside});
-    plain.SetCheck(kind == TextKind::kPlain);
-    expression_->SetCheck(kind != TextKind::kPlain);
-    plain.Show(shown);
-    expression_->Show(shown);
-}
-
-void CEditRTDataDlg::AddUseButton(const char* caption, const std::string& value, Spot spot, bool shown) {
-    CButtonControl& button = window_->AddButton({ControlKind::kButton, {}, caption, {}, {}, spot});
-    button.Show(shown);
-    button.Enable(!value.empty());
-    button.clicked.Set([this, value] {
-        field_->SetText(value);
-        window_->EndWithOk();
-    });
+    AddLabel(*window, "", is_computed ? "(calculated from an expression)" : "");
+    const auto add_use_button = [&](const char* caption, const std::string& value, Spot spot) {
+        CButtonControl& button = window->AddButton({ControlKind::kButton, {}, caption, {}, {}, spot});
+        button.Show(is_job_value);
+        button.Enable(!value.empty());
+        button.clicked.Set([&, value] {
+            field.SetText(value);
+            window->EndWithOk();
+        });
+    };
+    add_use_button("Use Last Value", entry.last_value, Spot::kNewRow);
+    add_use_button("Use Default Value", entry.default_value, Spot::kBeside);
+    field.TakeFocus();
+    window->ok_clicked.Set([&] { window->EndWithOk(); });
+    if (!window->RunModal()) return std::nullopt;
+    return EditedRTData{field.GetText(), expression.GetCheck() ? TextKind::kTextExpression : TextKind::kPlain};
 }
 
 }  // namespace brindle

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <string>
 
@@ -27,27 +26,17 @@ struct RTDataEntry {
 // The value at `place`, with its key and what it belongs to; nothing if the definition has no such place.
 std::optional<RTDataEntry> RTDataEntryAt(const CRunTimeDataDef& definition, RunTimePlace place);
 
-class CEditRTDataDlg {
-public:
-    enum class Mode : uint8_t {
-        kDefaultValue,  // in a dataset: a static value or an expression
-        kJobValue,      // for a job: can be set to the last used or to the default value
-    };
-
-    CEditRTDataDlg(CToolkit& toolkit, const RTDataEntry& entry, Mode mode);
-    bool RunModal() { return window_->RunModal(); }
-    std::string value() const { return field_->GetText(); }
-    // Plain, or a text expression: an expression for a number becomes one.
-    TextKind kind() const { return expression_->GetCheck() ? TextKind::kTextExpression : TextKind::kPlain; }
-
-private:
-    void AddLabel(const std::string& caption, const std::string& text);
-    void AddKinds(TextKind kind, bool shown);
-    void AddUseButton(const char* caption, const std::string& value, Spot spot, bool shown);
-
-    std::unique_ptr<CDialogWindow> window_;
-    CEditControl* field_ = nullptr;
-    CButtonControl* expression_ = nullptr;
+enum class EditRTDataMode : uint8_t {
+    kDefaultValue,  // in a dataset: a static value or an expression
+    kJobValue,      // for a job: can be set to the last used or to the default value
 };
+
+struct EditedRTData {
+    std::string value;
+    TextKind kind;  // plain, or a text expression: an expression for a number becomes one
+};
+
+// Opens the dialog; nothing if the user cancelled.
+std::optional<EditedRTData> EditRTData(CToolkit& toolkit, const RTDataEntry& entry, EditRTDataMode mode);
 
 }  // namespace brindle

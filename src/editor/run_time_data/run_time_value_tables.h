@@ -24,7 +24,7 @@ public:
     // Adds the tables to `form`, which must outlive them. The first column of the messages is `message_width` wide.
     CRunTimeValueTables(CForm& form, Hidden hidden, int message_width);
 
-    // The columns of the second table, in the place of those there are.
+    // The columns of the second table, in place of those there are.
     void ShowColumns(const CRunTimeDataDef& definition);
     // All rows anew, without values.
     void ShowEntries(const CRunTimeDataDef& definition);

@@ -1,7 +1,7 @@
 // The chooser of directives.
 #pragma once
 
-#include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -9,22 +9,8 @@
 
 namespace brindle {
 
-class CChooseAtDirDlg {
-public:
-    // `directive`, for example `@Radius`, is selected at first, the first of all if it is none.
-    CChooseAtDirDlg(CToolkit& toolkit, std::string_view directive);
-    bool RunModal() { return window_->RunModal(); }
-    // The chosen one, after OK.
-    const std::string& directive() const { return directive_; }
-
-private:
-    void FillList();
-    void OnOk();
-
-    CToolkit& toolkit_;
-    std::string directive_;
-    std::unique_ptr<CDialogWindow> window_;
-    CListControl& list_;
-};
+// The directive that the user chose, nothing if he cancelled. `directive`, for example `@Radius`, is selected at first,
+// the first of all if it is none.
+std::optional<std::string> ChooseDirective(CToolkit& toolkit, std::string_view directive);
 
 }  // namespace brindle

@@ -1,7 +1,7 @@
 #include "editor/templates/kv_item_multi.h"
 
 #include "editor/controls/edit_menu.h"
-#include "editor/run_time_data/choose_run_time_data_dlg.h"
+#include "editor/run_time_data/run_time_questions.h"
 #include "editor/templates/choose_at_dir_dlg.h"
 
 namespace brindle {
@@ -36,14 +36,13 @@ void CKVItemMulti::ReplaceSelection(std::string_view text) {
 void CKVItemMulti::InsertDirective() {
     std::string word = GetSelectedWord();
     if (!word.starts_with('@')) word.clear();
-    CChooseAtDirDlg dialog(toolkit_, word);
-    if (dialog.RunModal()) ReplaceSelection('<' + dialog.directive() + '>');
+    if (const auto directive = ChooseDirective(toolkit_, word)) ReplaceSelection('<' + *directive + '>');
 }
 
 void CKVItemMulti::InsertRunTimeData() {
     if (tuning_ == nullptr) return;
-    CChooseRunTimeDataDlg dialog(toolkit_, tuning_->definition(), GetSelectedWord());
-    if (dialog.RunModal()) ReplaceSelection('<' + dialog.reference() + '>');
+    const auto reference = AskForRunTimeValue(toolkit_, tuning_->definition(), GetSelectedWord());
+    if (reference) ReplaceSelection('<' + *reference + '>');
 }
 
 void CKVItemMulti::OpenMenu() {

@@ -18,7 +18,7 @@ public:
     void SetTuning(const CBrindleOpts* tuning) { tuning_ = tuning; }
     // The selected text without one blank at its front and one at its end; empty if nothing is selected.
     std::string GetSelectedWord() const;
-    // Puts `text` in the place of the selection and the caret after it; empty text does nothing.
+    // Puts `text` in place of the selection and the caret after it; empty text does nothing.
     void ReplaceSelection(std::string_view text);
     // Let the user choose a word, with the selected one as first choice, and insert it between angle brackets.
     void InsertDirective();

@@ -76,8 +76,7 @@ void CNCTemplateListCtrl::EditAtPointer(CKVItemContainer* tuning) {
     if (!cell) return;
     const auto index = static_cast<size_t>(control_.GetRowValue(cell->row));
     if (index >= infos_.size() || infos_[index].prefix.empty()) return;
-    CEditTemplateDlg dialog(toolkit_, tuning, infos_[index].prefix, infos_[index].name, per_tool_);
-    if (dialog.RunModal()) Fill(tuning, separators_);
+    if (EditTemplate(toolkit_, tuning, infos_[index].prefix, infos_[index].name, per_tool_)) Fill(tuning, separators_);
 }
 
 }  // namespace brindle

@@ -125,7 +125,7 @@ public:
     virtual int32_t GetValue(int index) const = 0;
     virtual int GetCount() const = 0;
     virtual std::string GetEntryText(int index) const = 0;
-    // Puts `count` entries in the place of all others. A toolkit asks for the text of an entry when it comes into view;
+    // Puts `count` entries in place of all others. A toolkit asks for the text of an entry when it comes into view;
     // `text_of` must answer until the list is filled anew or emptied.
     virtual void SetEntries(int count, std::function<std::string(int)> text_of) = 0;
     virtual void Select(int index) = 0;  // -1 for none; scrolls the entry into view

@@ -4,7 +4,6 @@
 
 #include "check/tuning/checks.h"
 #include "check/tuning/decimals.h"
-#include "check/tuning/keyword_values.h"
 #include "check/tuning/nearest_name.h"
 #include "check/tuning/run_time_words.h"
 #include "language/keywords.h"
@@ -24,12 +23,12 @@ struct Contradiction {
 };
 
 constexpr Contradiction kContradictions[] = {
-    {Keyword::kWord, Keyword::kData, "WORD and DATA stand together: WORD counts"},
-    {Keyword::kAbs, Keyword::kInc, "ABS and INC stand together: INC counts"},
-    {Keyword::kModal, Keyword::kNonModal, "MODAL and NONMODAL stand together: MODAL counts"},
-    {Keyword::kA1, Keyword::kA2, "A1 and A2 stand together: each leaves out the other, and nothing is written"},
-    {Keyword::kCos, Keyword::kSin, "COS and SIN stand together: COS counts"},
-    {Keyword::kNormal, Keyword::kSpecial, "NORMAL and SPECIAL stand together: SPECIAL counts"},
+    {Keyword::kWord, Keyword::kData, "WORD and DATA are both there: WORD counts"},
+    {Keyword::kAbs, Keyword::kInc, "ABS and INC are both there: INC counts"},
+    {Keyword::kModal, Keyword::kNonModal, "MODAL and NONMODAL are both there: MODAL counts"},
+    {Keyword::kA1, Keyword::kA2, "A1 and A2 are both there: each leaves out the other, and nothing is written"},
+    {Keyword::kCos, Keyword::kSin, "COS and SIN are both there: COS counts"},
+    {Keyword::kNormal, Keyword::kSpecial, "NORMAL and SPECIAL are both there: SPECIAL counts"},
 };
 
 const KeywordInfo* FindKeyword(std::string_view name) {
@@ -74,9 +73,9 @@ struct ParsedDirective {
 };
 
 // Looks at the words of one text.
-class WordChecker {
+class SyntaxChecker {
 public:
-    WordChecker(const CPlacedTuning& tuning, const PlacedText& text, CDiagnostics& diagnostics)
+    SyntaxChecker(const CPlacedTuning& tuning, const PlacedText& text, CDiagnostics& diagnostics)
         : tuning_(tuning), text_(text), diagnostics_(diagnostics) {}
 
     void Check() {
@@ -171,9 +170,8 @@ private:
             CheckArgument(argument, static_cast<size_t>(argument.name.data() - text.data()), parsed);
         }
         for (const Contradiction& contradiction : kContradictions) {
-            const bool stand_together = parsed.known.Has(contradiction.a) && parsed.known.Has(contradiction.b);
-            if (stand_together)
-                Add(Rule::kContradiction, bracket, text.size() - bracket, std::string(contradiction.text));
+            const bool has_both = parsed.known.Has(contradiction.a) && parsed.known.Has(contradiction.b);
+            if (has_both) Add(Rule::kContradiction, bracket, text.size() - bracket, std::string(contradiction.text));
         }
     }
 
@@ -181,7 +179,7 @@ private:
         const std::string_view trimmed = name.substr(0, name.find_last_not_of(' ') + 1);
         if (FindDirective(trimmed) != nullptr) {
             return Add(Rule::kUnknownDirective, 0, name.size(),
-                       "unknown directive " + Quoted(name) + ": no blank may stand behind the name");
+                       "unknown directive " + Quoted(name) + ": no blank may follow the name");
         }
         Add(Rule::kUnknownDirective, 0, name.size(), "unknown directive " + Quoted(name),
             DidYouMean(NearestDirective(trimmed)));
@@ -206,14 +204,14 @@ private:
                        std::string(directive.info.name) + " ignores " + std::string(info->name));
         }
         directive.known.Add(info->keyword);
-        if (TakesValue(*info)) return CheckValue(argument, at, *info, directive.keywords);
+        if (info->TakesValue()) return CheckValue(argument, at, *info, directive.keywords);
         if (argument.value) Add(Rule::kExtraKeywordValue, at, name.size(), std::string(info->name) + " takes no value");
     }
 
     // A value is what comes before the next `)`, even if that belongs to another keyword.
     void WarnOfNoValue(size_t at, const KeywordInfo& info, const CAtDirKeywords& keywords) {
         std::string text = std::string(info.name) + " has no value: it is written " + std::string(info.form);
-        if (const auto value = ValueOf(keywords, info.keyword)) text += "; here it counts as " + ShortNumber(*value);
+        if (const auto value = keywords.ValueOf(info.keyword)) text += "; here it counts as " + ShortNumber(*value);
         Add(Rule::kNoKeywordValue, at, info.name.size(), std::move(text));
     }
 
@@ -227,26 +225,17 @@ private:
         value = value.substr(0, value.find_last_not_of(' ') + 1);
         const size_t length = name.size() + argument.value->size() + 2;
         const std::optional<double> number = ParseNumber(value);
-        const double read = ValueOf(keywords, info.keyword).value_or(0.0);
+        const double read = keywords.ValueOf(info.keyword).value_or(0.0);
         if (!number || *number != read) {
             return Add(Rule::kBadKeywordValue, at, length,
-                       Quoted(value) + " is not read as it stands: it counts as " + ShortNumber(read));
+                       Quoted(value) + " is not read as written: it counts as " + ShortNumber(read));
         }
         const std::string fault = info.keyword == Keyword::kNDec ? FaultOfDecimals(read) : std::string();
         if (!fault.empty()) Add(Rule::kBadDecimals, at, length, fault);
     }
 
     void CheckRunValue(const std::string& word) {
-        const CRunTimeDataDef& definition = tuning_.options().definition();
-        const CDataSetContainer& datasets = definition.datasets();
-        const Place place = text_.word.PlaceOf(at_, word.size());
-        if (!CheckRunTimeWord(word, definition, place, diagnostics_)) return;
-        const auto add = [&](std::string message) { diagnostics_.Add(Rule::kMissingValue, place, std::move(message)); };
-        if (datasets.size() == 0) return add("no dataset has a value for " + word);
-        for (size_t i = 0; i < datasets.size(); ++i) {
-            if (datasets.ValuesAt(i)->items().Find(word) != nullptr) continue;
-            return add("dataset " + Quoted(datasets.NameAt(i)) + " has no value for " + word);
-        }
+        CheckRunTimeValue(word, tuning_.options().definition(), text_.word.PlaceOf(at_, word.size()), diagnostics_);
     }
 
     static constexpr size_t kLongestName = 40;
@@ -259,8 +248,8 @@ private:
 
 }  // namespace
 
-void CheckWords(const CPlacedTuning& tuning, CDiagnostics& diagnostics) {
-    for (const PlacedText& text : tuning.texts()) WordChecker(tuning, text, diagnostics).Check();
+void CheckTextSyntax(const CPlacedTuning& tuning, CDiagnostics& diagnostics) {
+    for (const PlacedText& text : tuning.texts()) SyntaxChecker(tuning, text, diagnostics).Check();
 }
 
 }  // namespace brindle

@@ -1,4 +1,4 @@
-#include "check/drawing/words.h"
+#include "check/drawing/misplaced_words.h"
 
 #include <algorithm>
 
@@ -57,7 +57,7 @@ bool CheckWordCount(size_t line, std::string_view text, const std::vector<std::s
     if (type.TakesAnyWords()) return true;
     const bool closes_up = HasEmptyWord(text);
     if (closes_up)
-        diagnostics.Add(Rule::kEmptyWord, {line}, std::string(kEmptyWord) + ": the words behind them move up");
+        diagnostics.Add(Rule::kEmptyWord, {line}, std::string(kEmptyWord) + ": the words after them move up");
     if (IsNameCut(type, words)) {
         diagnostics.Add(Rule::kCutName, {line}, "a name ends at a blank: this one is " + Quoted(words[1]));
     } else if (words.size() > type.words.size()) {

@@ -9,9 +9,9 @@ namespace brindle {
 namespace {
 
 // Reports each option once, at the first directive that wants it.
-class EmptyOptionChecker {
+class EmptyTextChecker {
 public:
-    EmptyOptionChecker(const CPlacedTuning& tuning, CDiagnostics& diagnostics)
+    EmptyTextChecker(const CPlacedTuning& tuning, CDiagnostics& diagnostics)
         : tuning_(tuning), diagnostics_(diagnostics) {}
 
     void Check(const DirectiveUse& use) {
@@ -50,7 +50,7 @@ private:
         if (read.when_empty == WhenEmpty::kNothing) return diagnostics_.Add(Rule::kEmptyCode, use.place, message);
         const bool can_be_meant = use.directive->keywords.Has(Keyword::kData);
         diagnostics_.Add(Rule::kEmptyAddress, use.place, message + ": the word has no address",
-                         can_be_meant ? "the keyword DATA tells that this is meant" : "");
+                         can_be_meant ? "the keyword DATA says that this is meant" : "");
     }
 
     const CPlacedTuning& tuning_;
@@ -60,8 +60,8 @@ private:
 
 }  // namespace
 
-void CheckEmptyOptions(const CPlacedTuning& tuning, CDiagnostics& diagnostics) {
-    EmptyOptionChecker checker(tuning, diagnostics);
+void CheckEmptyAddressesAndCodes(const CPlacedTuning& tuning, CDiagnostics& diagnostics) {
+    EmptyTextChecker checker(tuning, diagnostics);
     for (const DirectiveUse& use : tuning.directives()) {
         if (IsRead(tuning, *use.text)) checker.Check(use);
     }

@@ -12,6 +12,11 @@ namespace {
 
 std::string Millimetres(double length) { return FixedText(length, 3) + " mm"; }
 
+std::string AmountOf(const Loss& loss) {
+    const bool is_angle = loss.rule == Rule::kToolDirection || loss.rule == Rule::kTurnInMaterial;
+    return is_angle ? FixedText(loss.largest, 1) + " degrees" : Millimetres(loss.largest);
+}
+
 class CLossReport {
 public:
     CLossReport(std::string_view drawing, const std::string& path) : path_(path), lines_(LinesOfRecords(drawing)) {}
@@ -24,7 +29,7 @@ public:
         if (!text.empty() && text.back() == '.') text.pop_back();
         if (!loss.detail.empty()) text.append(": ").append(Quoted(loss.detail));
         if (loss.tool > 0) text.append(", tool ").append(std::to_string(loss.tool));
-        if (loss.largest > 0.0) text.append(", ").append(Millimetres(loss.largest));
+        if (loss.largest > 0.0) text.append(", ").append(AmountOf(loss));
         if (place.call.program >= 0) text.append(", in the call of line ").append(std::to_string(LineOf(place.call)));
         if (loss.count > 1) text.append(", ").append(std::to_string(loss.count)).append(" times").append(Others(loss));
         const CauseInfo& cause = InfoOf(loss.cause);

@@ -64,7 +64,7 @@ enum class Rule : uint8_t {
     kLowerLeft, kScale, kByteOrderMark, kSemicolons, kLateMainName, kRepeatedProgram, kUnknownProgram, kFurther,
     // NC text held against its drawing.
     kNotCut, kCutElsewhere, kStrayCut, kCutTwice, kOtherTool, kTextLost, kRapidWhileOn, kChangedWhileOn, kPowerChange,
-    kEndWhileOn, kUnresolvedValue, kToolDirection, kTurnInMaterial, kNoMotionCode, kRepeatedWord, kNoArcCentre,
+    kEndWhileOn, kUnresolvedValue, kToolDirection, kTurnInMaterial, kTurnPastZero, kNoMotionCode, kRepeatedWord, kNoArcCentre,
     kHalfCentre, kRadiusTooSmall, kCircleByRadius, kZeroRadiusArc, kUnequalRadii, kUnlikeRadii, kNoFeed,
     kAssumedCentres, kNoSubStart, kUnknownLabel, kUnreadText, kNotJudged,
 };
@@ -243,6 +243,8 @@ inline constexpr RuleInfo kRules[] = {
     {kUnresolvedValue, "unresolved-value", kLoss, G::kNcText, "A value could not be evaluated and is left out."},
     {kToolDirection, "tool-direction", kLoss, G::kNcText, "A tangential tool does not point along its cut."},
     {kTurnInMaterial, "turn-in-material", kLoss, G::kNcText, "A tangential tool turns too far in the material."},
+    {kTurnPastZero, "turn-past-zero", kWarning, G::kNcText,
+     "A tangential tool turns past zero in the material, which some axes do the long way."},
     {kNoMotionCode, "no-motion-code", kLoss, G::kNcText, "A position comes before any code that says how to get there."},
     {kRepeatedWord, "repeated-word", kLoss, G::kNcText, "A line has a word twice, or two codes of a group."},
     {kNoArcCentre, "no-arc-centre", kLoss, G::kNcText, "An arc has neither centre nor radius."},

@@ -8,6 +8,7 @@ namespace {
 
 constexpr size_t kMostReplayed = 200000;  // calls that are followed
 constexpr double kNoLength = 1e-9;        // millimetres
+constexpr double kLooseDegrees = 1.0;     // of a tangential tool
 constexpr size_t kMostOpen = 1000;        // records that wait for their block
 
 bool IsCut(TemplateUse use) {
@@ -265,6 +266,7 @@ void CJobFollower::Word(const LoggedWord& word) {
         call_->has_mirror |= word.kind == WordKind::kCallMirror;
         call_->has_rotation |= word.kind == WordKind::kCallRotation;
     }
+    has_angle_words_ |= word.kind == WordKind::kToolAngle;
     if (machine_.ReadsText() && use_ != TemplateUse::kOriginSet) return;
     words_.push_back(word);
     words_.back().text = word_texts_.emplace_back(word.text);
@@ -332,7 +334,8 @@ int32_t CJobFollower::CurrentTool() const {
 
 void CJobFollower::Moves(const Motion& motion) {
     if (is_blind_ || !power_.IsAnyOn()) return;
-    Cut cut{CurveOf(motion), use_ == TemplateUse::kMove || use_ == TemplateUse::kMoveToCall, true, CurrentTool()};
+    Cut cut{CurveOf(motion), use_ == TemplateUse::kMove || use_ == TemplateUse::kMoveToCall, true,
+            motion.heading_before, motion.heading_after, CurrentTool()};
     if (motion.code == MotionCode::kRapid) {
         const double length = cut.curve.Length();
         if (length > ToleranceOf(cut.curve)) {
@@ -353,6 +356,18 @@ void CJobFollower::Fails(NcFault fault, double amount, std::string_view text) {
     if (fault != NcFault::kUnread) return;
     is_blind_ = true;
     losses_.sums.is_whole = false;
+}
+
+void CJobFollower::Turns(double turn, bool is_ambiguous) {
+    if (is_blind_ || !power_.IsAnyOn()) return;
+    const ToolData& tool = *run_.tools.Get(CurrentTool()).physical;
+    const double degrees = std::fabs(turn) / kRadiansPerDegree;
+    if (!tool.tangential) return;
+    if (degrees > tool.lift_angle + kLooseDegrees) {
+        Lose(Rule::kTurnInMaterial, Cause::kUnknown, CurrentTool(), Here(), degrees, 0.0);
+    } else if (is_ambiguous) {
+        Lose(Rule::kTurnPastZero, Cause::kUnknown, CurrentTool(), Here(), 0.0, 0.0);
+    }
 }
 
 void CJobFollower::SelectsTool(double t_word) {
@@ -428,6 +443,7 @@ void CJobFollower::Settle() {
             off = std::min(off, deviation);
             if (!is_drawn) continue;
             coverage[i].Add(cut.curve);
+            JudgeHeading(cut, element);
             if (!cut.right_tool && cut.curve.Length() > element.tolerance) {
                 const Cause cause = calls_changed_tool_ ? Cause::kCalleesTool : Cause::kNoSelection;
                 Lose(Rule::kOtherTool, cause, element.tool, element.place, 0.0, cut.curve.Length());
@@ -480,6 +496,26 @@ void CJobFollower::Settle() {
     if (!cuts_.empty()) last_cut_ = cuts_.back();
     open_.clear();
     cuts_.clear();
+}
+
+void CJobFollower::JudgeHeading(const Cut& cut, const OpenElement& element) {
+    const ToolData& tool = *run_.tools.Get(element.tool).physical;
+    if (!tool.tangential || !has_angle_words_ || machine_.IsTurned()) return;
+    const Curve& curve = cut.curve;
+    const double size = curve.IsArc() ? std::min(curve.radius, curve.Length()) : curve.Length();
+    if (size <= 20.0 * step_) return;  // its direction is that of its rounding
+    const double loose = (tool.lift_angle + kLooseDegrees) * kRadiansPerDegree + 3.0 * step_ / size;
+    const double round = tool.symmetric ? kHalfTurn : kFullTurn;
+    const double off = std::max(std::fabs(std::remainder(cut.heading_before - curve.DirectionAt(0.0), round)),
+                                std::fabs(std::remainder(cut.heading_after - curve.DirectionAt(1.0), round)));
+    const double turn = cut.heading_after - cut.heading_before;
+    if (off > loose) {
+        Lose(Rule::kToolDirection, Cause::kUnknown, element.tool, element.place, off / kRadiansPerDegree,
+             curve.Length());
+    } else if (std::fabs(turn - curve.sweep) > loose) {
+        Lose(Rule::kTurnInMaterial, Cause::kUnknown, element.tool, element.place,
+             std::fabs(turn - curve.sweep) / kRadiansPerDegree, curve.Length());
+    }
 }
 
 // Too short to be missed where it meets another cut of its tool.

@@ -71,6 +71,7 @@ private:
         Curve curve;
         bool is_move;  // by a template of moves
         bool right_tool;
+        double heading_before, heading_after;  // of a tangential tool, radians
         int32_t tool;  // of the record
     };
     struct Call {
@@ -88,6 +89,7 @@ private:
 
     void Moves(const Motion& motion) override;
     void Fails(NcFault fault, double amount, std::string_view text) override;
+    void Turns(double turn, bool is_ambiguous) override;
     void SelectsTool(double t_word) override;
     void ChangesTool() override;
     void SwitchesSpindle(bool on) override { power_.SwitchSpindle(on); }
@@ -101,6 +103,8 @@ private:
 
     // Judges all that is open.
     void Settle();
+    // Whether a tangential tool points along its cut, and turns with it.
+    void JudgeHeading(const Cut& cut, const OpenElement& element);
     void LeaveOut(const OpenElement& element);
     void JudgeLeftOut(const Cut* next);
     void JudgeText(const OpenElement& element);
@@ -153,6 +157,7 @@ private:
 
     std::optional<Call> call_;
     std::unordered_map<int32_t, ProgramSize> sizes_;
+    bool has_angle_words_ = false;
     bool is_blind_ = false;  // after text that can't be read, nothing is judged
 };
 

@@ -51,7 +51,7 @@ struct Loss {
     std::string detail;         // a word of the text, empty for none
     std::vector<LossPlace> first;  // the first few places
     size_t count = 0;
-    double largest = 0.0;  // millimetres: how far off, or how long
+    double largest = 0.0;  // how far off, or how long, millimetres; degrees of rules of a tool's direction
     double length = 0.0;   // millimetres in all
 };
 

@@ -39,7 +39,12 @@ double SweepOf(Point a, Point b, Point center, bool clockwise) {
 
 }  // namespace
 
-CMachine::CMachine(const RunContext& run, CMachineUser& user) : run_(run), user_(user), reader_(run.options) {
+CMachine::CMachine(const RunContext& run, CMachineUser& user)
+    : run_(run),
+      user_(user),
+      reader_(run.options),
+      heading_(run.options.rotation.offset * kRadiansPerDegree),
+      before_turn_(heading_) {
     const CTrans plane = run.PlaneTransform();
     const double factors[] = {plane.scale * plane.axis1_factor, plane.scale * plane.axis2_factor};
     const bool rotary[] = {run.options.axes.axis1_rotary, run.options.axes.axis2_rotary};
@@ -84,10 +89,6 @@ void CMachine::CarryOut(std::string_view text) {
     if (block.tool) user_.SelectsTool(*block.tool);
     if (block.changes_tool) user_.ChangesTool();
     if (block.spindle) user_.SwitchesSpindle(*block.spindle);
-    if (block.angle && !block.dwells) {
-        // A turn without a movement in the plane is one on the spot.
-        angle_ = absolute_ || !angle_ ? *block.angle : *angle_ + *block.angle;
-    }
     if (block.origin != Block::Origin::kNone) {
         SetOrigin(block);
     } else if (!block.dwells) {
@@ -134,7 +135,10 @@ bool CMachine::Sort(const NcLine& line, Block& block) {
             case NcAddress::kCentre2: set(block.centre[1], word.value); break;
             case NcAddress::kRadius: set(block.radius, word.value); break;
             case NcAddress::kSubtended: set(block.subtended, word.value); break;
-            case NcAddress::kToolAngle: set(block.angle, word.value); break;
+            case NcAddress::kToolAngle:
+                set(block.angle, word.value);
+                block.angle_is_negative = std::signbit(word.value);
+                break;
             case NcAddress::kFeed: block.feed = word.value; break;
             case NcAddress::kOther:
                 if (word.letter == 'T') block.tool = word.value;
@@ -224,7 +228,29 @@ Point CMachine::Target(const Block& block) const {
     return to;
 }
 
+double CMachine::TakeAngle(double value, bool is_negative, bool absolute) {
+    const RotationOptions& rotation = run_.options.rotation;
+    const double round = 360.0 * (rotation.factor == 0.0 ? 1.0 : rotation.factor);
+    double travel = value;
+    passed_zero_ = false;
+    if ((absolute || rotation.always_absolute) && rotation.use_sign) {
+        // The sign says which way round.
+        travel = std::fmod(std::fabs(value) - axis_angle_, round);
+        if (is_negative && travel > 0.0) travel -= round;
+        if (!is_negative && travel < 0.0) travel += round;
+    } else if (absolute || rotation.always_absolute) {
+        travel = std::remainder(value - axis_angle_, round);
+        passed_zero_ = std::fabs(value - axis_angle_) > std::fabs(round) / 2.0;
+    }
+    axis_angle_ = std::fmod(axis_angle_ + travel, round);
+    if (axis_angle_ < 0.0) axis_angle_ += std::fabs(round);
+    const double turn = travel / round * kFullTurn;
+    return rotation.positive_is_cw ? -turn : turn;
+}
+
 void CMachine::Move(const Block& block) {
+    before_turn_ = heading_;
+    if (block.angle) heading_ += TakeAngle(*block.angle, block.angle_is_negative, absolute_);
     const bool has_axis = block.axis[0] || block.axis[1];
     const bool has_arc_words = block.centre[0] || block.centre[1] || block.radius || block.subtended;
     if (block.motion) motion_ = block.motion;
@@ -233,7 +259,10 @@ void CMachine::Move(const Block& block) {
         return Finish(Motion(MotionCode::kRapid), {});
     }
     const bool is_arc = motion_ && IsArc(*motion_);
-    if (!has_axis && !(is_arc && has_arc_words)) return;
+    if (!has_axis && !(is_arc && has_arc_words)) {
+        if (block.angle) user_.Turns(heading_ - before_turn_, passed_zero_);
+        return;
+    }
     if (!motion_) {
         user_.Fails(NcFault::kNoMotionCode, 0.0, {});
         motion_ = MotionCode::kLinear;
@@ -340,7 +369,8 @@ void CMachine::Finish(Motion motion, Point to) {
     motion.end = ToPlane(to);
     motion.center = ToPlane(motion.center);
     if (turn_.Mirrors()) motion.sweep = -motion.sweep;
-    motion.angle_before = motion.angle_after = angle_;
+    motion.heading_before = before_turn_;
+    motion.heading_after = heading_;
     at_ = to;
     user_.Moves(motion);
 }
@@ -401,7 +431,15 @@ void CMachine::TakeWords(const std::vector<LoggedWord>& words, MotionCode motion
                 block.subtended = last_subtended_;
                 break;
             case WordKind::kToolAngle:
-                if (is_written) angle_ = word.absolute || !angle_ ? value : *angle_ + value;
+                if (!is_written) break;
+                if (word.at_start) {
+                    const double turn = TakeAngle(value, word.text.starts_with('-'), word.absolute);
+                    heading_ += turn;
+                    user_.Turns(turn, passed_zero_);
+                } else {
+                    block.angle = value;
+                    block.angle_is_negative = word.text.starts_with('-');
+                }
                 break;
             case WordKind::kSpeed:
             case WordKind::kUnits:

@@ -22,7 +22,7 @@ struct Motion {
     Point start, end;
     Point center;        // of an arc
     double sweep = 0.0;  // of an arc, radians, positive counter-clockwise; a full turn for a circle
-    std::optional<double> angle_before, angle_after;  // of the tool, as its words count; none before the first
+    double heading_before = 0.0, heading_after = 0.0;  // of a tangential tool, radians; their difference is its turn
 };
 
 // What a machine can't do as it is told, or does otherwise than a reader of the text would think.
@@ -50,6 +50,9 @@ public:
     virtual void Moves(const Motion& motion) = 0;
     // `amount` in millimetres where the fault has one.
     virtual void Fails(NcFault fault, double amount, std::string_view text) = 0;
+    // A tangential tool turns by so many radians where it is. `is_ambiguous`: absolute words pass the zero of the axis,
+    // so that an axis without a shortest way takes the long one.
+    virtual void Turns(double turn, bool is_ambiguous) = 0;
     virtual void SelectsTool(double t_word) = 0;   // a T word
     virtual void ChangesTool() = 0;                // M6
     virtual void SwitchesSpindle(bool on) = 0;     // M3, M4, M5
@@ -102,6 +105,7 @@ public:
     std::vector<std::string> UnknownLabels() const;
     bool HasMotionCode() const { return motion_.has_value(); }
     bool IsAbsolute() const { return absolute_; }
+    bool IsTurned() const { return turn_.xx != 1.0 || turn_.yy != 1.0; }
     // Whether the last line that was carried out moved the origin.
     bool MovedOrigin() const { return moved_origin_; }
     void ForgetMovedOrigin() { moved_origin_ = false; }
@@ -111,6 +115,7 @@ private:
     struct Block {
         std::array<std::optional<double>, 2> axis, centre;
         std::optional<double> radius, subtended, angle, feed, tool;
+        bool angle_is_negative = false;
         std::optional<MotionCode> motion;
         enum class Origin { kNone, kG10, kG10L20, kG52, kG92 } origin = Origin::kNone;
         bool absolute_position = false;  // G53
@@ -122,6 +127,8 @@ private:
     };
 
     void CarryOut(std::string_view text);
+    // Gives the turn that an angle word asks for, radians counter-clockwise.
+    double TakeAngle(double value, bool is_negative, bool absolute);
     void TakeLabel(std::string_view label);
     bool Sort(const NcLine& line, Block& block);
     bool TakeG(double number, Block& block);
@@ -159,7 +166,10 @@ private:
 
     Point at_;      // in output units, the origin's shift included
     Point origin_;  // output units
-    std::optional<double> angle_;
+    double axis_angle_ = 0.0;  // of the tool's axis, as its words count it
+    double heading_;           // where that points, radians, without jumps
+    double before_turn_;       // the same, before the present line
+    bool passed_zero_ = false;
     PlaneTurn turn_;
     bool moved_origin_ = false;
     // Of words.

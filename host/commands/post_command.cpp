@@ -91,9 +91,15 @@ void AddFileOptions(CLI::App& command, PostArguments& arguments) {
 }
 
 void AddComparisonOptions(CLI::App& command, PostArguments& arguments) {
-    command.add_option("--tolerance", arguments.job.tolerance,
+    command.add_option("--tolerance", arguments.job.comparison.tolerance,
                        "How far a cut may lie beside what is drawn, beyond what decimals cost, mm; by default 0.02")
         ->check(CLI::NonNegativeNumber)
+        ->type_name("NUMBER")
+        ->group(kComparisonGroup);
+    command
+        .add_option("--skip-tool", arguments.job.comparison.skipped_tools,
+                    "Tools that this machine lacks on purpose: nothing is said of their records; may\nbe repeated")
+        ->allow_extra_args(false)
         ->type_name("NUMBER")
         ->group(kComparisonGroup);
     command

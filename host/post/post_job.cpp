@@ -34,7 +34,7 @@ public:
         if (!SettleExpressions(tuning_, options_.run_data, Values(drawing->survey), values)) {
             return JobOutcome::kNotMade;
         }
-        CJobComparison comparison(options_.tolerance);
+        CJobComparison comparison(options_.comparison);
         const JobResult result = [&] {
             const CProgressLine line(progress);
             SetTuning(session_, tuning_, values);

@@ -27,7 +27,7 @@ struct JobOptions {
     // In the place of the names of the files themselves.
     std::optional<std::string> drawing_name, output_name, tuning_name;
 
-    double tolerance = CJobComparison::kDefaultTolerance;  // of what is cut against what is drawn, millimetres
+    ComparisonOptions comparison;
     std::vector<Rule> allowed;                             // findings that are meant
     bool strict = false;                                   // a job with a warning is not made
 

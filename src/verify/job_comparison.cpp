@@ -3,7 +3,7 @@
 namespace brindle {
 
 void CJobComparison::RunStarts(RunContext& run) {
-    follower_ = std::make_unique<CJobFollower>(run, *this, tolerance_);
+    follower_ = std::make_unique<CJobFollower>(run, *this, options_);
     const ProgramOptions& programs = run.options.programs;
     const bool has_subs =
         programs.use_subs && run.controller.job.tile_to_output == 0 && run.geometry.GetVariantCount() > 0;
@@ -16,6 +16,7 @@ void CJobComparison::ProgramStarts(int32_t variant) {
         taping_ = &texts_[variant];
         *taping_ = {};
     }
+    if (taping_ == nullptr) follower_->ProgramStarts(variant);
     main_is_due_ |= variant < 0 && main_waits_;
 }
 
@@ -34,6 +35,7 @@ CRunLog& CJobComparison::To() {
 
 void CJobComparison::ReplayMain() {
     main_is_due_ = false;
+    follower_->ProgramStarts(-1);
     texts_[-1].Replay(*follower_);
     follower_->ProgramEnds();
     texts_.erase(-1);

@@ -18,9 +18,7 @@ namespace brindle {
 // axis factors, offsets of tools, gaps below a tool's shortest lift, facets within their tolerance.
 class CJobComparison final : public CRunLog, public CProgramTexts {
 public:
-    static constexpr double kDefaultTolerance = 0.02;  // millimetres
-
-    explicit CJobComparison(double tolerance = kDefaultTolerance) : tolerance_(tolerance) {}
+    explicit CJobComparison(ComparisonOptions options = {}) : options_(std::move(options)) {}
 
     void RunStarts(RunContext& run) override;
     void RunEnds() override;
@@ -51,7 +49,7 @@ private:
     CRunLog& To();
     void ReplayMain();
 
-    double tolerance_;
+    ComparisonOptions options_;
     std::unique_ptr<CJobFollower> follower_;  // while a run goes on
     std::map<int32_t, CEventTape> texts_;     // by variant, -1 the main program
     CEventTape* taping_ = nullptr;

@@ -69,20 +69,22 @@ double StepInPlane(const RunContext& run) {
 
 }  // namespace
 
-CJobFollower::CJobFollower(RunContext& run, const CProgramTexts& texts, double tolerance)
+CJobFollower::CJobFollower(RunContext& run, const CProgramTexts& texts, const ComparisonOptions& options)
     : run_(run),
       texts_(texts),
       machine_(run, *this),
       power_(run, machine_.ReadsText()),
-      tolerance_(tolerance),
+      options_(options),
       step_(StepInPlane(run)) {}
 
 // ---- Records ----
 
+void CJobFollower::ProgramStarts(int32_t) { had_long_arc_ = left_out_step_ = false; }
+
 void CJobFollower::RecordStarts(int32_t program, int32_t index) {
     if (open_.empty()) Settle();
     records_.push_back({program, index});
-    has_facets_ = is_lined_ = left_out_repeat_ = left_out_step_ = no_code_ = wrote_cut_ = ran_cut_ = false;
+    has_facets_ = is_lined_ = left_out_repeat_ = wrote_cut_ = ran_cut_ = false;
     const CNCData& record = *run_.geometry.GetRecord(program, index);
     if (record.IsInclude()) return;
     OpenElement element{CurveOf(record, placings_.back()), Here(), record.GetToolId(), 0.0, &record};
@@ -100,16 +102,29 @@ void CJobFollower::RecordEnds(bool words_pending) {
     if (!waits) Settle();
     records_.pop_back();
     if (is_element) after_long_arc_ = sweep > kLongArcDegrees * kRadiansPerDegree;
+    had_long_arc_ |= after_long_arc_;
 }
 
 void CJobFollower::RecordDropped(DropReason reason) {
     const RecordPlace at = records_.back();
     const CNCData& record = *run_.geometry.GetRecord(at.program, at.index);
-    if (!record.IsInclude()) {
-        if (!open_.empty()) open_.back().dropped = reason;
-        return;
+    if (record.IsInclude()) {
+        return LoseProgram(run_.geometry.FindProgram(record.GetIncludeName()), Rule::kNotCut,
+                           brindle::CauseOf(reason));
     }
-    LoseProgram(run_.geometry.FindProgram(record.GetIncludeName()), Rule::kNotCut, brindle::CauseOf(reason));
+    if (open_.empty()) return;
+    open_.back().dropped = reason;
+    const bool lacks_tool = reason == DropReason::kNoTool || reason == DropReason::kToolOutOfRange;
+    if (!lacks_tool || !IsSkipped(record.GetToolId())) return;
+    --losses_.sums.drawn;
+    losses_.sums.drawn_mm -= open_.back().curve.Length();
+    open_.pop_back();
+}
+
+bool CJobFollower::IsSkipped(int32_t tool) const {
+    const auto& skipped = options_.skipped_tools;
+    if (std::find(skipped.begin(), skipped.end(), tool) != skipped.end()) return true;
+    return run_.tuning.ReadBool(Key("bToolUnused"), "T" + std::to_string(tool) + "_");
 }
 
 void CJobFollower::SegmentStarts() {
@@ -260,13 +275,14 @@ void CJobFollower::TemplateLine(size_t, std::string_view text) { wrote_ = wrote_
 
 void CJobFollower::Word(const LoggedWord& word) {
     if (word.fate == WordFate::kRepeat && word.kind == WordKind::kCentre) left_out_repeat_ = true;
-    if (word.fate == WordFate::kNoDistance && word.kind == WordKind::kAxis && word.text != "0") left_out_step_ = true;
-    if (word.fate == WordFate::kNothing && word.kind == WordKind::kInterpolation) no_code_ = true;
+    if (word.fate == WordFate::kNoDistance && word.kind == WordKind::kAxis) {
+        left_out_step_ |= word.text.find_first_of("123456789") != std::string_view::npos;
+    }
+    if (word.kind == WordKind::kInterpolation && word.fate != WordFate::kRepeat) no_code_ = !SaysSomething(word.text);
     if (call_ && word.fate == WordFate::kWritten) {
         call_->has_mirror |= word.kind == WordKind::kCallMirror;
         call_->has_rotation |= word.kind == WordKind::kCallRotation;
     }
-    has_angle_words_ |= word.kind == WordKind::kToolAngle;
     if (machine_.ReadsText() && use_ != TemplateUse::kOriginSet) return;
     words_.push_back(word);
     words_.back().text = word_texts_.emplace_back(word.text);
@@ -338,11 +354,12 @@ void CJobFollower::Moves(const Motion& motion) {
             motion.heading_before, motion.heading_after, CurrentTool()};
     if (motion.code == MotionCode::kRapid) {
         const double length = cut.curve.Length();
-        if (length > ToleranceOf(cut.curve)) {
-            const Cause cause = power_.HasOff(cut.tool) ? Cause::kUnknown : Cause::kNoToolOff;
-            Lose(Rule::kRapidWhileOn, cause, cut.tool, Here(), length, length);
-        }
-        return;
+        if (length <= ToleranceOf(cut.curve)) return;
+        const Cause cause = no_code_                    ? Cause::kNoLineCode
+                            : power_.HasOff(cut.tool) ? Cause::kUnknown
+                                                      : Cause::kNoToolOff;
+        Lose(Rule::kRapidWhileOn, cause, cut.tool, Here(), length, length);
+        if (!IsCut(use_)) return;  // where a cut should be, no more is said of it
     }
     if (cut.curve.Length() < kNoLength) return;
     cut.right_tool = power_.IsOn(cut.tool) && power_.Holds(cut.tool);
@@ -403,7 +420,7 @@ void CJobFollower::Finish() {
 
 double CJobFollower::ToleranceOf(const Curve& curve) const {
     const bool is_long = curve.IsArc() && std::fabs(curve.sweep) > kLongArcDegrees * kRadiansPerDegree;
-    return tolerance_ + (is_long ? 3.0 * step_ + curve.inexact : 1.5 * step_);
+    return options_.tolerance + (is_long ? 3.0 * step_ + curve.inexact : 1.5 * step_);
 }
 
 // What facets may be off their arc.
@@ -498,9 +515,22 @@ void CJobFollower::Settle() {
     cuts_.clear();
 }
 
+// A machine that is told no angles may turn its tool by itself.
+bool CJobFollower::WritesAngles(int32_t tool) {
+    const auto [at, is_new] = writes_angles_.try_emplace(tool, false);
+    if (!is_new) return at->second;
+    const Tool& data = run_.tools.Get(tool);
+    for (const CompiledTemplate* compiled :
+         {&run_.move, &run_.line, &run_.arc, &data.own->select, &data.own->on, &data.physical->select,
+          &data.physical->on}) {
+        at->second |= HasDirective(*compiled, DirectiveId::kAtAngle) || HasDirective(*compiled, DirectiveId::kFinAngle);
+    }
+    return at->second;
+}
+
 void CJobFollower::JudgeHeading(const Cut& cut, const OpenElement& element) {
     const ToolData& tool = *run_.tools.Get(element.tool).physical;
-    if (!tool.tangential || !has_angle_words_ || machine_.IsTurned()) return;
+    if (!tool.tangential || !WritesAngles(element.tool) || machine_.IsTurned()) return;
     const Curve& curve = cut.curve;
     const double size = curve.IsArc() ? std::min(curve.radius, curve.Length()) : curve.Length();
     if (size <= 20.0 * step_) return;  // its direction is that of its rounding
@@ -522,16 +552,15 @@ void CJobFollower::JudgeHeading(const Cut& cut, const OpenElement& element) {
 void CJobFollower::LeaveOut(const OpenElement& element) {
     const bool meets = last_cut_ && last_cut_->tool == element.tool &&
                        Distance(last_cut_->curve.end, element.curve.start) <= 2.0 * element.tolerance;
-    if (!meets) left_out_.push_back(element);
+    if (!meets) left_out_.push_back({element, CauseOf(element, 0.0)});
 }
 
 void CJobFollower::JudgeLeftOut(const Cut* next) {
-    for (const OpenElement& element : left_out_) {
+    for (const auto& [element, cause] : left_out_) {
         const bool meets = next != nullptr && next->tool == element.tool &&
                            Distance(next->curve.start, element.curve.end) <= 2.0 * element.tolerance;
         if (meets) continue;
-        Lose(Rule::kNotCut, Cause::kFewDecimals, element.tool, element.place, element.curve.Length(),
-             element.curve.Length());
+        Lose(Rule::kNotCut, cause, element.tool, element.place, element.curve.Length(), element.curve.Length());
         ++losses_.sums.lost;
     }
     left_out_.clear();
@@ -565,12 +594,12 @@ Cause CJobFollower::CauseOf(const OpenElement& element, double off) const {
     }
     if (expansions_ > 1) return Cause::kNestedExpansion;
     if (element.record->IsArc() && left_out_repeat_) return Cause::kCentreRepeat;
-    if (!absolute && after_long_arc_) return Cause::kLongArc;
+    if (!absolute && had_long_arc_) return Cause::kLongArc;
     if (!absolute && left_out_step_) return Cause::kSmallSteps;
     if (after_long_arc_ && element.curve.IsArc()) return Cause::kClosedAfterLong;
     if (element.record->IsArc() && by_radius) return Cause::kRadiusWord;
     if (element.curve.Length() < 20.0 * step_) return Cause::kFewDecimals;
-    if (off > 0.0 && !CanSaySomething(run_.move)) return Cause::kNoMove;
+    if (off > 0.0 && SourceOf(run_.move).empty()) return Cause::kNoMove;
     return Cause::kUnknown;
 }
 

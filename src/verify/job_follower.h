@@ -13,6 +13,7 @@
 #include "verify/element.h"
 #include "verify/losses.h"
 #include "verify/machine.h"
+#include "verify/template_use.h"
 #include "verify/tool_power.h"
 
 namespace brindle {
@@ -25,9 +26,14 @@ public:
     virtual bool ReplayProgram(int32_t variant, CRunLog& log) const = 0;
 };
 
+struct ComparisonOptions {
+    double tolerance = 0.02;              // of what is cut against what is drawn, millimetres
+    std::vector<int32_t> skipped_tools;   // tools whose records may be left out
+};
+
 class CJobFollower final : public CRunLog, private CMachineUser {
 public:
-    CJobFollower(RunContext& run, const CProgramTexts& texts, double tolerance);
+    CJobFollower(RunContext& run, const CProgramTexts& texts, const ComparisonOptions& options);
 
     // Judges what is left after the last event.
     void Finish();
@@ -36,7 +42,7 @@ public:
     void RunStarts(RunContext&) override {}
     void RunEnds() override {}
     void SegmentStarts() override;
-    void ProgramStarts(int32_t) override {}
+    void ProgramStarts(int32_t) override;
     void ProgramEnds() override { Settle(); }
     void RecordStarts(int32_t program, int32_t index) override;
     void RecordEnds(bool words_pending) override;
@@ -104,6 +110,7 @@ private:
     // Judges all that is open.
     void Settle();
     // Whether a tangential tool points along its cut, and turns with it.
+    bool WritesAngles(int32_t tool);
     void JudgeHeading(const Cut& cut, const OpenElement& element);
     void LeaveOut(const OpenElement& element);
     void JudgeLeftOut(const Cut* next);
@@ -115,6 +122,8 @@ private:
               std::string_view detail = {});
     LossPlace Here() const;
     int32_t CurrentTool() const;
+    // Whether records of a tool are left out on purpose.
+    bool IsSkipped(int32_t tool) const;
     PlaneTurn PlacingOf(const CNCIncludeData& record) const;
 
     RunContext& run_;
@@ -122,7 +131,7 @@ private:
     CMachine machine_;
     CToolPower power_;
     CLosses losses_;
-    double tolerance_;
+    const ComparisonOptions& options_;
     double step_;  // of the coarser axis, millimetres in the plane of the drawing
 
     std::vector<PlaneTurn> placings_{PlaneTurn{}};  // of the calls that are under way, the innermost last
@@ -135,14 +144,17 @@ private:
     std::vector<OpenElement> open_;
     std::vector<Cut> cuts_;
     std::optional<Cut> last_cut_;         // before them
-    std::vector<OpenElement> left_out_;   // too short to be missed, if the next cut meets them
+    // Too short to be missed, if the next cut meets them.
+    std::vector<std::pair<OpenElement, Cause>> left_out_;
 
     // Of the present record.
     bool has_facets_ = false, is_lined_ = false;
-    bool left_out_repeat_ = false, left_out_step_ = false, no_code_ = false;
+    bool left_out_repeat_ = false;
+    bool no_code_ = false;       // the last interpolation code is empty
     bool wrote_cut_ = false;     // the template of a line, arc or text has written something
     bool ran_cut_ = false;       // it was executed
     bool after_long_arc_ = false;
+    bool had_long_arc_ = false, left_out_step_ = false;  // in the present program
     bool calls_changed_tool_ = false;
 
     // Of the present template.
@@ -157,7 +169,7 @@ private:
 
     std::optional<Call> call_;
     std::unordered_map<int32_t, ProgramSize> sizes_;
-    bool has_angle_words_ = false;
+    std::unordered_map<int32_t, bool> writes_angles_;  // by tool
     bool is_blind_ = false;  // after text that can't be read, nothing is judged
 };
 

@@ -1,7 +1,6 @@
 #include "verify/tool_power.h"
 
 #include <algorithm>
-#include <array>
 
 namespace brindle {
 namespace {
@@ -22,80 +21,7 @@ bool HasWord(std::string_view text, char letter, std::string_view numbers) {
     return false;
 }
 
-// The text of a template with `#` for whatever a directive gives.
-std::string SourceOf(const CompiledTemplate& compiled) {
-    std::string source;
-    for (const CompiledLine& line : compiled.lines) {
-        if (line.is_comment) continue;
-        std::string text;
-        for (const CompiledPiece& piece : line.text.pieces()) {
-            const bool is_text = piece.kind == CompiledPiece::Kind::kFixed || piece.kind == CompiledPiece::Kind::kRunValue;
-            text += is_text ? piece.text : "1";
-        }
-        if (SaysSomething(text)) source.append(text).append("\n");
-    }
-    return source;
-}
-
-bool NamesTool(const CompiledTemplate& compiled) {
-    for (const CompiledLine& line : compiled.lines) {
-        for (const CompiledPiece& piece : line.text.pieces()) {
-            if (piece.kind == CompiledPiece::Kind::kDirective && piece.directive == DirectiveId::kToolId) return true;
-        }
-    }
-    return false;
-}
-
 }  // namespace
-
-TemplateUse UseOf(const CompiledTemplate& compiled) {
-    struct Row {
-        std::string_view name;
-        TemplateUse use;
-    };
-    static constexpr std::array kWhole = {
-        Row{"<Move_tTmpl>", TemplateUse::kMove},
-        Row{"<Line_tTmpl>", TemplateUse::kLine},
-        Row{"<Arc_tTmpl>", TemplateUse::kArc},
-        Row{"<Text_tTmpl>", TemplateUse::kText},
-        Row{"<MoveToIncludePt_tTmpl>", TemplateUse::kMoveToCall},
-        Row{"<SubCall_tTmpl>", TemplateUse::kCall},
-        Row{"<SubReset_tTmpl>", TemplateUse::kCallReset},
-        Row{"<OriTransSet_tTmpl>", TemplateUse::kOriginSet},
-        Row{"<OriTransReset_tTmpl>", TemplateUse::kOriginReset},
-    };
-    static constexpr std::array kOfTools = {
-        Row{"ToolSel_tTmpl>", TemplateUse::kToolSelect},
-        Row{"ToolDesel_tTmpl>", TemplateUse::kToolDeselect},
-        Row{"ToolOn_tTmpl>", TemplateUse::kToolOn},
-        Row{"ToolOff_tTmpl>", TemplateUse::kToolOff},
-    };
-    for (const Row& row : kWhole) {
-        if (compiled.trace_header == row.name) return row.use;
-    }
-    for (const Row& row : kOfTools) {
-        if (compiled.trace_header.ends_with(row.name)) return row.use;
-    }
-    return TemplateUse::kFrame;
-}
-
-bool SaysSomething(std::string_view text) {
-    bool in_comment = false;
-    for (const char c : text) {
-        if (in_comment) {
-            in_comment = c != ')';
-        } else if (c == '(') {
-            in_comment = true;
-        } else if (c == ';') {
-            return false;
-        } else if (c != ' ' && c != '\t') {
-            return true;
-        }
-    }
-    return false;
-}
-
-bool CanSaySomething(const CompiledTemplate& compiled) { return !SourceOf(compiled).empty(); }
 
 CToolPower::CToolPower(RunContext& run, bool reads_words) : run_(run) {
     if (!reads_words) return;
@@ -126,7 +52,7 @@ const CToolPower::Traits& CToolPower::TraitsOf(int32_t tool) {
     traits.needs_spindle = HasWord(own_on, 'M', "34") || HasWord(physical_on, 'M', "34");
     traits.select_key = SourceOf(data.own->select);
     if (data.physical != data.own) traits.select_key += "|" + SourceOf(data.physical->select);
-    if (NamesTool(data.own->select) || NamesTool(data.physical->select)) {
+    if (HasDirective(data.own->select, DirectiveId::kToolId) || HasDirective(data.physical->select, DirectiveId::kToolId)) {
         traits.select_key += std::to_string(tool);
     }
     return traits;
@@ -206,7 +132,7 @@ bool CToolPower::HasOn(int32_t tool) {
 
 bool CToolPower::HasOff(int32_t tool) {
     const Traits& traits = TraitsOf(tool);
-    return CanSaySomething(traits.own->off) || CanSaySomething(traits.physical->off);
+    return !SourceOf(traits.own->off).empty() || !SourceOf(traits.physical->off).empty();
 }
 
 }  // namespace brindle

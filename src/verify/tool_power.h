@@ -8,20 +8,9 @@
 #include <vector>
 
 #include "generator/run_context.h"
+#include "verify/template_use.h"
 
 namespace brindle {
-
-// What a template is for.
-enum class TemplateUse : uint8_t {
-    kFrame, kMove, kLine, kArc, kText, kMoveToCall, kCall, kCallReset, kOriginSet, kOriginReset, kToolSelect,
-    kToolDeselect, kToolOn, kToolOff,
-};
-TemplateUse UseOf(const CompiledTemplate& compiled);
-
-// Whether a text says more than a comment. `comment_marks`: the tuning's own, where no parentheses count.
-bool SaysSomething(std::string_view text);
-// Whether a template can write anything but comments.
-bool CanSaySomething(const CompiledTemplate& compiled);
 
 class CToolPower {
 public:

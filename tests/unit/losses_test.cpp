@@ -1,0 +1,292 @@
+// Jobs whose NC text loses something, each with a twin that loses nothing.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "session/session.h"
+#include "text/numbers.h"
+#include "verify/job_comparison.h"
+
+namespace brindle {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+// A machine with two tools and a spindle. Later lines win over earlier ones.
+const Lines kMachine = {
+    "BOOL bOutModeAbs true",
+    "BOOL bUseSubs false",
+    "TEXT sAx1Addr X",
+    "TEXT sAx2Addr Y",
+    "INT MM_AX1_nNDec 3",
+    "INT MM_AX2_nNDec 3",
+    "TEXT sCenAx1Addr I",
+    "TEXT sCenAx2Addr J",
+    "BOOL bArcByCen true",
+    "TEXT sRadArcAddr R",
+    "TEXT sRTCode G0",
+    "TEXT sLTCode G1",
+    "TEXT sCWCode G2",
+    "TEXT sCCWCode G3",
+    "TEXT sAbsCode G90",
+    "TEXT sIncCode G91",
+    "TEXT sMetricCode G21",
+    "TEXT sInchCode G20",
+    "INT nNumOfTools 2",
+    "MULTI T1_ToolSel_tTmpl NNUL T1M6",
+    "MULTI T2_ToolSel_tTmpl NNUL T2M6",
+    "MULTI T1_ToolOn_tTmpl NNUL M3S100",
+    "MULTI T2_ToolOn_tTmpl NNUL M3S200",
+    "MULTI T1_ToolOff_tTmpl NNUL M5",
+    "MULTI T2_ToolOff_tTmpl NNUL M5",
+    "BOOL T1_bOffReqBeforeDesel true",
+    "BOOL T2_bOffReqBeforeDesel true",
+    "MULTI MainInit_tTmpl NNUL <@UnitsCode><@AbsIncCode>F500",
+    "MULTI Move_tTmpl NNUL <@InterpCode><@StartPtWords>",
+    "MULTI Line_tTmpl NNUL <@InterpCode><@EndPtWords>",
+    "MULTI Arc_tTmpl NNUL <@InterpCode><@EndPtWords><@ArcDataWords>",
+    "MULTI FileEnd_tTmpl NNUL M2",
+};
+
+// Calls by O words: incremental sub-programs that begin and end at their centres.
+const Lines kCalls = {
+    "BOOL bUseSubs true",
+    "BOOL bSubsInInc true",
+    "BOOL bStartSubsAtCen true",
+    "BOOL bEndSubsAtCen true",
+    "BOOL bOutputSubsFirst true",
+    "BOOL SubNum_bUseSequence true",
+    "TEXT sMainProgNum 100",
+    "MULTI SubInit_tTmpl NNUL o<@CurProgNum>!#SP#!sub NNUL <@AbsIncCode>",
+    "MULTI SubTerm_tTmpl NNUL o<@CurProgNum>!#SP#!endsub",
+    "MULTI MoveToIncludePt_tTmpl NNUL <@InterpCode><@IncludePtWords>",
+    "MULTI SubCall_tTmpl NNUL o<@IncludeNum>!#SP#!call",
+    "MULTI SubReset_tTmpl NNUL <@AbsIncCode[NONMODAL]>",
+    "MULTI T1_ToolOn_tTmpl NNUL T1M6 NNUL M3S100",
+    "MULTI T2_ToolOn_tTmpl NNUL T2M6 NNUL M3S200",
+};
+
+// A knife about an axis C, that is turned with the tool up.
+const Lines kKnife = {
+    "TEXT ToolRot_sAddr C",
+    "BOOL ToolRot_bAlwaysAbs true",
+    "BOOL ToolRot_bUseSign true",
+    "INT ToolRot_nNDec 2",
+    "BOOL ToolRot_bModal true",
+    "BOOL T1_bTangential true",
+    "REAL T1_rLiftAngDEG 15",
+    "MULTI T1_ToolOn_tTmpl NNUL <@AtAngle> NNUL M3",
+    "MULTI Arc_tTmpl NNUL <@InterpCode><@EndPtWords><@ArcDataWords><@FinAngle[NONMODAL]>",
+};
+
+std::string Drawing(const Lines& main, const Lines& subs = {}, const std::string& unit = "UM") {
+    std::string text = "MAIN,JOB\n" + unit + ",x\nUR,100,100\n";
+    for (const std::string& line : main) text += line + "\n";
+    text += "END\n";
+    for (const std::string& line : subs) text += line + "\n";
+    return text;
+}
+
+// The findings of a job: each its rule and, after a colon, why.
+Lines FindingsOf(const Lines& tuning, const std::string& drawing, const ComparisonOptions& options = {}) {
+    CSession session;
+    for (const std::string& line : kMachine) session.tuning.ReadFileLine(line);
+    for (const std::string& line : tuning) session.tuning.ReadFileLine(line);
+    session.TakeDrawing(drawing);
+    CJobComparison comparison(options);
+    RunJob(session, WithPath::kNo, &comparison);
+    Lines findings;
+    for (const Loss& loss : comparison.losses().all()) {
+        const std::string_view why = InfoOf(loss.cause).why;
+        findings.push_back(std::string(InfoOf(loss.rule).name).append(why.empty() ? "" : ": ").append(why));
+    }
+    return findings;
+}
+
+Lines Joined(Lines lines, const Lines& more) {
+    lines.insert(lines.end(), more.begin(), more.end());
+    return lines;
+}
+
+struct Job {
+    Lines tuning, main, subs = {};
+    std::string unit = "UM";
+};
+struct Row {
+    const char* name;
+    Job lossy;
+    Lines findings;
+    Job right;
+};
+
+void PrintTo(const Row& row, std::ostream* out) { *out << row.name; }
+
+// Records of tool 1.
+const std::string kLine = "L,1,1,0,10,10,60,10,0,0";
+const std::string kSquare = "L,1,1,0,60,10,60,60,0,0";
+const std::string kLong = "A,1,1,0,50,40,40,50,40,40,-10,0,0";       // 270.0 and more: three quarters, counter-clockwise
+const std::string kCircle = "A,1,1,0,50,40,50,40,40,40,-10,0,0";
+const Lines kTwoLines = {kLine, kSquare};
+
+// Above 270 degrees, with an end that is on no grid.
+const std::string kOffGrid = "A,1,1,0,61.199,111.4973,76.924,84.8925,31.1723,75.8003,-46.6464,0,0";
+
+// A row of lines that are shorter than an increment may be, and a long one.
+Lines Steps(int count) {
+    Lines lines;
+    for (int i = 0; i < count; ++i) {
+        lines.push_back("L,1,1,0," + FixedText(0.0004 * i, 4) + ",0," + FixedText(0.0004 * (i + 1), 4) + ",0,0,0");
+    }
+    lines.push_back("L,1,1,0," + FixedText(0.0004 * count, 4) + ",0," + FixedText(0.0004 * count, 4) + ",50,0,0");
+    return lines;
+}
+
+const Row kRows[] = {
+    // Templates and codes.
+    {"NoLineTemplate",
+     {{"MULTI Line_tTmpl NNUL"}, kTwoLines},
+     {"not-cut: its template is missing or writes nothing"},
+     {{}, kTwoLines}},
+    {"NoArcTemplate",
+     {{"MULTI Arc_tTmpl NNUL (arc)"}, {kCircle}},
+     {"not-cut: its template is missing or writes nothing"},
+     {{}, {kCircle}}},
+    {"NoMoveTemplate",
+     {{"MULTI Move_tTmpl NNUL"}, kTwoLines},
+     {"cut-elsewhere: no move goes to its start"},
+     {{}, kTwoLines}},
+    {"ToolNeverOn",
+     {{"MULTI T1_ToolOn_tTmpl NNUL (on)"}, kTwoLines},
+     {"not-cut: nothing switches the tool on"},
+     {{"MULTI T1_ToolOn_tTmpl NNUL (on) NNUL M3"}, kTwoLines}},
+    {"ToolNeverOff",
+     {{"MULTI T1_ToolOff_tTmpl NNUL"}, {kLine, "L,1,1,0,60,20,90,20,0,0"}},
+     {"rapid-while-on: nothing switches the tool off", "end-while-on: nothing switches the tool off"},
+     {{}, {kLine, "L,1,1,0,60,20,90,20,0,0"}}},
+    {"NoCodeForLines",
+     {{"TEXT sLTCode !#SP#!"}, kTwoLines},
+     {"rapid-while-on: the tuning has no code for this motion"},
+     {{}, kTwoLines}},
+    {"NoMode",
+     {{"BOOL bOutModeAbs false", "TEXT sIncCode !#SP#!"}, kTwoLines},
+     {"not-cut: the tuning has no code for absolute or incremental words",
+      "cut-elsewhere: the tuning has no code for absolute or incremental words"},
+     {{"BOOL bOutModeAbs false"}, kTwoLines}},
+    {"CentresThatAreOffsetsLeftOutAsRepeats",
+     {{"BOOL bInAbsCenIsAbs true"}, {kCircle, "A,1,1,0,50,40,50,40,40,40,10,0,0"}},
+     {"not-cut: a centre word was left out as a repeat"},
+     {{"BOOL bInAbsCenIsAbs true", "BOOL bArcDataModal false"},
+      {kCircle, "A,1,1,0,80,40,80,40,70,40,10,0,0"}}},
+
+    // Calls.
+    {"CallOfOneCircle",
+     {kCalls, {"C,S,20,20,0,0,0"}, {"SUB,S", kCircle, "END"}},
+     {"not-cut: a program whose one record ends where it starts is not called"},
+     {kCalls, {"C,S,20,20,0,0,0"}, {"SUB,S", kCircle, kLine, "END"}}},
+    {"CallWithoutTemplate",
+     {Joined(kCalls, {"MULTI SubCall_tTmpl NNUL"}), {"C,S,20,20,0,0,0"}, {"SUB,S", kLine, kSquare, "END"}},
+     {"not-cut: the call is not written"},
+     {kCalls, {"C,S,20,20,0,0,0"}, {"SUB,S", kLine, kSquare, "END"}}},
+    {"CallInAnExpandedProgram",
+     {{}, {"C,S,20,20,0,0,0"}, {"SUB,S", kLine, "C,T,5,5,0,0,0", "END", "SUB,T", kSquare, kLine, "END"}},
+     {"cut-elsewhere: a call within an expanded program is placed as if the main program made it"},
+     {{}, {"C,S,20,20,0,0,0"}, {"SUB,S", kLine, kSquare, "END"}}},
+    {"SubsWithoutMode",
+     {Joined(kCalls, {"MULTI SubInit_tTmpl NNUL o<@CurProgNum>!#SP#!sub"}),
+      {"C,S,20,20,0,0,0"}, {"SUB,S", kLine, kSquare, "END"}},
+     {"cut-elsewhere: nothing tells the controller that words are absolute or incremental here"},
+     {kCalls, {"C,S,20,20,0,0,0"}, {"SUB,S", kLine, kSquare, "END"}}},
+    {"CallersTool",
+     {Joined(kCalls, {"MULTI T1_ToolOn_tTmpl NNUL M3S100", "MULTI T2_ToolOn_tTmpl NNUL M3S200"}),
+      {kLine, "C,S,20,20,0,0,0", kSquare}, {"SUB,S", "L,1,2,0,0,0,9,0,0,0", "L,1,2,0,9,0,9,9,0,0", "END"}},
+     {"other-tool: a sub-program has changed the tool, and its caller does not know"},
+     {kCalls, {kLine, "C,S,20,20,0,0,0", kSquare}, {"SUB,S", "L,1,2,0,0,0,9,0,0,0", "L,1,2,0,9,0,9,9,0,0", "END"}}},
+
+    // Arcs.
+    {"RadiusWordsAsDirections",
+     {{"BOOL bArcByCen false", "BOOL bArcByRad true"}, {"A,1,1,0,50,40,40,50,40,40,-1,0,0"}},
+     {"cut-elsewhere: the drawing's radius word gives a direction alone, but the tuning uses the radius"},
+     {{"BOOL bArcByCen false", "BOOL bArcByRad true"}, {"A,1,1,0,50,40,40,50,40,40,-10,0,0"}}},
+    {"ClosedArcAfterALongOne",
+     {{}, {kOffGrid, "A,1,1,0,76.924,84.8925,76.924,84.8925,69.624,80.7925,-8.3726,0,0"}},
+     {"not-cut: a closed arc after an arc above 270 degrees loses its end"},
+     {{}, {kOffGrid, "A,1,1,0,20,84.8925,20,84.8925,12.7,80.7925,-8.3726,0,0"}}},
+    {"LongArcInIncrements",
+     {{"BOOL bOutModeAbs false"}, Lines(60, kOffGrid)},
+     {"cut-elsewhere: an arc above 270 degrees ends beside its drawn end, and what follows is measured from there"},
+     {{}, Lines(60, kOffGrid)}},
+    {"RadiiOfFewDecimals",
+     {{"BOOL bArcByCen false", "BOOL bArcByRad true", "INT MM_AX1_nNDec 2", "INT MM_AX2_nNDec 2"},
+      {"A,1,1,0,150,0.5,-150,0.3,0,0,-150,0,0"}},
+     {"cut-elsewhere: a printed radius can't place the centre well enough"},
+     {{"INT MM_AX1_nNDec 2", "INT MM_AX2_nNDec 2"}, {"A,1,1,0,150,0.5,-150,0.3,0,0,-150,0,0"}}},
+
+    // Tools.
+    {"ChangeWithTheToolOn",
+     {{"BOOL T1_bOffReqBeforeDesel false"}, {kLine, "L,1,2,0,60,10,60,60,0,0"}},
+     {"changed-while-on"},
+     {{}, {kLine, "L,1,2,0,60,10,60,60,0,0"}}},
+    {"PowerChangedWithTheToolOn",
+     {{"BOOL T1_bOffReqBeforeDesel false", "MULTI T1_ToolSel_tTmpl NNUL S100", "MULTI T2_ToolSel_tTmpl NNUL S200"},
+      {kLine, "L,1,2,0,60,10,60,60,0,0"}},
+     {"power-change"},
+     {{"MULTI T1_ToolSel_tTmpl NNUL S100", "MULTI T2_ToolSel_tTmpl NNUL S200"},
+      {kLine, "L,1,2,0,60,10,60,60,0,0"}}},
+    {"MasterNotSwitchedOnAgain",
+     {{"BOOL T2_bToolSubordinate true", "INT T2_nPhysicalTool 1", "MULTI T2_ToolOn_tTmpl NNUL",
+       "MULTI T2_ToolOff_tTmpl NNUL"},
+      {kLine, "L,1,2,0,60,10,60,60,0,0"}},
+     {"not-cut: the master tool is not switched on again"},
+     {{}, {kLine, "L,1,2,0,60,10,60,60,0,0"}}},
+    {"UnknownTool",
+     {{}, {kLine, "L,1,7,0,60,10,60,60,0,0"}},
+     {"not-cut: the tuning has no such tool"},
+     {{"INT nNumOfTools 7", "BOOL T7_bToolUnused true"}, {kLine, "L,1,7,0,60,10,60,60,0,0"}}},
+
+    // Increments.
+    {"StepsThatAddUp",
+     {{"BOOL bOutModeAbs false", "INT MM_AX1_nNDec 5", "INT MM_AX2_nNDec 5"}, Steps(300)},
+     {"not-cut: increments below 0.0005 are left out and add up",
+      "cut-elsewhere: increments below 0.0005 are left out and add up"},
+     {{"INT MM_AX1_nNDec 5", "INT MM_AX2_nNDec 5"}, Steps(300)}},
+
+    // Texts and values.
+    {"TextsThatAreNotWritten",
+     {{}, {"T,1,1,0,10,10,0,5,5", "PUMP"}},
+     {"text-lost: the tuning writes no texts"},
+     {{}, {kLine}}},
+    {"ValueOfNoMeaning",
+     {{"MULTI Line_tTmpl NNUL <@InterpCode><@EndPtWords><@Nonsense>"}, kTwoLines},
+     {"unresolved-value"},
+     {{}, kTwoLines}},
+
+    // Knives.
+    {"CircleDraggedSideways",
+     {Joined(kKnife, {"MULTI Arc_tTmpl NNUL <@InterpCode><@EndPtWords><@ArcDataWords>"}), {kLong}},
+     {"tool-direction"},
+     {kKnife, {"A,1,1,0,50,40,40,50,40,40,-10,0,0"}}},
+    {"LongArcTurnedTheShortWay",
+     {kKnife, {"A,1,1,0,50,40,40,30,40,40,-10,0,0"}},
+     {"turn-in-material"},
+     {kKnife, {"A,1,1,0,50,40,40,50,40,40,-10,0,0"}}},
+    {"NoTurnBeforeItPlunges",
+     {Joined(kKnife, {"MULTI T1_ToolOn_tTmpl NNUL M3"}), {kSquare}},
+     {"tool-direction"},
+     {kKnife, {kSquare}}},
+};
+
+class Losses : public testing::TestWithParam<Row> {};
+
+TEST_P(Losses, AreFound) {
+    const Row& row = GetParam();
+    const auto findings = [](const Job& job) { return FindingsOf(job.tuning, Drawing(job.main, job.subs, job.unit)); };
+    EXPECT_EQ(findings(row.lossy), row.findings);
+    EXPECT_EQ(findings(row.right), Lines());
+}
+
+INSTANTIATE_TEST_SUITE_P(Jobs, Losses, testing::ValuesIn(kRows),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+}  // namespace
+}  // namespace brindle

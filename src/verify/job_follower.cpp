@@ -8,6 +8,7 @@ namespace {
 
 constexpr size_t kMostReplayed = 200000;  // calls that are followed
 constexpr double kNoLength = 1e-9;        // millimetres
+constexpr double kNoRotation = 1e-6;       // radians
 constexpr double kLooseDegrees = 1.0;     // of a tangential tool
 constexpr size_t kMostOpen = 1000;        // records that wait for their block
 
@@ -204,6 +205,11 @@ void CJobFollower::CarryOutCall() {
     const ProgramOptions& programs = run_.options.programs;
     const bool around_origin = programs.subs_absolute && !run_.options.axes.start_end_on_block;
     const PlaneTurn before = machine_.Turn(TurnOfCall(), around_origin);
+    const bool turns = programs.rotations_in_use && std::fabs(call.record->GetIncludeRotation()) > kNoRotation;
+    const bool mirrors =
+        programs.mirror_in_use && (call.record->GetIncludeMirrorX() || call.record->GetIncludeMirrorY());
+    const bool is_unwritten = (turns && !call.has_rotation) || (mirrors && !call.has_mirror);
+    unwritten_turns_ += is_unwritten ? 1 : 0;
     calls_under_way_.push_back(call.place);
     placings_.push_back(PlacingOf(*call.record));
     variants_under_way_.push_back(call.variant);
@@ -217,6 +223,7 @@ void CJobFollower::CarryOutCall() {
     placings_.pop_back();
     calls_under_way_.pop_back();
     machine_.TurnBack(before);
+    unwritten_turns_ -= is_unwritten ? 1 : 0;
     calls_changed_tool_ = true;
     call.is_carried_out = true;
     call_ = call;
@@ -507,8 +514,11 @@ void CJobFollower::Settle() {
         stray_length = 0.0;
     }
     if (!strays.empty() && stray_length > 0.0) {
-        const Cause cause = open_.empty() ? Cause::kUnknown : CauseOf(open_.front(), stray_off);
-        Lose(Rule::kStrayCut, cause, CurrentTool(), open_.empty() ? Here() : open_.front().place, stray_off, stray_length);
+        const int32_t tool = cuts_.front().tool;
+        const Cause cause = tool > 0 && !power_.HasOff(tool) ? Cause::kNoToolOff
+                            : open_.empty()                        ? Cause::kUnknown
+                                                                   : CauseOf(open_.front(), stray_off);
+        Lose(Rule::kStrayCut, cause, tool, open_.empty() ? Here() : open_.front().place, stray_off, stray_length);
     }
     if (!cuts_.empty()) last_cut_ = cuts_.back();
     open_.clear();
@@ -593,6 +603,7 @@ Cause CJobFollower::CauseOf(const OpenElement& element, double off) const {
         return Cause::kRadiusAsDirection;
     }
     if (expansions_ > 1) return Cause::kNestedExpansion;
+    if (unwritten_turns_ > 0) return Cause::kUnwrittenTurn;
     if (element.record->IsArc() && left_out_repeat_) return Cause::kCentreRepeat;
     if (!absolute && had_long_arc_) return Cause::kLongArc;
     if (!absolute && left_out_step_) return Cause::kSmallSteps;

@@ -139,6 +139,7 @@ private:
     std::vector<int32_t> variants_under_way_;
     size_t expansions_ = 0;  // under way
     size_t replayed_ = 0;    // calls
+    int unwritten_turns_ = 0;  // calls under way whose rotation or mirror is in no word
     std::vector<RecordPlace> records_;  // under way, the innermost last
 
     std::vector<OpenElement> open_;

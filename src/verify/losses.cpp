@@ -44,6 +44,8 @@ constexpr CauseInfo kCauses[] = {
     {kClosedAfterLong, "a closed arc after an arc above 270 degrees loses its end", "split the arc before it"},
     {kSubsMode, "nothing tells the controller that words are absolute or incremental here",
      "write <@AbsIncCode> in SubInit_tTmpl and <@AbsIncCode[NONMODAL]> in SubReset_tTmpl"},
+    {kUnwrittenTurn, "no word of the call says that it is turned or mirrored",
+     "write <@IncludeRotWord> and <@IncludeMirCode> in SubCall_tTmpl, or set bUseRotations and bUseMirror false"},
     {kFewDecimals, "the decimals are too few for a curve so small", "print more decimals"},
     {kUnreadOrigin, "the origin's template can't be read", ""},
 };

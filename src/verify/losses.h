@@ -30,7 +30,7 @@ enum class Cause : uint8_t {
     kNoTemplate, kNoToolOn, kNoToolOff, kNoMove, kNoCall, kNoLineCode, kNoModeCode,
     kCalleesTool, kNoSelection, kMasterOff,
     kRadiusAsDirection, kRadiusWord, kNestedExpansion, kCentreRepeat, kSmallSteps, kLongArc, kClosedAfterLong,
-    kSubsMode, kFewDecimals, kUnreadOrigin,
+    kSubsMode, kUnwrittenTurn, kFewDecimals, kUnreadOrigin,
 };
 
 struct CauseInfo {

@@ -49,6 +49,39 @@ const Lines kMachine = {
     "MULTI FileEnd_tTmpl NNUL M2",
 };
 
+// A plotter: words without addresses, pens in place of tools.
+const Lines kPlotter = {
+    "BOOL bOutModeAbs true",
+    "BOOL bUseSubs false",
+    "BOOL bBlockDelimStd false",
+    "BOOL bBlockDelimCus true",
+    "TEXT sBlockDelim ;chr(10)",
+    "INT MM_AX1_nNDec 4545",
+    "INT MM_AX2_nNDec 4545",
+    "REAL MM_AX1_rFactor 40",
+    "REAL MM_AX2_rFactor 40",
+    "BOOL bAxisDataModal false",
+    "BOOL bArcByCen false",
+    "BOOL bArcBySub true",
+    "BOOL bArcDataModal false",
+    "BOOL bInAbsCenFromStart false",
+    "BOOL bInAbsCenIsAbs true",
+    "BOOL bSubArcPosCW false",
+    "INT nSubArcNDec 2",
+    "INT nNumOfTools 2",
+    "MULTI T1_ToolSel_tTmpl NNUL SP1",
+    "MULTI T2_ToolSel_tTmpl NNUL SP2",
+    "MULTI T1_ToolOn_tTmpl NNUL PD",
+    "MULTI T2_ToolOn_tTmpl NNUL PD",
+    "MULTI T1_ToolOff_tTmpl NNUL PU",
+    "MULTI T2_ToolOff_tTmpl NNUL PU",
+    "BOOL T1_bOffReqBeforeDesel true",
+    "BOOL T2_bOffReqBeforeDesel true",
+    "MULTI Move_tTmpl NNUL PA<@StartPtWords[A1,DATA]>,<@StartPtWords[A2,DATA]>",
+    "MULTI Line_tTmpl NNUL PA<@EndPtWords[A1,DATA]>,<@EndPtWords[A2,DATA]>",
+    "MULTI Arc_tTmpl NNUL AA<@CenPtWords[A1,DATA]>,<@CenPtWords[A2,DATA]>,<@Subtended[DATA]>",
+};
+
 // Calls by O words: incremental sub-programs that begin and end at their centres.
 const Lines kCalls = {
     "BOOL bUseSubs true",
@@ -80,8 +113,11 @@ const Lines kKnife = {
     "MULTI Arc_tTmpl NNUL <@InterpCode><@EndPtWords><@ArcDataWords><@FinAngle[NONMODAL]>",
 };
 
-std::string Drawing(const Lines& main, const Lines& subs = {}, const std::string& unit = "UM") {
-    std::string text = "MAIN,JOB\n" + unit + ",x\nUR,100,100\n";
+// The X axis turns a cylinder of 100 mm.
+const Lines kRotary = {"BOOL bAx1IsRot true", "BOOL bRotAxisInDegrees true", "REAL rDefRotRadiusMM 50"};
+
+std::string Drawing(const Lines& main, const Lines& subs) {
+    std::string text = "MAIN,JOB\nUM,x\nUR,100,100\n";
     for (const std::string& line : main) text += line + "\n";
     text += "END\n";
     for (const std::string& line : subs) text += line + "\n";
@@ -89,12 +125,12 @@ std::string Drawing(const Lines& main, const Lines& subs = {}, const std::string
 }
 
 // The findings of a job: each its rule and, after a colon, why.
-Lines FindingsOf(const Lines& tuning, const std::string& drawing, const ComparisonOptions& options = {}) {
+Lines FindingsOf(const Lines& tuning, const std::string& drawing, int32_t tile = 0) {
     CSession session;
-    for (const std::string& line : kMachine) session.tuning.ReadFileLine(line);
     for (const std::string& line : tuning) session.tuning.ReadFileLine(line);
     session.TakeDrawing(drawing);
-    CJobComparison comparison(options);
+    session.Job().tile_to_output = tile;
+    CJobComparison comparison;
     RunJob(session, WithPath::kNo, &comparison);
     Lines findings;
     for (const Loss& loss : comparison.losses().all()) {
@@ -111,13 +147,14 @@ Lines Joined(Lines lines, const Lines& more) {
 
 struct Job {
     Lines tuning, main, subs = {};
-    std::string unit = "UM";
+    int32_t tile = 0;
 };
 struct Row {
     const char* name;
     Job lossy;
     Lines findings;
     Job right;
+    Lines machine = kMachine;
 };
 
 void PrintTo(const Row& row, std::ostream* out) { *out << row.name; }
@@ -222,6 +259,17 @@ const Row kRows[] = {
      {"cut-elsewhere: a printed radius can't place the centre well enough"},
      {{"INT MM_AX1_nNDec 2", "INT MM_AX2_nNDec 2"}, {"A,1,1,0,150,0.5,-150,0.3,0,0,-150,0,0"}}},
 
+    {"UnequalRadii",
+     {{"INT MM_AX1_nNDec 1", "INT MM_AX2_nNDec 1"},
+      {"A,1,1,0,48.0098,42.8473,-3.1561,64.2366,22.0304,52.5936,-27.7474,0,0"}},
+     {"unequal-radii"},
+     {{}, {"A,1,1,0,48.0098,42.8473,-3.1561,64.2366,22.0304,52.5936,-27.7474,0,0"}}},
+    {"UnlikeRadii",
+     {{"INT MM_AX1_nNDec 2", "INT MM_AX2_nNDec 2"},
+      {"A,1,1,0,59.2122,59.1865,62.3773,71.7188,61.6165,65.2451,-6.5182,0,0"}},
+     {"unlike-radii"},
+     {{}, {"A,1,1,0,59.2122,59.1865,62.3773,71.7188,61.6165,65.2451,-6.5182,0,0"}}},
+
     // Tools.
     {"ChangeWithTheToolOn",
      {{"BOOL T1_bOffReqBeforeDesel false"}, {kLine, "L,1,2,0,60,10,60,60,0,0"}},
@@ -274,13 +322,66 @@ const Row kRows[] = {
      {Joined(kKnife, {"MULTI T1_ToolOn_tTmpl NNUL M3"}), {kSquare}},
      {"tool-direction"},
      {kKnife, {kSquare}}},
+
+    // What is seen by the way of the tool alone.
+    {"CutAgain",
+     {{"MULTI Line_tTmpl NNUL <@InterpCode><@EndPtWords> NNUL <@StartPtWords[NONMODAL]> NNUL <@EndPtWords[NONMODAL]>"},
+      {kLine}},
+     {"cut-twice"},
+     {{"MULTI Line_tTmpl NNUL <@InterpCode><@StartPtWords[NONMODAL]> NNUL <@EndPtWords[NONMODAL]>"}, {kLine}}},
+    {"CutOnTheWay",
+     {{"MULTI MainInit_tTmpl NNUL G21G90F500 NNUL M3 NNUL G1X70Y70", "MULTI T1_ToolOn_tTmpl NNUL", "MULTI T1_ToolOff_tTmpl NNUL M5"},
+      {kLine}},
+     {"stray-cut", "changed-while-on", "rapid-while-on"},
+     {{}, {kLine}}},
+    {"FlyModeThatMoves",
+     {{"BOOL Fly_bSupport true", "BOOL T1_Fly_bUse true", "REAL T1_Fly_rDEG_MaxAngDeviation 100",
+       "MULTI Fly_PreCheck_tTmpl NNUL G64 NNUL G1X0Y0"},
+      kTwoLines},
+     {"cut-elsewhere"},
+     {{"BOOL Fly_bSupport true", "BOOL T1_Fly_bUse true", "REAL T1_Fly_rDEG_MaxAngDeviation 100",
+       "MULTI Fly_PreCheck_tTmpl NNUL G64"},
+      kTwoLines}},
+    {"TileWithACallInACall",
+     {kCalls, {"C,S,20,20,0,0,0"}, {"SUB,S", kLine, "C,T,5,5,0,0,0", "END", "SUB,T", kSquare, kLine, "END"}, 1},
+     {"cut-elsewhere: a call within an expanded program is placed as if the main program made it"},
+     {kCalls, {"C,S,20,20,0.5,0,1"}, {"SUB,S", kLine, kSquare, "END"}, 1}},
+    {"RotaryAxis",
+     {Joined(kRotary, {"MULTI Line_tTmpl NNUL <@InterpCode><@EndPtWords[A2]>"}), {kLine}},
+     {"not-cut"},
+     {kRotary, {kLine, kSquare, "L,1,1,0,60,60,0,0,0,0"}}},
+    {"ToolThatNothingSelects",
+     {{"MULTI T1_ToolSel_tTmpl NNUL S100", "MULTI T2_ToolSel_tTmpl NNUL"},
+      {kLine, "L,1,2,0,60,20,60,60,0,0"}},
+     {"other-tool: nothing selects the tool"},
+     {{"MULTI T1_ToolSel_tTmpl NNUL S100", "MULTI T2_ToolSel_tTmpl NNUL S200"},
+      {kLine, "L,1,2,0,60,20,60,60,0,0"}}},
+    {"TurnedCallWithoutItsWord",
+     {Joined(kCalls, {"BOOL bUseMirror true", "BOOL bUseRotations true"}),
+      {"C,S,20,20,0.5,0,0"}, {"SUB,S", kLine, kSquare, "END"}},
+     {"cut-elsewhere: no word of the call says that it is turned or mirrored"},
+     {kCalls, {"C,S,20,20,0.5,0,0"}, {"SUB,S", kLine, kSquare, "END"}}},
+
+    // A plotter.
+    {"PenNeverDown",
+     {{"MULTI T1_ToolOn_tTmpl NNUL"}, {kLine, kCircle}},
+     {"not-cut: nothing switches the tool on"},
+     {{}, {kLine, kCircle, "A,1,2,0,50,40,40,30,40,40,10,0,0"}},
+     kPlotter},
+    {"PenNeverUp",
+     {{"MULTI T1_ToolOff_tTmpl NNUL"}, {kLine, kCircle}},
+     {"stray-cut: nothing switches the tool off", "end-while-on: nothing switches the tool off"},
+     {{}, {kLine, kCircle}},
+     kPlotter},
 };
 
 class Losses : public testing::TestWithParam<Row> {};
 
 TEST_P(Losses, AreFound) {
     const Row& row = GetParam();
-    const auto findings = [](const Job& job) { return FindingsOf(job.tuning, Drawing(job.main, job.subs, job.unit)); };
+    const auto findings = [&row](const Job& job) {
+        return FindingsOf(Joined(row.machine, job.tuning), Drawing(job.main, job.subs), job.tile);
+    };
     EXPECT_EQ(findings(row.lossy), row.findings);
     EXPECT_EQ(findings(row.right), Lines());
 }

@@ -1,7 +1,8 @@
 // Runs beside the same text written by hand. A run's time is that of the whole run; records are its items.
 //
 // Each group of benchmarks runs in one process, so that its ratios are of one machine at one time:
-// run/JOB against printf/JOB and to_chars/JOB.
+// run/JOB against printf/JOB and to_chars/JOB; compared/JOB, a run whose NC text is held against its drawing, against
+// run/JOB.
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
@@ -10,6 +11,7 @@
 #include "allocations.h"
 #include "by_hand.h"
 #include "jobs.h"
+#include "verify/job_comparison.h"
 
 namespace brindle::bench {
 namespace {
@@ -48,6 +50,25 @@ void Run(benchmark::State& state, const Job& job, ByHand by_hand) {
     state.counters["kept_per_byte"] = static_cast<double>(bytes_kept) / static_cast<double>(text.size());
 }
 
+void RunCompared(benchmark::State& state, const Job& job) {
+    const int64_t records = state.range(0);
+    CSession session;
+    Load(job, records, session);
+    size_t bytes_kept = 0;
+    for (auto _ : state) {
+        const size_t before = AllocationsSoFar().bytes_live;
+        CJobComparison comparison;
+        RunJob(session, &comparison);
+        state.PauseTiming();
+        session.buffers.Reset();
+        session.trace.Clear();
+        bytes_kept = AllocationsSoFar().bytes_live - before;
+        state.ResumeTiming();
+    }
+    state.SetItemsProcessed(state.iterations() * records);
+    state.counters["kept_bytes"] = static_cast<double>(bytes_kept);
+}
+
 void WriteByHand(benchmark::State& state, ByHand by_hand, Writer writer) {
     const int64_t records = state.range(0);
     for (auto _ : state) benchmark::DoNotOptimize(by_hand(records, writer));
@@ -83,6 +104,7 @@ bool RegisterAll() {
         for (const int64_t records : {int64_t{1000}, int64_t{100000}, int64_t{1000000}}) {
             const auto shared = [&](auto* one) { one->Arg(records)->Unit(benchmark::kMillisecond); };
             shared(benchmark::RegisterBenchmark(("run/" + name).c_str(), Run, group.job, group.by_hand));
+            shared(benchmark::RegisterBenchmark(("compared/" + name).c_str(), RunCompared, group.job));
             shared(
                 benchmark::RegisterBenchmark(("printf/" + name).c_str(), WriteByHand, group.by_hand, Writer::kPrintf));
             shared(benchmark::RegisterBenchmark(("to_chars/" + name).c_str(), WriteByHand, group.by_hand,

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "generator/path_recorder.h"
 #include "host/commands/commands.h"
 #include "host/commands/number_pair.h"
 #include "host/console/messages.h"
@@ -90,10 +91,12 @@ bool RunForScene(const PlotArguments& arguments, PathScene& scene) {
     CSession session;
     SetTuning(session, tuning);
     session.TakeDrawing(drawing->text);
-    const JobResult result = RunJob(session, WithPath::kYes);
+    CPathRecorder recorder;
+    const JobResult result = RunJob(session, &recorder);
     PrintRunMessages(result, arguments.drawing, false);
-    if (!result.path->complete) PrintWarning({arguments.drawing}, "the calls lead to more than can be drawn");
-    scene = MakeScene(*result.path);
+    const ToolPath path = recorder.TakePath();
+    if (!path.complete) PrintWarning({arguments.drawing}, "the calls lead to more than can be drawn");
+    scene = MakeScene(path);
     if (scene.strokes.empty()) PrintWarning({arguments.drawing}, "the tool goes nowhere");
     return true;
 }

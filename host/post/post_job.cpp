@@ -43,11 +43,10 @@ public:
             session_.TakeDrawing(drawing->text);
             // The drawing's own unit records set the units too; the user's word comes last.
             if (options_.inches) session_.Job().auto_inches = *options_.inches;
-            return RunJob(session_, WithPath::kNo, &comparison);
+            return RunJob(session_, &comparison);
         }();
         PrintRunMessages(result, planned_.drawing, options_.verbose);
-        const LossCounts counts =
-            ReportLosses(comparison.losses(), options_.allowed, drawing->text, planned_.drawing);
+        const LossCounts counts = ReportLosses(comparison.losses(), options_.allowed, drawing->text, planned_.drawing);
         if (options_.strict && counts.losses + counts.warnings + drawing->warnings > 0) {
             PrintError(InDrawing(0), "warnings count as errors (--strict): no NC file written");
             return JobOutcome::kNotMade;
@@ -155,8 +154,8 @@ private:
 
 }  // namespace
 
-JobOutcome RunPostJob(const PlannedJob& planned, const LoadedTuning& tuning, const JobOptions& options, CFileRoles& roles,
-                const std::string& progress) {
+JobOutcome RunPostJob(const PlannedJob& planned, const LoadedTuning& tuning, const JobOptions& options,
+                      CFileRoles& roles, const std::string& progress) {
     try {
         return CPostJob(planned, tuning, options, roles).Run(progress);
     } catch (const std::bad_alloc&) {

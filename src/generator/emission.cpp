@@ -4,7 +4,6 @@
 #include <string>
 
 #include "generator/facets.h"
-#include "generator/path_recorder.h"
 #include "generator/word_numbers.h"
 #include "geometry/rounding.h"
 #include "text/numbers.h"
@@ -118,16 +117,9 @@ void CEmission::ApproachCut(bool force_lift) {
     tools_.FlyPreCheck();
 }
 
-void CEmission::ExecuteElement(const CompiledTemplate& compiled, PathKind kind) {
-    if (run_.path == nullptr) return executor_.ExecuteTemplate(compiled);
-    run_.path->BeginElement(kind);
-    executor_.ExecuteTemplate(compiled);
-    run_.path->EndElement();
-}
-
 void CEmission::CutLine(bool force_lift) {
     ApproachCut(force_lift);
-    ExecuteElement(run_.line, PathKind::kLine);
+    executor_.ExecuteTemplate(run_.line);
     run_.controller.last_position = run_.Record().End();
     tools_.FlyPostCheck();
 }
@@ -178,7 +170,7 @@ void CEmission::EmitHalves(const CNCArcData& record, const CNCData* next, const 
 
 void CEmission::CutArc() {
     ApproachCut(false);
-    ExecuteElement(run_.arc, PathKind::kArc);
+    executor_.ExecuteTemplate(run_.arc);
     const CNCArcData* const arc = run_.controller.current_item().AsArc();
     run_.controller.last_position = arc->true_end();
     tools_.FlyPostCheck();
@@ -198,7 +190,7 @@ void CEmission::EmitText(const CNCData& record) {
     tools_.ToolChange();
     ExecuteMove(run_.move);
     tools_.ToolOn();
-    ExecuteElement(run_.text, PathKind::kText);
+    executor_.ExecuteTemplate(run_.text);
 }
 
 void CEmission::ExecuteMove(const CompiledTemplate& compiled) {
@@ -218,7 +210,7 @@ void CEmission::ExecuteMove(const CompiledTemplate& compiled) {
             tools_.ToolOff();
         }
     }
-    ExecuteElement(compiled, PathKind::kRapid);
+    executor_.ExecuteTemplate(compiled);
     controller.last_position = start;
     controller.SetToolDirection(run_.Record().GetStartAngle(false));
     move = MoveKind::kNone;

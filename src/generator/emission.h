@@ -7,7 +7,6 @@
 #include "generator/run_log.h"
 #include "generator/segments.h"
 #include "generator/tool_control.h"
-#include "generator/tool_path.h"
 
 namespace brindle {
 
@@ -39,8 +38,6 @@ private:
     // The current record cut as a line, or as an arc. `force_lift`: the tool lifts before it.
     void CutLine(bool force_lift);
     void CutArc();
-    // The template of the current record, or of the move to its start, as a piece of the path.
-    void ExecuteElement(const CompiledTemplate& compiled, PathKind kind);
     // Tool, move and lift before the template of a line or arc, and tool on.
     void ApproachCut(bool force_lift);
     void LogDropped(DropReason reason);

@@ -3,8 +3,6 @@
 
 #include <algorithm>
 
-#include "generator/path_recorder.h"
-
 namespace brindle {
 namespace {
 
@@ -107,7 +105,6 @@ void CEmission::MakeCallPointCurrent(const CNCIncludeData& record, Point place, 
 void CEmission::CallSub(const CNCIncludeData& record, int32_t program, const CTrans& trans) {
     const bool on_block = run_.options.axes.start_end_on_block;
     MakeCallPointCurrent(record, Sum(record.Start(), StartReference(record, program)), trans);
-    if (run_.path != nullptr) run_.path->BeginCall(record);
     if (run_.log != nullptr) run_.log->CallStarts(record, run_.VariantOf(record));
     if (!on_block) ReachCallPoint(record);
     tools_.ToolOff();
@@ -120,7 +117,6 @@ void CEmission::CallSub(const CNCIncludeData& record, int32_t program, const CTr
         run_.state.last.Clear();
     }
     executor_.ExecuteTemplate(run_.sub_reset);
-    if (run_.path != nullptr) run_.path->EndCall();
     if (run_.log != nullptr) run_.log->CallEnds();
 }
 

@@ -2,30 +2,19 @@
 
 #include <cmath>
 
-#include "generator/path_recorder.h"
 #include "rtd/value_exchange.h"
 
 namespace brindle {
 
-void RunOutput(const SessionParts& session, ToolPath* path, CRunLog* log) {
+void RunOutput(const SessionParts& session, CRunLog* log) {
     session.buffers.Reset();
     session.trace.Clear();
     JobData& job = session.controller.job;
     SettleRunValues(session.tuning.definition(), job.tuning_pick, job.dataset_name, session.run_values);
-    COutputRun(session).RunOutput(path, log);
+    COutputRun(session).RunOutput(log);
 }
 
-void COutputRun::RunOutput(ToolPath* path, CRunLog* log) {
-    followed_by_ = log;
-    if (path == nullptr) return OutputFile();
-    CPathRecorder recorder(run_);
-    run_.path = &recorder;
-    OutputFile();
-    run_.path = nullptr;
-    *path = recorder.Finish();
-}
-
-void COutputRun::OutputFile() {
+void COutputRun::RunOutput(CRunLog* log) {
     const ProgramOptions& programs = run_.options.programs;
     run_.controller.ForgetRecords();
     run_.geometry.CollectIncludes({programs.rotations_in_use, programs.mirror_in_use});
@@ -38,7 +27,7 @@ void COutputRun::OutputFile() {
     run_.controller.SetTransform(run_.PlaneTransform());
     segments_.MeasureEnd();
     ResetController();
-    run_.log = followed_by_;  // what was measured is no part of the NC text
+    run_.log = log;  // what was measured is no part of the NC text
     if (run_.log != nullptr) run_.log->RunStarts(run_);
     executor_.ExecuteTemplate(run_.file_start);
     OutputPrograms();
@@ -80,7 +69,6 @@ void COutputRun::OutputMain() {
     run_.controller.current_program = -1;
     run_.controller.absolute_mode = run_.options.programs.absolute;
     run_.state.ForgetOutput();
-    if (run_.path != nullptr) run_.path->StartProgram(-1, {});
     if (run_.log != nullptr) run_.log->ProgramStarts(-1);
     executor_.ExecuteTemplate(run_.main_init);
     emission_.OutputProgram(0, trans);
@@ -142,7 +130,6 @@ void COutputRun::OutputSub(int32_t variant, int32_t program, const std::string& 
     } else {
         run_.controller.last_position = trans.TransformPoint(start);
     }
-    if (run_.path != nullptr) run_.path->StartProgram(variant, on_block ? Point{} : run_.controller.last_position);
     if (run_.log != nullptr) run_.log->ProgramStarts(variant);
     executor_.ExecuteTemplate(run_.sub_init);
     emission_.OutputProgram(program, trans);

@@ -5,16 +5,15 @@
 
 #include "generator/emission.h"
 #include "generator/evaluators.h"
-#include "generator/tool_path.h"
 
 namespace brindle {
 
 // Runs the tuning of a session over its geometry: drops the output of an earlier run, settles the run-time values, and
 // writes the NC text into the buffers. Buffers and trace are rebuilt; the geometry is not changed, so a run can be
 // repeated and gives the same text, unless it leaves a block pending or a mirror or rotation code in force, is
-// incremental and starts where it ended, or writes words of a record before its first record. `path`, if it is not
-// null, becomes the path of the tool; `log`, if it is not null, is told what is written.
-void RunOutput(const SessionParts& session, ToolPath* path = nullptr, CRunLog* log = nullptr);
+// incremental and starts where it ended, or writes words of a record before its first record. `log`, if it is not
+// null, is told what is written.
+void RunOutput(const SessionParts& session, CRunLog* log = nullptr);
 
 // One such run, after its values have been settled.
 class COutputRun {
@@ -27,10 +26,9 @@ public:
           segments_(run_, executor_, tools_),
           emission_(run_, executor_, tools_, segments_) {}
 
-    void RunOutput(ToolPath* path, CRunLog* log);
+    void RunOutput(CRunLog* log);
 
 private:
-    void OutputFile();
     void TakeSettings();
     void ResetController();
     void OutputPrograms();
@@ -46,7 +44,6 @@ private:
     Point SubStart(int32_t program) const;
 
     RunContext run_;
-    CRunLog* followed_by_ = nullptr;
     CTextResolver resolver_;
     CTemplateExecutor executor_;
     CToolControl tools_;

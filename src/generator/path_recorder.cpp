@@ -37,30 +37,63 @@ Point Sum(Point a, Point b) { return {a.x + b.x, a.y + b.y}; }
 
 }  // namespace
 
-CPathRecorder::CPathRecorder(RunContext& run) : run_(run) { StartProgram(kMainProgram, {}); }
+void CPathRecorder::RunStarts(RunContext& run) {
+    run_ = &run;
+    path_ = {};
+    programs_.clear();
+    calls_.clear();
+    held_back_.clear();
+    ProgramStarts(kMainProgram);
+}
 
-void CPathRecorder::StartProgram(int32_t variant, Point start) {
+void CPathRecorder::ProgramStarts(int32_t variant) {
     program_ = &programs_[variant];
-    program_->start = start;
+    const bool moves_to_start = variant != kMainProgram && !run_->options.axes.start_end_on_block;
+    program_->start = moves_to_start ? run_->controller.last_position : Point{};
 }
 
 // ---- Elements ----
+
+void CPathRecorder::TemplateStarts(const CompiledTemplate& compiled, int32_t) {
+    wrote_ = false;
+    template_ = &compiled;
+    const std::pair<const CompiledTemplate*, PathKind> kinds[] = {{&run_->move, PathKind::kRapid},
+                                                                  {&run_->move_to_include, PathKind::kRapid},
+                                                                  {&run_->line, PathKind::kLine},
+                                                                  {&run_->arc, PathKind::kArc},
+                                                                  {&run_->text, PathKind::kText}};
+    for (const auto& [element, kind] : kinds) {
+        if (element != &compiled) continue;
+        element_ = &compiled;
+        BeginElement(kind);
+    }
+}
+
+void CPathRecorder::TemplateEnds() {
+    if (element_ != nullptr) EndElement();
+    element_ = nullptr;
+    if (call_is_open_ && wrote_) calls_.back().is_written |= template_ == &run_->sub_call;
+}
 
 void CPathRecorder::BeginElement(PathKind kind) {
     if (!call_is_open_) OpenNumber();
     Step step;
     step.is_move = kind == PathKind::kRapid;
     TakeCurrentRecord(step, kind);
-    if (call_is_open_) calls_[static_cast<size_t>(call_step_.call)].has_move = true;
     program_->steps.push_back(step);
 }
 
 void CPathRecorder::EndElement() {
+    if (!wrote_) {
+        program_->steps.pop_back();
+    } else if (call_is_open_) {
+        calls_[static_cast<size_t>(call_step_.call)].has_move = true;
+    }
     if (!call_is_open_) CloseNumber();
 }
 
 void CPathRecorder::TakeCurrentRecord(Step& step, PathKind kind) {
-    const CNCData& record = run_.Record();
+    const CNCData& record = run_->Record();
     PathElement& piece = step.piece;
     piece.kind = kind;
     piece.number = static_cast<int32_t>(path_.blocks.size()) - 1;
@@ -68,19 +101,19 @@ void CPathRecorder::TakeCurrentRecord(Step& step, PathKind kind) {
     piece.start = record.Start();
     piece.end = step.is_move || kind == PathKind::kText ? record.Start() : record.End();
     step.offset = OffsetOf(record);
-    if (step.is_move && run_.state.tool.power == ToolPower::kOn) {
+    if (step.is_move && run_->state.tool.power == ToolPower::kOn) {
         piece.kind = PathKind::kLine;
-        piece.tool = run_.state.tool.selected;
+        piece.tool = run_->state.tool.selected;
     }
     if (kind == PathKind::kText) piece.text = TakeText(record);
     if (kind != PathKind::kArc) return;
-    const CNCArcData& arc = *run_.controller.current_item().AsArc();
+    const CNCArcData& arc = *run_->controller.current_item().AsArc();
     piece.clockwise = arc.IsClockwise();
-    piece.center = run_.options.arcs.by_radius ? CenterByRadius(arc) : arc.Center();
+    piece.center = run_->options.arcs.by_radius ? CenterByRadius(arc) : arc.Center();
 }
 
 int32_t CPathRecorder::TakeText(const CNCData& record) {
-    const double factor = run_.AxisUnit().factor[run_.options.axes.LinearAxis()];
+    const double factor = run_->AxisUnit().factor[run_->options.axes.LinearAxis()];
     path_.texts.push_back(
         {record.GetTextString(), record.GetTextHeight() * std::fabs(factor), record.GetTextRotation()});
     return static_cast<int32_t>(path_.texts.size()) - 1;
@@ -89,17 +122,17 @@ int32_t CPathRecorder::TakeText(const CNCData& record) {
 // The tool's offset has been taken off the words of cuts.
 Point CPathRecorder::OffsetOf(const CNCData& record) {
     if (!record.IsLine() && !record.IsArc()) return {};
-    return run_.PlaneTransform().Scale(run_.tools.Get(record.GetToolId()).physical->offset);
+    return run_->PlaneTransform().Scale(run_->tools.Get(record.GetToolId()).physical->offset);
 }
 
 // ---- Calls ----
 
-void CPathRecorder::BeginCall(const CNCIncludeData& record) {
+void CPathRecorder::CallStarts(const CNCIncludeData& record, int32_t variant) {
     OpenNumber();
-    const ProgramOptions& programs = run_.options.programs;
-    Call call{run_.VariantOf(record), TurnOf(record), {}};
-    call.start_is_at = !programs.subs_absolute || run_.options.axes.start_end_on_block;
-    call.at = call.start_is_at ? run_.Record().Start() : run_.controller.transform.TransformPoint(record.Start());
+    const ProgramOptions& programs = run_->options.programs;
+    Call call{variant, TurnOf(record), {}};
+    call.start_is_at = !programs.subs_absolute || run_->options.axes.start_end_on_block;
+    call.at = call.start_is_at ? run_->Record().Start() : run_->controller.transform.TransformPoint(record.Start());
     call_is_open_ = true;
     call_step_ = {};
     call_step_.is_move = true;
@@ -109,7 +142,7 @@ void CPathRecorder::BeginCall(const CNCIncludeData& record) {
     calls_.push_back(call);
 }
 
-void CPathRecorder::EndCall() {
+void CPathRecorder::CallEnds() {
     program_->steps.push_back(call_step_);
     call_is_open_ = false;
     CloseNumber();
@@ -117,7 +150,7 @@ void CPathRecorder::EndCall() {
 
 // Turns and mirrors act on the shape of the part, whatever the factors of the axes.
 CPathRecorder::Placing CPathRecorder::TurnOf(const CNCIncludeData& record) const {
-    const ProgramOptions& programs = run_.options.programs;
+    const ProgramOptions& programs = run_->options.programs;
     CTrans trans;
     if (programs.rotations_in_use) trans.rotation = record.GetIncludeRotation();
     trans.mirror_x = programs.mirror_in_use && record.GetIncludeMirrorX();
@@ -135,18 +168,18 @@ void CPathRecorder::OpenNumber() {
     path_.blocks.emplace_back();
     number_is_open_ = true;
     wrote_block_ = false;
-    pending_before_ = run_.state.pending_text.size();
+    pending_before_ = run_->state.pending_text.size();
 }
 
 void CPathRecorder::CloseNumber() {
-    const size_t pending = run_.state.pending_text.size();
+    const size_t pending = run_->state.pending_text.size();
     if (pending != 0 && (wrote_block_ || pending != pending_before_)) {
         held_back_.push_back(static_cast<int32_t>(path_.blocks.size()) - 1);
     }
     number_is_open_ = false;
 }
 
-void CPathRecorder::BlockWritten(size_t index) {
+void CPathRecorder::BlockWritten(std::string_view, size_t index) {
     const auto add = [index](BlockRange& range) {
         if (range.first == range.last) range.first = index;
         range.last = index + 1;
@@ -161,8 +194,8 @@ void CPathRecorder::BlockWritten(size_t index) {
 // ---- The whole path ----
 
 void CPathRecorder::TakeAxes() {
-    const AxisOptions& axes = run_.options.axes;
-    const CTrans plane = run_.PlaneTransform();
+    const AxisOptions& axes = run_->options.axes;
+    const CTrans plane = run_->PlaneTransform();
     if (plane.lengths_on_axis1) {
         path_.y_ratio = RatioOf(plane.axis1_factor, plane.axis2_factor);
     } else {
@@ -171,8 +204,8 @@ void CPathRecorder::TakeAxes() {
     const bool is_rotary[] = {axes.axis1_rotary, axes.axis2_rotary};
     const double factors[] = {plane.axis1_factor, plane.axis2_factor};
     for (int axis = 0; axis < 2; ++axis) {
-        const bool in_degrees = is_rotary[axis] && axes.rotary_in_degrees && run_.EffectiveRotaryRadius() >= 1.0;
-        const char* const length = run_.controller.in_inches ? "in" : "mm";
+        const bool in_degrees = is_rotary[axis] && axes.rotary_in_degrees && run_->EffectiveRotaryRadius() >= 1.0;
+        const char* const length = run_->controller.in_inches ? "in" : "mm";
         path_.units[axis] = in_degrees ? "°" : std::fabs(factors[axis]) == 1.0 ? length : "";
     }
 }
@@ -181,7 +214,7 @@ void CPathRecorder::TakeAxes() {
 class CPathRecorder::CWalk {
 public:
     explicit CWalk(CPathRecorder& recorder) : recorder_(recorder), path_(recorder.path_) {
-        const AxisOptions::Unit& unit = recorder.run_.AxisUnit();
+        const AxisOptions::Unit& unit = recorder.run_->AxisUnit();
         for (int axis = 0; axis < 2; ++axis) loose_[axis] = std::max(kLooseSteps * unit.step[axis], kTolerance);
     }
 
@@ -223,6 +256,7 @@ private:
 
     void FollowCall(const Step& step, const Placing& placing) {
         const Call& call = recorder_.calls_[static_cast<size_t>(step.call)];
+        if (!call.is_written) return;
         if (!call.has_move || !IsToolAt(placing(step.piece.end))) Add(step, placing);
         const auto program = recorder_.programs_.find(call.variant);
         if (program == recorder_.programs_.end() || call.variant == kMainProgram) return;
@@ -259,7 +293,7 @@ private:
     size_t calls_followed_ = 0;
 };
 
-ToolPath CPathRecorder::Finish() {
+void CPathRecorder::RunEnds() {
     // Numbers without blocks stand with those before them.
     size_t first = 0;
     for (BlockRange& range : path_.blocks) {
@@ -267,7 +301,7 @@ ToolPath CPathRecorder::Finish() {
         first = range.first;
     }
     CWalk(*this).Follow(kMainProgram, {});
-    return std::move(path_);
+    run_ = nullptr;
 }
 
 }  // namespace brindle

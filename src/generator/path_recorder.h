@@ -1,4 +1,4 @@
-// Takes the path of the tool down while a run goes on. Only a run whose path is wanted has a recorder.
+// The path of the tool, from what a run writes.
 #pragma once
 
 #include <cstddef>
@@ -7,34 +7,40 @@
 #include <vector>
 
 #include "generator/run_context.h"
+#include "generator/run_log.h"
+#include "generator/template_use.h"
 #include "generator/tool_path.h"
 
 namespace brindle {
 
 // A program is taken down once, in the coordinates of its own text, as the run writes it. In the end the main program
 // is followed as a machine would follow it: each call shifts, turns and mirrors the text of its sub-program as far as
-// the machine does that; what the run did itself is in the text.
-class CPathRecorder {
+// the machine does that; what the run did itself is in the text. What no template writes is no part of the path.
+class CPathRecorder final : public CRunLog {
 public:
-    explicit CPathRecorder(RunContext& run);
-    CPathRecorder(const CPathRecorder&) = delete;
-    CPathRecorder& operator=(const CPathRecorder&) = delete;
+    // The path of the run that has ended, taken out.
+    ToolPath TakePath() { return std::move(path_); }
 
-    // What comes now belongs to the text of that include variant, -1 for the main program. `start`: where the machine
-    // is then, in the coordinates of the text.
-    void StartProgram(int32_t variant, Point start);
-    // The template of the current record comes now, as a piece of that kind; kRapid stands for a move to the record's
-    // start, with the tool up or not.
-    void BeginElement(PathKind kind);
-    void EndElement();
-    // The templates of a call come now, with its call point as the current record. A move in between is the call's.
-    void BeginCall(const CNCIncludeData& record);
-    void EndCall();
-    // A block is about to become trace record `index`.
-    void BlockWritten(size_t index);
-
-    // The path of the whole run, taken out.
-    ToolPath Finish();
+    void RunStarts(RunContext& run) override;
+    void RunEnds() override;
+    void SegmentStarts() override {}
+    void ProgramStarts(int32_t variant) override;
+    void ProgramEnds() override {}
+    void RecordStarts(int32_t, int32_t) override {}
+    void RecordEnds(bool) override {}
+    void RecordDropped(DropReason) override {}
+    void ArcAsLines(bool) override {}
+    void CallStarts(const CNCIncludeData& record, int32_t variant) override;
+    void CallEnds() override;
+    void ExpansionStarts(const CNCIncludeData&) override {}
+    void ExpansionEnds() override {}
+    void TemplateStarts(const CompiledTemplate& compiled, int32_t tool) override;
+    void TemplateEnds() override;
+    void TemplateLine(size_t, std::string_view text) override { wrote_ = wrote_ || SaysSomething(text); }
+    void Word(const LoggedWord&) override {}
+    void Unresolved(std::string_view) override {}
+    void BlockWritten(std::string_view block, size_t trace_index) override;
+    void CommentWritten(std::string_view) override {}
 
 private:
     struct Step {
@@ -62,9 +68,12 @@ private:
         Point at;                 // what comes to lie here, in the coordinates of the caller's text:
         bool start_is_at = true;  // where the machine is at the start of the sub-program, otherwise its origin
         bool has_move = false;    // of its own, to the call point
+        bool is_written = false;  // by the template of calls
     };
     class CWalk;
 
+    void BeginElement(PathKind kind);
+    void EndElement();
     void OpenNumber();
     void CloseNumber();
     void TakeCurrentRecord(Step& step, PathKind kind);
@@ -73,12 +82,15 @@ private:
     Placing TurnOf(const CNCIncludeData& record) const;
     void TakeAxes();
 
-    RunContext& run_;
+    RunContext* run_ = nullptr;  // while a run goes on
     ToolPath path_;
     std::map<int32_t, Program> programs_;  // by include variant
     std::vector<Call> calls_;
     Program* program_ = nullptr;
-    Step call_step_;  // while a call is open
+    const CompiledTemplate* element_ = nullptr;  // the template of an element, while it is executed
+    const CompiledTemplate* template_ = nullptr;
+    bool wrote_ = false;  // the present template has written something
+    Step call_step_;      // while a call is open
     bool call_is_open_ = false;
     bool wrote_block_ = false;  // for the open number, which is the last one
     bool number_is_open_ = false;

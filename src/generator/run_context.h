@@ -30,7 +30,6 @@ struct SessionParts {
     CNCGeomMgr& geometry;
 };
 
-class CPathRecorder;
 class CRunLog;
 
 // One run: the session's parts, and options and tools prepared from the tuning. The tuning and the run values must not
@@ -44,8 +43,7 @@ struct RunContext : SessionParts {
     CTextCompiler compiler;
     const RunOptions options;
     CToolTable tools;
-    CPathRecorder* path = nullptr;  // null if the path is not wanted
-    CRunLog* log = nullptr;         // null if nobody follows
+    CRunLog* log = nullptr;  // null if nobody follows
 
     const CompiledTemplate file_start = compiler.CompileTemplate("FileStart_");
     const CompiledTemplate file_end = compiler.CompileTemplate("FileEnd_");

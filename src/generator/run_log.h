@@ -14,26 +14,26 @@ struct RunContext;
 class CNCIncludeData;
 
 enum class WordKind : uint8_t {
-    kAxis,           // a coordinate or an increment
-    kCentre,         // of an arc
+    kAxis,    // a coordinate or an increment
+    kCentre,  // of an arc
     kRadius,
-    kSubtended,      // the angle of an arc, as its word has it
-    kToolAngle,      // of a tangential tool
+    kSubtended,  // the angle of an arc, as its word has it
+    kToolAngle,  // of a tangential tool
     kSpeed,
     kInterpolation,  // a code
     kDistanceMode,   // the code of absolute or incremental output
     kUnits,          // a code
     kText,
-    kCallMirror,     // a code of a call
+    kCallMirror,  // a code of a call
     kCallRotation,
 };
 
 // What became of a word that a template asked for.
 enum class WordFate : uint8_t {
     kWritten,
-    kRepeat,        // left out: it repeats the last one
-    kNoDistance,    // left out: an increment below the geometric tolerance
-    kNothing,       // there is nothing to write, as of a code that the tuning leaves empty
+    kRepeat,      // left out: it repeats the last one
+    kNoDistance,  // left out: an increment below the geometric tolerance
+    kNothing,     // there is nothing to write, as of a code that the tuning leaves empty
 };
 
 // Which of its codes an interpolation word is.
@@ -42,20 +42,20 @@ enum class MotionCode : uint8_t { kRapid, kLinear, kClockwise, kCounterClockwise
 struct LoggedWord {
     WordKind kind;
     WordFate fate = WordFate::kWritten;
-    uint8_t axis = 0;       // 0 or 1: of kAxis, kCentre; the parameter of kSpeed
-    bool at_start = false;  // of kAxis: the start of the record
-    bool absolute = true;   // of kAxis, kCentre, kToolAngle, kDistanceMode
+    uint8_t axis = 0;                        // 0 or 1: of kAxis, kCentre; the parameter of kSpeed
+    bool at_start = false;                   // of kAxis: the start of the record
+    bool absolute = true;                    // of kAxis, kCentre, kToolAngle, kDistanceMode
     MotionCode motion = MotionCode::kRapid;  // of kInterpolation
     std::string_view text = {};              // number or code as printed, without its address; good during the call
 };
 
 // Why a record does not go out as it is drawn.
 enum class DropReason : uint8_t {
-    kToolOutOfRange,    // the tuning has fewer tools, and no default tool
-    kNoTool,            // the tool has no data
-    kTextInIncremental, // texts need absolute output
+    kToolOutOfRange,     // the tuning has fewer tools, and no default tool
+    kNoTool,             // the tool has no data
+    kTextInIncremental,  // texts need absolute output
     kTextNotSupported,
-    kEmptyCall,         // the called program has no records, or one that ends where it starts
+    kEmptyCall,  // the called program has no records, or one that ends where it starts
     kUnknownProgram,
     kCallsItself,
     kCallsTooDeep,
@@ -99,8 +99,10 @@ public:
     virtual void Word(const LoggedWord& word) = 0;
     // What could not be evaluated.
     virtual void Unresolved(std::string_view what) = 0;
-    // A block goes into the NC text, with its end; it becomes trace record `trace_index`.
+    // A block goes into the NC text, with its end; it is trace record `trace_index`.
     virtual void BlockWritten(std::string_view block, size_t trace_index) = 0;
+    // The same with a message, as a comment.
+    virtual void CommentWritten(std::string_view block) = 0;
 };
 
 }  // namespace brindle

@@ -1,7 +1,5 @@
 #include "generator/template_executor.h"
 
-#include "generator/path_recorder.h"
-
 namespace brindle {
 
 void CTemplateExecutor::ExecuteTemplate(const CompiledTemplate& compiled) {
@@ -49,8 +47,9 @@ void CTemplateExecutor::ExecuteLine(const CompiledLine& line, bool terminate) {
         pending.swap(block_);  // copies would make a block of many lines quadratic
         return;
     }
-    if (run_.path != nullptr) run_.path->BlockWritten(run_.trace.GetCount());
+    const size_t index = run_.trace.GetCount();
     resolver_.WriteBlock(block_);
+    if (run_.log != nullptr) run_.log->BlockWritten(block_, index);
 }
 
 bool CTemplateExecutor::ScanNumberingWords(const CompiledLine& line) {

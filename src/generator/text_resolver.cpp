@@ -54,11 +54,9 @@ bool CTextResolver::MayRead(const OptionText& option) {
 }
 
 void CTextResolver::WriteBlock(std::string& block) {
-    const size_t index = run_.trace.GetCount();
     run_.trace.Add(TraceKind::kBlock, block);
     AddBlockDelimiter(block);
     run_.buffers.AddToBuffer(block);
-    if (run_.log != nullptr) run_.log->BlockWritten(block, index);
 }
 
 void CTextResolver::AddBlockDelimiter(std::string& block) {
@@ -103,6 +101,7 @@ void CTextResolver::ReportError(std::string_view message) {
     std::string block = open_comment_;
     block.append(message).append(close_comment_);
     WriteBlock(block);
+    if (run_.log != nullptr) run_.log->CommentWritten(block);
     writing_comment_ = false;
 }
 

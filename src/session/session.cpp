@@ -22,11 +22,9 @@ std::vector<size_t> JobResult::Messages() const {
     return messages;
 }
 
-JobResult RunJob(CSession& session, WithPath with_path, CRunLog* log) {
-    JobResult result{session.buffers, session.trace, {}};
-    if (with_path == WithPath::kYes) result.path.emplace();
-    RunOutput(session.Parts(), result.path ? &*result.path : nullptr, log);
-    return result;
+JobResult RunJob(CSession& session, CRunLog* log) {
+    RunOutput(session.Parts(), log);
+    return {session.buffers, session.trace};
 }
 
 }  // namespace brindle

@@ -44,19 +44,16 @@ public:
     CNCGeomMgr geometry;
 };
 
-// What a run gives. All but the path lies in the session, up to its next run.
+// What a run gives. It lies in the session, up to its next run.
 struct JobResult {
     CBufferMgr& buffers;  // the NC text, a buffer for each segment
     const CNCDebugMgr& trace;
-    std::optional<ToolPath> path;  // if it was asked for
 
     // The messages of the run, by their places in the trace.
     std::vector<size_t> Messages() const;
 };
 
-enum class WithPath { kNo, kYes };
-
 // Runs the tuning of the session over its geometry. `log`, if it is not null, is told what is written.
-JobResult RunJob(CSession& session, WithPath with_path = WithPath::kNo, CRunLog* log = nullptr);
+JobResult RunJob(CSession& session, CRunLog* log = nullptr);
 
 }  // namespace brindle

@@ -39,6 +39,7 @@ void CEventTape::Replay(CRunLog& log) const {
                 break;
             }
             case Kind::kUnresolved: log.Unresolved(text); break;
+            case Kind::kCommentWritten: log.CommentWritten(text); break;
             case Kind::kBlockWritten: log.BlockWritten(text, event.trace_index); break;
         }
     }

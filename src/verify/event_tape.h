@@ -48,11 +48,26 @@ public:
         Add({.kind = Kind::kBlockWritten, .trace_index = trace_index}, block);
     }
 
+    void CommentWritten(std::string_view block) override { Add({.kind = Kind::kCommentWritten}, block); }
+
 private:
     enum class Kind : uint8_t {
-        kSegmentStarts, kRecordStarts, kRecordEnds, kRecordDropped, kArcAsLines, kCallStarts, kCallEnds,
-        kExpansionStarts, kExpansionEnds, kTemplateStarts, kTemplateEnds, kTemplateLine, kWord, kUnresolved,
+        kSegmentStarts,
+        kRecordStarts,
+        kRecordEnds,
+        kRecordDropped,
+        kArcAsLines,
+        kCallStarts,
+        kCallEnds,
+        kExpansionStarts,
+        kExpansionEnds,
+        kTemplateStarts,
+        kTemplateEnds,
+        kTemplateLine,
+        kWord,
+        kUnresolved,
         kBlockWritten,
+        kCommentWritten,
     };
     struct Event {
         Kind kind;
@@ -61,8 +76,8 @@ private:
         int32_t index = 0;
         LoggedWord word{WordKind::kAxis};  // its text is that of the event
         size_t trace_index = 0;
-        const void* object = nullptr;      // the call's record or the template
-        size_t first = 0, length = 0;      // of its text
+        const void* object = nullptr;  // the call's record or the template
+        size_t first = 0, length = 0;  // of its text
     };
 
     void Add(Event event, std::string_view text = {});

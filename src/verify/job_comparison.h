@@ -33,12 +33,16 @@ public:
     void CallEnds() override { To().CallEnds(); }
     void ExpansionStarts(const CNCIncludeData& record) override { To().ExpansionStarts(record); }
     void ExpansionEnds() override { To().ExpansionEnds(); }
-    void TemplateStarts(const CompiledTemplate& compiled, int32_t tool) override { To().TemplateStarts(compiled, tool); }
+    void TemplateStarts(const CompiledTemplate& compiled, int32_t tool) override {
+        To().TemplateStarts(compiled, tool);
+    }
     void TemplateEnds() override { To().TemplateEnds(); }
     void TemplateLine(size_t line, std::string_view text) override { To().TemplateLine(line, text); }
     void Word(const LoggedWord& word) override { To().Word(word); }
     void Unresolved(std::string_view what) override { To().Unresolved(what); }
     void BlockWritten(std::string_view block, size_t trace_index) override { To().BlockWritten(block, trace_index); }
+
+    void CommentWritten(std::string_view block) override { To().CommentWritten(block); }
 
     bool ReplayProgram(int32_t variant, CRunLog& log) const override;
 

@@ -8,7 +8,7 @@ namespace {
 
 constexpr size_t kMostReplayed = 200000;  // calls that are followed
 constexpr double kNoLength = 1e-9;        // millimetres
-constexpr double kNoRotation = 1e-6;       // radians
+constexpr double kNoRotation = 1e-6;      // radians
 constexpr double kLooseDegrees = 1.0;     // of a tangential tool
 constexpr size_t kMostOpen = 1000;        // records that wait for their block
 
@@ -110,8 +110,7 @@ void CJobFollower::RecordDropped(DropReason reason) {
     const RecordPlace at = records_.back();
     const CNCData& record = *run_.geometry.GetRecord(at.program, at.index);
     if (record.IsInclude()) {
-        return LoseProgram(run_.geometry.FindProgram(record.GetIncludeName()), Rule::kNotCut,
-                           brindle::CauseOf(reason));
+        return LoseProgram(run_.geometry.FindProgram(record.GetIncludeName()), Rule::kNotCut, brindle::CauseOf(reason));
     }
     if (open_.empty()) return;
     open_.back().dropped = reason;
@@ -196,8 +195,8 @@ void CJobFollower::CarryOutCall() {
         losses_.sums.is_whole = false;
         return;
     }
-    const bool is_active = std::find(variants_under_way_.begin(), variants_under_way_.end(), call.variant) !=
-                           variants_under_way_.end();
+    const bool is_active =
+        std::find(variants_under_way_.begin(), variants_under_way_.end(), call.variant) != variants_under_way_.end();
     if (is_active || variants_under_way_.size() > kDeepestCall || ++replayed_ > kMostReplayed) {
         losses_.sums.is_whole = false;
         return;
@@ -343,7 +342,7 @@ void CJobFollower::Unresolved(std::string_view what) {
     Lose(Rule::kUnresolvedValue, Cause::kUnknown, 0, Here(), 0.0, 0.0, what);
 }
 
-void CJobFollower::BlockWritten(std::string_view block, size_t) {
+void CJobFollower::CommentWritten(std::string_view block) {
     if (machine_.ReadsText()) machine_.TakeText(block);
 }
 
@@ -357,12 +356,16 @@ int32_t CJobFollower::CurrentTool() const {
 
 void CJobFollower::Moves(const Motion& motion) {
     if (is_blind_ || !power_.IsAnyOn()) return;
-    Cut cut{CurveOf(motion), use_ == TemplateUse::kMove || use_ == TemplateUse::kMoveToCall, true,
-            motion.heading_before, motion.heading_after, CurrentTool()};
+    Cut cut{CurveOf(motion),
+            use_ == TemplateUse::kMove || use_ == TemplateUse::kMoveToCall,
+            true,
+            motion.heading_before,
+            motion.heading_after,
+            CurrentTool()};
     if (motion.code == MotionCode::kRapid) {
         const double length = cut.curve.Length();
         if (length <= ToleranceOf(cut.curve)) return;
-        const Cause cause = no_code_                    ? Cause::kNoLineCode
+        const Cause cause = no_code_                  ? Cause::kNoLineCode
                             : power_.HasOff(cut.tool) ? Cause::kUnknown
                                                       : Cause::kNoToolOff;
         Lose(Rule::kRapidWhileOn, cause, cut.tool, Here(), length, length);
@@ -516,8 +519,8 @@ void CJobFollower::Settle() {
     if (!strays.empty() && stray_length > 0.0) {
         const int32_t tool = cuts_.front().tool;
         const Cause cause = tool > 0 && !power_.HasOff(tool) ? Cause::kNoToolOff
-                            : open_.empty()                        ? Cause::kUnknown
-                                                                   : CauseOf(open_.front(), stray_off);
+                            : open_.empty()                  ? Cause::kUnknown
+                                                             : CauseOf(open_.front(), stray_off);
         Lose(Rule::kStrayCut, cause, tool, open_.empty() ? Here() : open_.front().place, stray_off, stray_length);
     }
     if (!cuts_.empty()) last_cut_ = cuts_.back();
@@ -530,9 +533,8 @@ bool CJobFollower::WritesAngles(int32_t tool) {
     const auto [at, is_new] = writes_angles_.try_emplace(tool, false);
     if (!is_new) return at->second;
     const Tool& data = run_.tools.Get(tool);
-    for (const CompiledTemplate* compiled :
-         {&run_.move, &run_.line, &run_.arc, &data.own->select, &data.own->on, &data.physical->select,
-          &data.physical->on}) {
+    for (const CompiledTemplate* compiled : {&run_.move, &run_.line, &run_.arc, &data.own->select, &data.own->on,
+                                             &data.physical->select, &data.physical->on}) {
         at->second |= HasDirective(*compiled, DirectiveId::kAtAngle) || HasDirective(*compiled, DirectiveId::kFinAngle);
     }
     return at->second;

@@ -10,10 +10,10 @@
 #include <vector>
 
 #include "generator/run_log.h"
+#include "generator/template_use.h"
 #include "verify/element.h"
 #include "verify/losses.h"
 #include "verify/machine.h"
-#include "verify/template_use.h"
 #include "verify/tool_power.h"
 
 namespace brindle {
@@ -27,8 +27,8 @@ public:
 };
 
 struct ComparisonOptions {
-    double tolerance = 0.02;              // of what is cut against what is drawn, millimetres
-    std::vector<int32_t> skipped_tools;   // tools whose records may be left out
+    double tolerance = 0.02;             // of what is cut against what is drawn, millimetres
+    std::vector<int32_t> skipped_tools;  // tools whose records may be left out
 };
 
 class CJobFollower final : public CRunLog, private CMachineUser {
@@ -57,7 +57,8 @@ public:
     void TemplateLine(size_t line, std::string_view text) override;
     void Word(const LoggedWord& word) override;
     void Unresolved(std::string_view what) override;
-    void BlockWritten(std::string_view block, size_t trace_index) override;
+    void BlockWritten(std::string_view block, size_t) override { CommentWritten(block); }
+    void CommentWritten(std::string_view block) override;
 
 private:
     // What is drawn and not yet judged.
@@ -78,7 +79,7 @@ private:
         bool is_move;  // by a template of moves
         bool right_tool;
         double heading_before, heading_after;  // of a tangential tool, radians
-        int32_t tool;  // of the record
+        int32_t tool;                          // of the record
     };
     struct Call {
         const CNCIncludeData* record;
@@ -137,23 +138,23 @@ private:
     std::vector<PlaneTurn> placings_{PlaneTurn{}};  // of the calls that are under way, the innermost last
     std::vector<LossPlace> calls_under_way_;
     std::vector<int32_t> variants_under_way_;
-    size_t expansions_ = 0;  // under way
-    size_t replayed_ = 0;    // calls
-    int unwritten_turns_ = 0;  // calls under way whose rotation or mirror is in no word
+    size_t expansions_ = 0;             // under way
+    size_t replayed_ = 0;               // calls
+    int unwritten_turns_ = 0;           // calls under way whose rotation or mirror is in no word
     std::vector<RecordPlace> records_;  // under way, the innermost last
 
     std::vector<OpenElement> open_;
     std::vector<Cut> cuts_;
-    std::optional<Cut> last_cut_;         // before them
+    std::optional<Cut> last_cut_;  // before them
     // Too short to be missed, if the next cut meets them.
     std::vector<std::pair<OpenElement, Cause>> left_out_;
 
     // Of the present record.
     bool has_facets_ = false, is_lined_ = false;
     bool left_out_repeat_ = false;
-    bool no_code_ = false;       // the last interpolation code is empty
-    bool wrote_cut_ = false;     // the template of a line, arc or text has written something
-    bool ran_cut_ = false;       // it was executed
+    bool no_code_ = false;    // the last interpolation code is empty
+    bool wrote_cut_ = false;  // the template of a line, arc or text has written something
+    bool ran_cut_ = false;    // it was executed
     bool after_long_arc_ = false;
     bool had_long_arc_ = false, left_out_step_ = false;  // in the present program
     bool calls_changed_tool_ = false;
@@ -171,7 +172,7 @@ private:
     std::optional<Call> call_;
     std::unordered_map<int32_t, ProgramSize> sizes_;
     std::unordered_map<int32_t, bool> writes_angles_;  // by tool
-    bool is_blind_ = false;  // after text that can't be read, nothing is judged
+    bool is_blind_ = false;                            // after text that can't be read, nothing is judged
 };
 
 }  // namespace brindle

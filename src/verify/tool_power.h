@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "generator/run_context.h"
-#include "verify/template_use.h"
+#include "generator/template_use.h"
 
 namespace brindle {
 

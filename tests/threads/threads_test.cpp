@@ -6,6 +6,7 @@
 #include <map>
 #include <thread>
 
+#include "generator/path_recorder.h"
 #include "host/post/post_jobs.h"
 #include "platform/text_file.h"
 #include "rtd/value_exchange.h"
@@ -72,9 +73,10 @@ std::string RunOnce(const std::string& tuning, const std::string& drawing) {
     const std::optional<std::string> text = ReadWholeFile(TuningPath(tuning));
     for (const std::string_view line : SplitLines(*text)) session.tuning.ReadFileLine(line);
     EXPECT_TRUE(session.OpenDrawing(DrawingPath(drawing)));
-    const JobResult result = RunJob(session, WithPath::kYes);
+    CPathRecorder recorder;
+    const JobResult result = RunJob(session, &recorder);
     SaveRunTimeValues("shared", session.run_values);
-    std::string all = std::to_string(result.path->elements.size());
+    std::string all = std::to_string(recorder.TakePath().elements.size());
     while (result.buffers.CurBufferHasMoreData()) all += result.buffers.GetOutputBuffer();
     return all;
 }

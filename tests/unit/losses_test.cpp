@@ -131,7 +131,7 @@ Lines FindingsOf(const Lines& tuning, const std::string& drawing, int32_t tile =
     session.TakeDrawing(drawing);
     session.Job().tile_to_output = tile;
     CJobComparison comparison;
-    RunJob(session, WithPath::kNo, &comparison);
+    RunJob(session, &comparison);
     Lines findings;
     for (const Loss& loss : comparison.losses().all()) {
         const std::string_view why = InfoOf(loss.cause).why;
@@ -162,7 +162,7 @@ void PrintTo(const Row& row, std::ostream* out) { *out << row.name; }
 // Records of tool 1.
 const std::string kLine = "L,1,1,0,10,10,60,10,0,0";
 const std::string kSquare = "L,1,1,0,60,10,60,60,0,0";
-const std::string kLong = "A,1,1,0,50,40,40,50,40,40,-10,0,0";       // 270.0 and more: three quarters, counter-clockwise
+const std::string kLong = "A,1,1,0,50,40,40,50,40,40,-10,0,0";  // 270.0 and more: three quarters, counter-clockwise
 const std::string kCircle = "A,1,1,0,50,40,50,40,40,40,-10,0,0";
 const Lines kTwoLines = {kLine, kSquare};
 
@@ -213,8 +213,7 @@ const Row kRows[] = {
     {"CentresThatAreOffsetsLeftOutAsRepeats",
      {{"BOOL bInAbsCenIsAbs true"}, {kCircle, "A,1,1,0,50,40,50,40,40,40,10,0,0"}},
      {"not-cut: a centre word was left out as a repeat"},
-     {{"BOOL bInAbsCenIsAbs true", "BOOL bArcDataModal false"},
-      {kCircle, "A,1,1,0,80,40,80,40,70,40,10,0,0"}}},
+     {{"BOOL bInAbsCenIsAbs true", "BOOL bArcDataModal false"}, {kCircle, "A,1,1,0,80,40,80,40,70,40,10,0,0"}}},
 
     // Calls.
     {"CallOfOneCircle",
@@ -231,12 +230,14 @@ const Row kRows[] = {
      {{}, {"C,S,20,20,0,0,0"}, {"SUB,S", kLine, kSquare, "END"}}},
     {"SubsWithoutMode",
      {Joined(kCalls, {"MULTI SubInit_tTmpl NNUL o<@CurProgNum>!#SP#!sub"}),
-      {"C,S,20,20,0,0,0"}, {"SUB,S", kLine, kSquare, "END"}},
+      {"C,S,20,20,0,0,0"},
+      {"SUB,S", kLine, kSquare, "END"}},
      {"cut-elsewhere: nothing tells the controller that words are absolute or incremental here"},
      {kCalls, {"C,S,20,20,0,0,0"}, {"SUB,S", kLine, kSquare, "END"}}},
     {"CallersTool",
      {Joined(kCalls, {"MULTI T1_ToolOn_tTmpl NNUL M3S100", "MULTI T2_ToolOn_tTmpl NNUL M3S200"}),
-      {kLine, "C,S,20,20,0,0,0", kSquare}, {"SUB,S", "L,1,2,0,0,0,9,0,0,0", "L,1,2,0,9,0,9,9,0,0", "END"}},
+      {kLine, "C,S,20,20,0,0,0", kSquare},
+      {"SUB,S", "L,1,2,0,0,0,9,0,0,0", "L,1,2,0,9,0,9,9,0,0", "END"}},
      {"other-tool: a sub-program has changed the tool, and its caller does not know"},
      {kCalls, {kLine, "C,S,20,20,0,0,0", kSquare}, {"SUB,S", "L,1,2,0,0,0,9,0,0,0", "L,1,2,0,9,0,9,9,0,0", "END"}}},
 
@@ -279,8 +280,7 @@ const Row kRows[] = {
      {{"BOOL T1_bOffReqBeforeDesel false", "MULTI T1_ToolSel_tTmpl NNUL S100", "MULTI T2_ToolSel_tTmpl NNUL S200"},
       {kLine, "L,1,2,0,60,10,60,60,0,0"}},
      {"power-change"},
-     {{"MULTI T1_ToolSel_tTmpl NNUL S100", "MULTI T2_ToolSel_tTmpl NNUL S200"},
-      {kLine, "L,1,2,0,60,10,60,60,0,0"}}},
+     {{"MULTI T1_ToolSel_tTmpl NNUL S100", "MULTI T2_ToolSel_tTmpl NNUL S200"}, {kLine, "L,1,2,0,60,10,60,60,0,0"}}},
     {"MasterNotSwitchedOnAgain",
      {{"BOOL T2_bToolSubordinate true", "INT T2_nPhysicalTool 1", "MULTI T2_ToolOn_tTmpl NNUL",
        "MULTI T2_ToolOff_tTmpl NNUL"},
@@ -330,7 +330,8 @@ const Row kRows[] = {
      {"cut-twice"},
      {{"MULTI Line_tTmpl NNUL <@InterpCode><@StartPtWords[NONMODAL]> NNUL <@EndPtWords[NONMODAL]>"}, {kLine}}},
     {"CutOnTheWay",
-     {{"MULTI MainInit_tTmpl NNUL G21G90F500 NNUL M3 NNUL G1X70Y70", "MULTI T1_ToolOn_tTmpl NNUL", "MULTI T1_ToolOff_tTmpl NNUL M5"},
+     {{"MULTI MainInit_tTmpl NNUL G21G90F500 NNUL M3 NNUL G1X70Y70", "MULTI T1_ToolOn_tTmpl NNUL",
+       "MULTI T1_ToolOff_tTmpl NNUL M5"},
       {kLine}},
      {"stray-cut", "changed-while-on", "rapid-while-on"},
      {{}, {kLine}}},
@@ -351,14 +352,13 @@ const Row kRows[] = {
      {"not-cut"},
      {kRotary, {kLine, kSquare, "L,1,1,0,60,60,0,0,0,0"}}},
     {"ToolThatNothingSelects",
-     {{"MULTI T1_ToolSel_tTmpl NNUL S100", "MULTI T2_ToolSel_tTmpl NNUL"},
-      {kLine, "L,1,2,0,60,20,60,60,0,0"}},
+     {{"MULTI T1_ToolSel_tTmpl NNUL S100", "MULTI T2_ToolSel_tTmpl NNUL"}, {kLine, "L,1,2,0,60,20,60,60,0,0"}},
      {"other-tool: nothing selects the tool"},
-     {{"MULTI T1_ToolSel_tTmpl NNUL S100", "MULTI T2_ToolSel_tTmpl NNUL S200"},
-      {kLine, "L,1,2,0,60,20,60,60,0,0"}}},
+     {{"MULTI T1_ToolSel_tTmpl NNUL S100", "MULTI T2_ToolSel_tTmpl NNUL S200"}, {kLine, "L,1,2,0,60,20,60,60,0,0"}}},
     {"TurnedCallWithoutItsWord",
      {Joined(kCalls, {"BOOL bUseMirror true", "BOOL bUseRotations true"}),
-      {"C,S,20,20,0.5,0,0"}, {"SUB,S", kLine, kSquare, "END"}},
+      {"C,S,20,20,0.5,0,0"},
+      {"SUB,S", kLine, kSquare, "END"}},
      {"cut-elsewhere: no word of the call says that it is turned or mirrored"},
      {kCalls, {"C,S,20,20,0.5,0,0"}, {"SUB,S", kLine, kSquare, "END"}}},
 

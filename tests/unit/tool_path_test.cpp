@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "generator/path_recorder.h"
 #include "scene/scene_of_path.h"
 #include "session/session.h"
 
@@ -24,7 +25,9 @@ struct Job {
         for (const std::string& line : tuning) session.tuning.ReadLine(line, CRunTimeDataDef::ReadMode::kTuning);
     }
     const ToolPath& Go() {
-        path = *RunJob(session, WithPath::kYes).path;
+        CPathRecorder recorder;
+        RunJob(session, &recorder);
+        path = recorder.TakePath();
         return path;
     }
     CSession session;

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "editor/messages.h"
+#include "generator/path_recorder.h"
 #include "platform/file_replacement.h"
 #include "scene/scene_of_path.h"
 
@@ -53,7 +54,9 @@ void CNCCodePreview::AddControls() {
 void CNCCodePreview::ShowRun(CSession& session) {
     session_ = &session;
     list_->Empty();  // its rows are those of the trace that goes now
-    path_ = *RunJob(session, WithPath::kYes).path;
+    CPathRecorder recorder;
+    RunJob(session, &recorder);
+    path_ = recorder.TakePath();
     RebuildList();
     drawing_->SetScene(std::make_shared<const PathScene>(MakeScene(path_)));
     path_.elements = {};

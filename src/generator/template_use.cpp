@@ -1,4 +1,4 @@
-#include "verify/template_use.h"
+#include "generator/template_use.h"
 
 #include <array>
 
@@ -57,7 +57,8 @@ std::string SourceOf(const CompiledTemplate& compiled) {
         if (line.is_comment) continue;
         std::string text;
         for (const CompiledPiece& piece : line.text.pieces()) {
-            const bool is_text = piece.kind == CompiledPiece::Kind::kFixed || piece.kind == CompiledPiece::Kind::kRunValue;
+            const bool is_text =
+                piece.kind == CompiledPiece::Kind::kFixed || piece.kind == CompiledPiece::Kind::kRunValue;
             text += is_text ? piece.text : "1";
         }
         if (SaysSomething(text)) source.append(text).append("\n");

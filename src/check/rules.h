@@ -66,7 +66,8 @@ enum class Rule : uint8_t {
     kNotCut, kCutElsewhere, kStrayCut, kCutTwice, kOtherTool, kTextLost, kRapidWhileOn, kChangedWhileOn, kPowerChange,
     kEndWhileOn, kUnresolvedValue, kToolDirection, kTurnInMaterial, kTurnPastZero, kNoMotionCode, kRepeatedWord, kNoArcCentre,
     kHalfCentre, kRadiusTooSmall, kCircleByRadius, kZeroRadiusArc, kUnequalRadii, kUnlikeRadii, kNoFeed,
-    kAssumedCentres, kNoSubStart, kUnknownLabel, kUnreadText, kNotJudged,
+    kAssumedCentres, kNoSubStart, kUnknownLabel, kOtherLabel, kRepeatedLabel,
+    kNoSubEnd, kNoEnd, kTornSubs, kTurnedAfterCall, kUnusedWord, kBadComment, kUnknownCode, kNoUnitCode, kUnreadText, kNotJudged,
 };
 
 struct RuleInfo {
@@ -259,6 +260,17 @@ inline constexpr RuleInfo kRules[] = {
     {kAssumedCentres, "assumed-centres", kLoss, G::kNcText, "Absolute centres are written without the code for them."},
     {kNoSubStart, "no-sub-start", kLoss, G::kNcText, "A sub-program ends that nothing began."},
     {kUnknownLabel, "unknown-label", kLoss, G::kNcText, "A sub-program is called that no text begins."},
+    {kOtherLabel, "other-label", kLoss, G::kNcText, "A call names another sub-program than the drawing does."},
+    {kRepeatedLabel, "repeated-label", kLoss, G::kNcText, "Two sub-programs have one label."},
+    {kNoSubEnd, "no-sub-end", kLoss, G::kNcText, "A sub-program has no end."},
+    {kNoEnd, "no-end", kLoss, G::kNcText, "The main program runs on into the sub-programs after it."},
+    {kTornSubs, "torn-subs", kLoss, G::kNcText, "Segments take sub-programs away from their calls."},
+    {kTurnedAfterCall, "turned-after-call", kLoss, G::kNcText,
+     "The rotation or mirror of a call still holds for what is cut after it."},
+    {kUnusedWord, "unused-word", kWarning, G::kNcText, "A line has centre or radius words, but no arc."},
+    {kBadComment, "bad-comment", kWarning, G::kNcText, "A comment is not closed, or begins within another."},
+    {kUnknownCode, "unknown-code", kInfo, G::kNcText, "The reader does not know a G code, and takes it as harmless."},
+    {kNoUnitCode, "no-unit-code", kLoss, G::kNcText, "Output is in inches, and no code says so."},
     {kUnreadText, "unread-text", kInfo, G::kNcText, "Literal text can't be read."},
     {kNotJudged, "not-judged", kWarning, G::kNcText, "A job is not judged whole."},
 };

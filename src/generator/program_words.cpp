@@ -47,7 +47,7 @@ void ResetCode(CTextResolver& resolver, WordKind kind, const OptionText& option,
     std::string scratch;
     const std::string_view code = resolver.ReadText(option, scratch);
     if (code.empty() || (modal && last == code)) return;
-    resolver.Log({.kind = kind, .text = code});
+    resolver.Log({.kind = kind, .resets = true, .text = code});
     last = code;
     out += code;
     resolver.AppendSeparator(out);
@@ -132,7 +132,7 @@ void IncludeMirCode(CTextResolver& resolver, const CAtDirKeywords& keywords, std
     const OptionText& option = x && y ? subs.mirror_xy : x ? subs.mirror_x : y ? subs.mirror_y : subs.mirror_reset;
     std::string scratch;
     const std::string_view code = resolver.ReadText(option, scratch);
-    resolver.Log({.kind = WordKind::kCallMirror, .text = code});
+    resolver.Log({.kind = WordKind::kCallMirror, .resets = !x && !y, .text = code});
     run.state.last.call_mirror = code;
     out += code;
     resolver.AppendSeparator(out);

@@ -45,6 +45,7 @@ struct LoggedWord {
     uint8_t axis = 0;                        // 0 or 1: of kAxis, kCentre; the parameter of kSpeed
     bool at_start = false;                   // of kAxis: the start of the record
     bool absolute = true;                    // of kAxis, kCentre, kToolAngle, kDistanceMode
+    bool resets = false;                     // of kCallMirror, kCallRotation: ends the one before
     MotionCode motion = MotionCode::kRapid;  // of kInterpolation
     std::string_view text = {};              // number or code as printed, without its address; good during the call
 };

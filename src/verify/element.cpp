@@ -72,8 +72,7 @@ Nearness NearnessOf(const Curve& curve, Point p) {
         const double length = Distance(curve.start, curve.end);
         if (length == 0.0) return {Distance(curve.start, p), 0.0};
         const Point along{(curve.end.x - curve.start.x) / length, (curve.end.y - curve.start.y) / length};
-        const double at =
-            std::clamp((p.x - curve.start.x) * along.x + (p.y - curve.start.y) * along.y, 0.0, length);
+        const double at = std::clamp((p.x - curve.start.x) * along.x + (p.y - curve.start.y) * along.y, 0.0, length);
         return {Distance(p, {curve.start.x + at * along.x, curve.start.y + at * along.y}), at};
     }
     const double whole = std::fabs(curve.sweep);
@@ -108,9 +107,7 @@ void CCoverage::Add(const Curve& cut) {
     }
 }
 
-void CCoverage::AddSpan(double first, double last) {
-    spans_.push_back({std::min(first, last), std::max(first, last)});
-}
+void CCoverage::AddSpan(double first, double last) { spans_.push_back({std::min(first, last), std::max(first, last)}); }
 
 void CCoverage::Sort() {
     std::sort(spans_.begin(), spans_.end(), [](const Span& a, const Span& b) { return a.first < b.first; });

@@ -12,9 +12,9 @@ namespace brindle {
 // A line or an arc, millimetres in the plane of the drawing.
 struct Curve {
     Point start, end, center;
-    double radius = 0.0;  // of an arc
-    double sweep = 0.0;   // of an arc, radians, positive counter-clockwise; 0 for a line
-    double inexact = 0.0; // by how much the radii of the two ends differ
+    double radius = 0.0;   // of an arc
+    double sweep = 0.0;    // of an arc, radians, positive counter-clockwise; 0 for a line
+    double inexact = 0.0;  // by how much the radii of the two ends differ
 
     bool IsArc() const { return sweep != 0.0; }
     bool IsCircle() const;

@@ -38,6 +38,7 @@ void CJobComparison::ReplayMain() {
     follower_->ProgramStarts(-1);
     texts_[-1].Replay(*follower_);
     follower_->ProgramEnds();
+    follower_->MainRunsOn();
     texts_.erase(-1);
 }
 

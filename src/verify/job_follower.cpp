@@ -10,6 +10,7 @@ constexpr size_t kMostReplayed = 200000;  // calls that are followed
 constexpr double kNoLength = 1e-9;        // millimetres
 constexpr double kNoRotation = 1e-6;      // radians
 constexpr double kLooseDegrees = 1.0;     // of a tangential tool
+constexpr size_t kMostMoves = 10000000;   // within them
 constexpr size_t kMostOpen = 1000;        // records that wait for their block
 
 bool IsCut(TemplateUse use) {
@@ -46,9 +47,22 @@ Rule RuleOf(NcFault fault) {
         case NcFault::kAssumedCentres: return Rule::kAssumedCentres;
         case NcFault::kNoSubStart: return Rule::kNoSubStart;
         case NcFault::kUnknownLabel: return Rule::kUnknownLabel;
+        case NcFault::kOtherLabel: return Rule::kOtherLabel;
+        case NcFault::kRepeatedLabel: return Rule::kRepeatedLabel;
+        case NcFault::kNoSubEnd: return Rule::kNoSubEnd;
+        case NcFault::kNoEnd: return Rule::kNoEnd;
+        case NcFault::kUnusedWord: return Rule::kUnusedWord;
+        case NcFault::kBadComment: return Rule::kBadComment;
+        case NcFault::kUnknownCode: return Rule::kUnknownCode;
+        case NcFault::kNoUnitCode: return Rule::kNoUnitCode;
         case NcFault::kUnread: break;
     }
     return Rule::kUnreadText;
+}
+
+Curve Shifted(Curve curve, Point by) {
+    for (Point* p : {&curve.start, &curve.end, &curve.center}) *p = {p->x + by.x, p->y + by.y};
+    return curve;
 }
 
 double SmallestOf(const std::vector<Curve>& curves, Point p) {
@@ -96,6 +110,11 @@ void CJobFollower::RecordStarts(int32_t program, int32_t index) {
     open_.push_back(element);
 }
 
+void CJobFollower::MainRunsOn() {
+    machine_.FinishLine();
+    if (machine_.ReadsText() && !machine_.HasEnded()) Fails(NcFault::kNoEnd, 0.0, {});
+}
+
 void CJobFollower::RecordEnds(bool words_pending) {
     const bool is_element = !run_.geometry.GetRecord(records_.back().program, records_.back().index)->IsInclude();
     const double sweep = is_element && !open_.empty() ? std::fabs(open_.back().curve.sweep) : 0.0;
@@ -128,8 +147,12 @@ bool CJobFollower::IsSkipped(int32_t tool) const {
 }
 
 void CJobFollower::SegmentStarts() {
+    const bool has_subs = run_.options.programs.use_subs && run_.controller.job.tile_to_output == 0 &&
+                          run_.geometry.GetVariantCount() > 0;
+    if (has_subs) Lose(Rule::kTornSubs, Cause::kUnknown, 0, Here(), 0.0, 0.0);
     Settle();
     machine_.FinishLine();
+    machine_.StartFile();
 }
 
 // ---- Calls ----
@@ -197,7 +220,8 @@ void CJobFollower::CarryOutCall() {
     }
     const bool is_active =
         std::find(variants_under_way_.begin(), variants_under_way_.end(), call.variant) != variants_under_way_.end();
-    if (is_active || variants_under_way_.size() > kDeepestCall || ++replayed_ > kMostReplayed) {
+    if (is_active || variants_under_way_.size() > kDeepestCall || ++replayed_ > kMostReplayed ||
+        moves_in_calls_ > kMostMoves) {
         losses_.sums.is_whole = false;
         return;
     }
@@ -209,6 +233,12 @@ void CJobFollower::CarryOutCall() {
         programs.mirror_in_use && (call.record->GetIncludeMirrorX() || call.record->GetIncludeMirrorY());
     const bool is_unwritten = (turns && !call.has_rotation) || (mirrors && !call.has_mirror);
     unwritten_turns_ += is_unwritten ? 1 : 0;
+    const bool is_text = machine_.ReadsText();
+    if (is_text && !machine_.HasCalled()) {
+        LoseProgram(run_.geometry.FindProgram(call.record->GetIncludeName()), Rule::kNotCut, Cause::kNoCall);
+    }
+    const std::string called = machine_.CalledLabel();
+    CMachine::ProgramMarks caller = machine_.BeginProgram();
     calls_under_way_.push_back(call.place);
     placings_.push_back(PlacingOf(*call.record));
     variants_under_way_.push_back(call.variant);
@@ -218,6 +248,8 @@ void CJobFollower::CarryOutCall() {
     }
     machine_.FinishLine();
     Settle();
+    if (is_text) JudgeLabels(call.variant, called);
+    machine_.GoOnWith(std::move(caller));
     variants_under_way_.pop_back();
     placings_.pop_back();
     calls_under_way_.pop_back();
@@ -226,6 +258,20 @@ void CJobFollower::CarryOutCall() {
     calls_changed_tool_ = true;
     call.is_carried_out = true;
     call_ = call;
+}
+
+// Whether the call is of the label with which the sub-program begins.
+void CJobFollower::JudgeLabels(int32_t variant, const std::string& called) {
+    const std::string& begun = machine_.Marks().label;
+    if (!called.empty() && begun != called) {
+        // A number may also be that of a block.
+        const bool by_block = run_.options.programs.sub_numbers_by_block;
+        if (!by_block) Fails(begun.empty() ? NcFault::kUnknownLabel : NcFault::kOtherLabel, 0.0, called);
+    }
+    if (!begun.empty() && !machine_.Marks().has_returned) Fails(NcFault::kNoSubEnd, 0.0, begun);
+    if (begun.empty()) return;
+    const auto [at, is_new] = variant_of_label_.try_emplace(begun, variant);
+    if (!is_new && at->second != variant) Fails(NcFault::kRepeatedLabel, 0.0, begun);
 }
 
 CJobFollower::ProgramSize CJobFollower::SizeOf(int32_t program) {
@@ -275,6 +321,7 @@ void CJobFollower::TemplateStarts(const CompiledTemplate& compiled, int32_t tool
     word_texts_.clear();
     ran_cut_ |= IsCut(use_);
     if (use_ == TemplateUse::kOriginSet) machine_.ForgetMovedOrigin();
+    if (use_ == TemplateUse::kCall) machine_.ForgetCall();
 }
 
 void CJobFollower::TemplateLine(size_t, std::string_view text) { wrote_ = wrote_ || SaysSomething(text); }
@@ -286,12 +333,26 @@ void CJobFollower::Word(const LoggedWord& word) {
     }
     if (word.kind == WordKind::kInterpolation && word.fate != WordFate::kRepeat) no_code_ = !SaysSomething(word.text);
     if (call_ && word.fate == WordFate::kWritten) {
-        call_->has_mirror |= word.kind == WordKind::kCallMirror;
-        call_->has_rotation |= word.kind == WordKind::kCallRotation;
+        const bool says_something = SaysSomething(word.text);
+        call_->has_mirror |= word.kind == WordKind::kCallMirror && says_something;
+        call_->has_rotation |= word.kind == WordKind::kCallRotation && says_something;
     }
+    TakeTurnWord(word);
     if (machine_.ReadsText() && use_ != TemplateUse::kOriginSet) return;
     words_.push_back(word);
     words_.back().text = word_texts_.emplace_back(word.text);
+}
+
+// A rotation or mirror of a call holds until a word ends it.
+void CJobFollower::TakeTurnWord(const LoggedWord& word) {
+    if (word.fate != WordFate::kWritten || !SaysSomething(word.text)) return;
+    if (word.kind == WordKind::kCallRotation) {
+        is_rotated_ = !word.resets && call_ && std::fabs(call_->record->GetIncludeRotation()) > kNoRotation;
+    }
+    if (word.kind == WordKind::kCallMirror) {
+        is_mirrored_ =
+            !word.resets && call_ && (call_->record->GetIncludeMirrorX() || call_->record->GetIncludeMirrorY());
+    }
 }
 
 void CJobFollower::TemplateEnds() {
@@ -303,13 +364,13 @@ void CJobFollower::TemplateEnds() {
             if (!open_.empty()) open_.back().is_written = true;
             break;
         case TemplateUse::kToolSelect: {
-            const bool was_on = power_.IsAnyOn() && !power_.ByTWords();
+            const bool was_on = !power_.ByTWords() && power_.IsAnyOn(machine_.Depth());
             if (was_on) Lose(Rule::kPowerChange, Cause::kUnknown, template_tool_, Here(), 0.0, 0.0);
-            power_.Wrote(use_, *compiled_, template_tool_);
+            power_.Wrote(use_, *compiled_, template_tool_, machine_.Depth());
             break;
         }
         case TemplateUse::kToolOn:
-        case TemplateUse::kToolOff: power_.Wrote(use_, *compiled_, template_tool_); break;
+        case TemplateUse::kToolOff: power_.Wrote(use_, *compiled_, template_tool_, machine_.Depth()); break;
         case TemplateUse::kOriginSet:
             if (call_ && machine_.ReadsText() && !machine_.MovedOrigin()) call_->origin_unread = true;
             break;
@@ -321,7 +382,7 @@ void CJobFollower::TemplateEnds() {
 }
 
 void CJobFollower::TakeTemplateWords() {
-    const bool is_on = power_.IsAnyOn();
+    const bool is_on = power_.IsAnyOn(machine_.Depth());
     switch (use_) {
         case TemplateUse::kMove:
         case TemplateUse::kMoveToCall:
@@ -354,9 +415,13 @@ int32_t CJobFollower::CurrentTool() const {
     return record.IsInclude() ? template_tool_ : record.GetToolId();
 }
 
+// What the software takes off the words of a tool that is beside the axes' position.
+Point CJobFollower::OffsetOf(int32_t tool) const { return tool > 0 ? run_.tools.Get(tool).physical->offset : Point{}; }
+
 void CJobFollower::Moves(const Motion& motion) {
-    if (is_blind_ || !power_.IsAnyOn()) return;
-    Cut cut{CurveOf(motion),
+    if (!variants_under_way_.empty()) ++moves_in_calls_;
+    if (is_blind_ || machine_.HasEnded() || !power_.IsAnyOn(machine_.Depth())) return;
+    Cut cut{Shifted(CurveOf(motion), OffsetOf(CurrentTool())),
             use_ == TemplateUse::kMove || use_ == TemplateUse::kMoveToCall,
             true,
             motion.heading_before,
@@ -372,21 +437,25 @@ void CJobFollower::Moves(const Motion& motion) {
         if (!IsCut(use_)) return;  // where a cut should be, no more is said of it
     }
     if (cut.curve.Length() < kNoLength) return;
-    cut.right_tool = power_.IsOn(cut.tool) && power_.Holds(cut.tool);
+    if (variants_under_way_.empty() && (is_rotated_ || is_mirrored_)) {
+        Lose(Rule::kTurnedAfterCall, Cause::kUnknown, cut.tool, Here(), 0.0, 0.0);
+    }
+    cut.right_tool = power_.IsOn(cut.tool, machine_.Depth()) && power_.Holds(cut.tool);
     cuts_.push_back(cut);
 }
 
 void CJobFollower::Fails(NcFault fault, double amount, std::string_view text) {
     if (is_blind_) return;
-    if (fault == NcFault::kUnread && use_ == TemplateUse::kCall) return;  // the call is carried out all the same
-    Lose(RuleOf(fault), Cause::kUnknown, CurrentTool(), Here(), amount, 0.0, text);
+    if (fault == NcFault::kUnread && call_) return;  // the templates of a call are trusted to make it
+    const Cause cause = fault == NcFault::kNoCentre && left_out_repeat_ ? Cause::kCentreRepeat : Cause::kUnknown;
+    Lose(RuleOf(fault), cause, CurrentTool(), Here(), amount, 0.0, text);
     if (fault != NcFault::kUnread) return;
     is_blind_ = true;
     losses_.sums.is_whole = false;
 }
 
 void CJobFollower::Turns(double turn, bool is_ambiguous) {
-    if (is_blind_ || !power_.IsAnyOn()) return;
+    if (is_blind_ || !power_.IsAnyOn(machine_.Depth())) return;
     const ToolData& tool = *run_.tools.Get(CurrentTool()).physical;
     const double degrees = std::fabs(turn) / kRadiansPerDegree;
     if (!tool.tangential) return;
@@ -399,21 +468,23 @@ void CJobFollower::Turns(double turn, bool is_ambiguous) {
 
 void CJobFollower::SelectsTool(double t_word) {
     power_.TakeTWord(t_word, template_tool_);
-    if (!power_.WritesM6() && power_.IsAnyOn()) {
+    if (!power_.WritesM6() && power_.IsAnyOn(machine_.Depth())) {
         Lose(Rule::kPowerChange, Cause::kUnknown, template_tool_, Here(), 0.0, 0.0);
     }
 }
 
 void CJobFollower::ChangesTool() {
-    if (power_.IsAnyOn()) {
+    if (power_.IsAnyOn(machine_.Depth())) {
         const Cause cause = power_.HasOff(template_tool_) ? Cause::kUnknown : Cause::kNoToolOff;
         Lose(Rule::kChangedWhileOn, cause, template_tool_, Here(), 0.0, 0.0);
     }
     power_.ChangeTool();
 }
 
+void CJobFollower::SwitchesOutput(bool on) { power_.SwitchOutput(on); }
+
 void CJobFollower::Ends() {
-    if (power_.IsAnyOn() && !is_blind_) Lose(Rule::kEndWhileOn, Cause::kNoToolOff, 0, Here(), 0.0, 0.0);
+    if (power_.IsAnyOn(machine_.Depth()) && !is_blind_) Lose(Rule::kEndWhileOn, Cause::kNoToolOff, 0, Here(), 0.0, 0.0);
     power_.SwitchAllOff();
 }
 
@@ -421,7 +492,6 @@ void CJobFollower::Finish() {
     machine_.FinishLine();
     Settle();
     JudgeLeftOut(nullptr);
-    for (const std::string& label : machine_.UnknownLabels()) Fails(NcFault::kUnknownLabel, 0.0, label);
     Ends();
     if (!losses_.sums.is_whole) Lose(Rule::kNotJudged, Cause::kUnknown, 0, Here(), 0.0, 0.0);
 }
@@ -503,10 +573,12 @@ void CJobFollower::Settle() {
                 off = std::max(off, strays.empty() ? Distance(p, element.curve.start) : SmallestOf(strays, p));
             }
         }
-        if (off <= allowed) {
-            if (coverage[i].IsEmpty() && strays.empty() && length > kNoLength) LeaveOut(element);
+        const bool is_missing = coverage[i].IsEmpty() && strays.empty();
+        if (is_missing && off <= 2.0 * allowed && length > kNoLength && !element.dropped) {
+            LeaveOut(element, off > allowed);
             continue;
         }
+        if (off <= allowed) continue;
         const bool elsewhere = !strays.empty();
         const Rule rule = elsewhere ? Rule::kCutElsewhere : Rule::kNotCut;
         if (elsewhere) off = std::max(off, stray_off);
@@ -560,16 +632,16 @@ void CJobFollower::JudgeHeading(const Cut& cut, const OpenElement& element) {
     }
 }
 
-// Too short to be missed where it meets another cut of its tool.
-void CJobFollower::LeaveOut(const OpenElement& element) {
+// Too short to be missed where it meets another cut of its tool, or one at each end.
+void CJobFollower::LeaveOut(const OpenElement& element, bool needs_both) {
     const bool meets = last_cut_ && last_cut_->tool == element.tool &&
                        Distance(last_cut_->curve.end, element.curve.start) <= 2.0 * element.tolerance;
-    if (!meets) left_out_.push_back({element, CauseOf(element, 0.0)});
+    if (!meets || needs_both) left_out_.push_back({element, CauseOf(element, 0.0), meets || !needs_both});
 }
 
 void CJobFollower::JudgeLeftOut(const Cut* next) {
-    for (const auto& [element, cause] : left_out_) {
-        const bool meets = next != nullptr && next->tool == element.tool &&
+    for (const auto& [element, cause, may_meet] : left_out_) {
+        const bool meets = may_meet && next != nullptr && next->tool == element.tool &&
                            Distance(next->curve.start, element.curve.end) <= 2.0 * element.tolerance;
         if (meets) continue;
         Lose(Rule::kNotCut, cause, element.tool, element.place, element.curve.Length(), element.curve.Length());
@@ -588,9 +660,9 @@ void CJobFollower::JudgeText(const OpenElement& element) {
 Cause CJobFollower::CauseOf(const OpenElement& element, double off) const {
     if (element.dropped) return brindle::CauseOf(*element.dropped);
     if (!wrote_cut_ && ran_cut_) return Cause::kNoTemplate;
-    CToolPower& power = const_cast<CToolPower&>(power_);
-    if (!power.HasOn(element.tool)) return Cause::kNoToolOn;
-    if (!power.IsOn(element.tool)) return Cause::kMasterOff;
+    if (!power_.IsOn(element.tool, machine_.Depth())) {
+        return power_.HasOn(element.tool) ? Cause::kMasterOff : Cause::kNoToolOn;
+    }
     const ProgramOptions& programs = run_.options.programs;
     const bool in_sub = !variants_under_way_.empty();
     const bool absolute = in_sub ? programs.subs_absolute : programs.absolute;

@@ -38,6 +38,8 @@ public:
     // Judges what is left after the last event.
     void Finish();
     CLosses& losses() { return losses_; }
+    // Sub-programs follow the main program in the NC text.
+    void MainRunsOn();
 
     void RunStarts(RunContext&) override {}
     void RunEnds() override {}
@@ -100,10 +102,14 @@ private:
     void SelectsTool(double t_word) override;
     void ChangesTool() override;
     void SwitchesSpindle(bool on) override { power_.SwitchSpindle(on); }
+    void SwitchesOutput(bool on) override;
     void Ends() override;
 
     void TakeTemplateWords();
+    void TakeTurnWord(const LoggedWord& word);
     void CarryOutCall();
+    void JudgeLabels(int32_t variant, const std::string& called);
+    Point OffsetOf(int32_t tool) const;
     PlaneTurn TurnOfCall() const;
     void LoseProgram(int32_t program, Rule rule, Cause cause);
     ProgramSize SizeOf(int32_t program);
@@ -113,7 +119,7 @@ private:
     // Whether a tangential tool points along its cut, and turns with it.
     bool WritesAngles(int32_t tool);
     void JudgeHeading(const Cut& cut, const OpenElement& element);
-    void LeaveOut(const OpenElement& element);
+    void LeaveOut(const OpenElement& element, bool needs_both);
     void JudgeLeftOut(const Cut* next);
     void JudgeText(const OpenElement& element);
     double ToleranceOf(const Curve& curve) const;
@@ -138,16 +144,23 @@ private:
     std::vector<PlaneTurn> placings_{PlaneTurn{}};  // of the calls that are under way, the innermost last
     std::vector<LossPlace> calls_under_way_;
     std::vector<int32_t> variants_under_way_;
-    size_t expansions_ = 0;             // under way
-    size_t replayed_ = 0;               // calls
-    int unwritten_turns_ = 0;           // calls under way whose rotation or mirror is in no word
-    std::vector<RecordPlace> records_;  // under way, the innermost last
+    size_t expansions_ = 0;  // under way
+    size_t replayed_ = 0;    // calls
+    size_t moves_in_calls_ = 0;
+    bool is_rotated_ = false, is_mirrored_ = false;  // by a word of a call that nothing has ended
+    int unwritten_turns_ = 0;                        // calls under way whose rotation or mirror is in no word
+    std::vector<RecordPlace> records_;               // under way, the innermost last
 
     std::vector<OpenElement> open_;
     std::vector<Cut> cuts_;
     std::optional<Cut> last_cut_;  // before them
     // Too short to be missed, if the next cut meets them.
-    std::vector<std::pair<OpenElement, Cause>> left_out_;
+    struct LeftOut {
+        OpenElement element;
+        Cause cause;
+        bool may_meet;  // the next cut
+    };
+    std::vector<LeftOut> left_out_;
 
     // Of the present record.
     bool has_facets_ = false, is_lined_ = false;
@@ -171,6 +184,7 @@ private:
 
     std::optional<Call> call_;
     std::unordered_map<int32_t, ProgramSize> sizes_;
+    std::unordered_map<std::string, int32_t> variant_of_label_;
     std::unordered_map<int32_t, bool> writes_angles_;  // by tool
     bool is_blind_ = false;                            // after text that can't be read, nothing is judged
 };

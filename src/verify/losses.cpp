@@ -64,11 +64,11 @@ static_assert(IsInOrder());
 const CauseInfo& InfoOf(Cause cause) { return kCauses[static_cast<size_t>(cause)]; }
 
 void CLosses::Add(Loss loss, const LossPlace& place, double amount, double length) {
-    auto found = std::find_if(all_.begin(), all_.end(), [&loss](const Loss& known) {
-        return known.rule == loss.rule && known.cause == loss.cause && known.tool == loss.tool &&
-               known.detail == loss.detail;
-    });
-    if (found == all_.end()) found = all_.insert(all_.end(), std::move(loss));
+    std::string key = std::to_string(static_cast<int>(loss.rule)) + '/' + std::to_string(static_cast<int>(loss.cause)) +
+                      '/' + std::to_string(loss.tool) + '/' + loss.detail;
+    const auto [at, is_new] = known_.try_emplace(std::move(key), all_.size());
+    if (is_new) all_.push_back(std::move(loss));
+    Loss* const found = &all_[at->second];
     if (found->first.size() < kMostPlaces) found->first.push_back(place);
     ++found->count;
     found->largest = std::max(found->largest, amount);

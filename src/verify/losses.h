@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "check/rules.h"
@@ -25,12 +26,36 @@ struct LossPlace {
 // Why something is lost, as far as the events of the run tell.
 enum class Cause : uint8_t {
     kUnknown,
-    kToolOutOfRange, kNoTool, kTextInIncremental, kTextNotSupported, kEmptyCall, kUnknownProgram, kCallsItself,
-    kCallsTooDeep, kTooManyCalls,
-    kNoTemplate, kNoToolOn, kNoToolOff, kNoMove, kNoCall, kNoLineCode, kNoModeCode,
-    kCalleesTool, kNoSelection, kMasterOff,
-    kRadiusAsDirection, kRadiusWord, kNestedExpansion, kCentreRepeat, kSmallSteps, kLongArc, kClosedAfterLong,
-    kSubsMode, kUnwrittenTurn, kFewDecimals, kUnreadOrigin,
+    kToolOutOfRange,
+    kNoTool,
+    kTextInIncremental,
+    kTextNotSupported,
+    kEmptyCall,
+    kUnknownProgram,
+    kCallsItself,
+    kCallsTooDeep,
+    kTooManyCalls,
+    kNoTemplate,
+    kNoToolOn,
+    kNoToolOff,
+    kNoMove,
+    kNoCall,
+    kNoLineCode,
+    kNoModeCode,
+    kCalleesTool,
+    kNoSelection,
+    kMasterOff,
+    kRadiusAsDirection,
+    kRadiusWord,
+    kNestedExpansion,
+    kCentreRepeat,
+    kSmallSteps,
+    kLongArc,
+    kClosedAfterLong,
+    kSubsMode,
+    kUnwrittenTurn,
+    kFewDecimals,
+    kUnreadOrigin,
 };
 
 struct CauseInfo {
@@ -47,8 +72,8 @@ struct Loss {
 
     Rule rule;
     Cause cause;
-    int32_t tool;        // 0 for none
-    std::string detail;         // a word of the text, empty for none
+    int32_t tool;                  // 0 for none
+    std::string detail;            // a word of the text, empty for none
     std::vector<LossPlace> first;  // the first few places
     size_t count = 0;
     double largest = 0.0;  // how far off, or how long, millimetres; degrees of rules of a tool's direction
@@ -57,7 +82,7 @@ struct Loss {
 
 // The sums of a job.
 struct JobSums {
-    size_t drawn = 0, lost = 0;              // records
+    size_t drawn = 0, lost = 0;  // records
     double drawn_mm = 0.0, cut_mm = 0.0, lost_mm = 0.0;
     bool is_whole = true;  // whether all of the job was judged
 };
@@ -73,6 +98,7 @@ public:
 
 private:
     std::vector<Loss> all_;
+    std::unordered_map<std::string, size_t> known_;  // index into them, by what makes them one
 };
 
 }  // namespace brindle

@@ -10,10 +10,10 @@ namespace brindle {
 namespace {
 
 // What an interpreter of the family takes and refuses, millimetres; measured with LinuxCNC 2.9.
-constexpr double kSmallestRadius = 0.00127;     // below it an arc has no radius; a radius may be too small by so much
-constexpr double kRefusedRadii = 0.028;         // difference of the radii of start and end
-constexpr double kUnlikeRadii = 0.005;          // the same, by GRBL's gcode.c
-constexpr double kRefusedRadiiShare = 0.001;    // both only above this share of the radius
+constexpr double kSmallestRadius = 0.00127;   // below it an arc has no radius; a radius may be too small by so much
+constexpr double kRefusedRadii = 0.028;       // difference of the radii of start and end
+constexpr double kUnlikeRadii = 0.005;        // the same, by GRBL's gcode.c
+constexpr double kRefusedRadiiShare = 0.001;  // both only above this share of the radius
 constexpr double kSamePoint = 1e-9;
 
 double Coordinate(const Point& p, int axis) { return axis == 0 ? p.x : p.y; }
@@ -79,46 +79,61 @@ void CMachine::FinishLine() {
 
 void CMachine::CarryOut(std::string_view text) {
     reader_.Read(text, line_);
-    if (!line_.unread.empty()) user_.Fails(NcFault::kUnread, 0.0, line_.unread);
+    if (line_.bad_comment) user_.Fails(NcFault::kBadComment, 0.0, {});
     if (!line_.label.empty()) TakeLabel(line_.label);
+    if (has_ended_) return;
+    if (!line_.unread.empty()) {
+        has_called_ = true;
+        user_.Fails(NcFault::kUnread, 0.0, line_.unread);
+    }
     if (line_.words.empty()) return;
     Block block;
     if (!Sort(line_, block)) return;
-    if (block.is_repeated) user_.Fails(NcFault::kRepeatedWord, 0.0, text);
-    if (block.feed) has_feed_ = true;
+    if (block.is_repeated) user_.Fails(NcFault::kRepeatedWord, 0.0, {});
+    if (block.feed) has_feed_ = *block.feed > 0.0;
     if (block.tool) user_.SelectsTool(*block.tool);
     if (block.changes_tool) user_.ChangesTool();
     if (block.spindle) user_.SwitchesSpindle(*block.spindle);
+    if (block.output) user_.SwitchesOutput(*block.output);
+    if (block.cancels_motion) motion_.reset();
     if (block.origin != Block::Origin::kNone) {
         SetOrigin(block);
     } else if (!block.dwells) {
         Move(block);
     }
-    if (block.ends) user_.Ends();
+    marks_.has_returned |= block.ends_sub;
+    has_called_ |= block.calls;
+    if (block.ends) End();
 }
 
-// `100 SUB`, `100 ENDSUB` and `100 CALL` as LinuxCNC has them.
+void CMachine::End() {
+    has_ended_ = true;
+    user_.Ends();
+}
+
+// Labels are numbers, so zeros before them count for nothing.
 void CMachine::TakeLabel(std::string_view label) {
-    const size_t blank = label.find(' ');
-    if (blank == std::string_view::npos) return;
-    const std::string name(label.substr(0, blank));
+    if (label == "%") {
+        if (++percents_ > 1 && !has_ended_) End();
+        return;
+    }
+    const size_t blank = std::min(label.find(' '), label.size());
+    std::string name(label.substr(0, blank));
+    name.erase(0, std::min(name.find_first_not_of('0'), name.size()));
     const std::string_view word = label.substr(std::min(label.find_first_not_of(' ', blank), label.size()));
-    if (word.starts_with("SUB")) {
-        open_subs_.push_back(name);
-        begun_subs_.insert(name);
+    if (word.starts_with("CALL")) {
+        has_called_ = true;
+        called_label_ = name;
     } else if (word.starts_with("ENDSUB")) {
+        marks_.has_returned = true;
         if (open_subs_.empty() || open_subs_.back() != name) return user_.Fails(NcFault::kNoSubStart, 0.0, name);
         open_subs_.pop_back();
-    } else if (word.starts_with("CALL")) {
-        called_.insert(name);
+    } else if (!word.empty() && !word.starts_with("SUB")) {
+        user_.Fails(NcFault::kUnread, 0.0, word);  // a loop or a condition
+    } else {
+        if (!word.empty()) open_subs_.push_back(name);
+        if (marks_.label.empty()) marks_.label = name;
     }
-}
-
-std::vector<std::string> CMachine::UnknownLabels() const {
-    std::vector<std::string> unknown;
-    std::set_difference(called_.begin(), called_.end(), begun_subs_.begin(), begun_subs_.end(),
-                        std::back_inserter(unknown));
-    return unknown;
 }
 
 // False if the line can't be followed.
@@ -139,62 +154,161 @@ bool CMachine::Sort(const NcLine& line, Block& block) {
                 set(block.angle, word.value);
                 block.angle_is_negative = std::signbit(word.value);
                 break;
-            case NcAddress::kFeed: block.feed = word.value; break;
+            case NcAddress::kFeed: set(block.feed, word.value); break;
             case NcAddress::kOther:
-                if (word.letter == 'T') block.tool = word.value;
-                if (word.letter == 'L') block.l_word = word.value;
-                if (word.letter == 'M') TakeM(word.value, block);
-                if (word.letter == 'G' && !TakeG(word.value, block)) {
-                    user_.Fails(NcFault::kUnread, 0.0, GCodeText(word.value));
-                    return false;
-                }
+                if (!TakeOther(word, block)) return false;
                 break;
         }
     }
-    if (block.origin == Block::Origin::kG10 && block.l_word == 20.0) block.origin = Block::Origin::kG10L20;
+    if (block.has_p && block.calls && called_label_.empty()) {
+        called_label_ = std::to_string(std::lround(block.p_word));
+    }
     return true;
+}
+
+bool CMachine::TakeOther(const NcWord& word, Block& block) {
+    switch (word.letter) {
+        case 'T': block.tool = word.value; break;
+        case 'Z': block.z = word.value; break;
+        case 'L':
+            block.l_word = word.value;
+            block.has_l = true;
+            break;
+        case 'P':
+            block.p_word = word.value;
+            block.has_p = true;
+            break;
+        case 'M': TakeM(word.value, block); break;
+        case 'G':
+            if (TakeG(word.value, block)) break;
+            user_.Fails(NcFault::kUnread, 0.0, GCodeText(word.value));
+            return false;
+        default: break;
+    }
+    return true;
+}
+
+void CMachine::CountGroup(unsigned group, Block& block) {
+    block.is_repeated |= (block.groups >> group & 1U) != 0;
+    block.groups |= 1U << group;
 }
 
 // False for a code that changes movements in a way that is not followed.
 bool CMachine::TakeG(double number, Block& block) {
-    const auto move = [&block](MotionCode code) {
-        block.is_repeated |= block.motion.has_value();
+    const auto tenths = static_cast<int>(std::lround(number * 10.0));
+    const auto move = [this, &block](MotionCode code) {
+        CountGroup(0, block);
         block.motion = code;
     };
-    switch (static_cast<int>(std::lround(number * 10.0))) {
+    const auto set = [this, &block](unsigned group, auto& mode, auto value) {
+        CountGroup(group, block);
+        mode = value;
+    };
+    switch (tenths) {
         case 0: move(MotionCode::kRapid); return true;
         case 10: move(MotionCode::kLinear); return true;
         case 20: move(MotionCode::kClockwise); return true;
         case 30: move(MotionCode::kCounterClockwise); return true;
         case 40: block.dwells = true; return true;
         case 100: block.origin = Block::Origin::kG10; return true;
-        case 200: inches_ = true; return true;
-        case 210: inches_ = false; return true;
+        case 170: CountGroup(1, block); return true;
+        case 200:
+        case 700: set(2, inches_, true); return true;
+        case 210:
+        case 710: set(2, inches_, false); return true;
         case 280:
         case 300: block.goes_home = true; return true;
         case 520: block.origin = Block::Origin::kG52; return true;
         case 530: block.absolute_position = true; return true;
-        case 900: absolute_ = true; return true;
-        case 910: absolute_ = false; return true;
-        case 901: absolute_centres_ = true; return true;
-        case 911: absolute_centres_ = false; return true;
+        case 540:
+        case 550:
+        case 560:
+        case 570:
+        case 580:
+        case 590:
+            set(3, system_, static_cast<size_t>(tenths / 10 - 54));
+            moved_origin_ = true;
+            return true;
+        case 650: block.calls = true; return true;
+        case 800:
+            CountGroup(0, block);
+            block.cancels_motion = true;
+            return true;
+        case 900: set(4, absolute_, true); return true;
+        case 910: set(4, absolute_, false); return true;
+        case 901: set(5, absolute_centres_, true); return true;
+        case 911: set(5, absolute_centres_, false); return true;
         case 920: block.origin = Block::Origin::kG92; return true;
-        case 921: origin_ = {}; return true;
-        case 50: case 60: case 70: case 160: case 180: case 190: case 330: case 410: case 420: case 510:
-        case 680: case 730: case 810: case 820: case 830: case 840: case 850: case 860: case 870: case 880: case 890:
-            return false;
-        default: return true;  // planes, compensation off, work offsets, path modes: nothing of the way itself
+        case 921: shift_ = {}; return true;
+        case 80:
+        case 90:
+        case 150:
+        case 400:
+        case 430:
+        case 431:
+        case 490:
+        case 500:
+        case 600:
+        case 610:
+        case 611:
+        case 640:
+        case 690:
+        case 930:
+        case 940:
+        case 950:
+        case 960:
+        case 970:
+        case 980:
+        case 990: return true;
+        case 50:
+        case 60:
+        case 160:
+        case 180:
+        case 190:
+        case 330:
+        case 410:
+        case 420:
+        case 510:
+        case 680:
+        case 730:
+        case 810:
+        case 820:
+        case 830:
+        case 840:
+        case 850:
+        case 860:
+        case 870:
+        case 880:
+        case 890: return false;
+        default: user_.Fails(NcFault::kUnknownCode, 0.0, GCodeText(number)); return true;
     }
 }
 
 void CMachine::TakeM(double number, Block& block) {
     switch (static_cast<int>(std::lround(number))) {
         case 2:
-        case 30: block.ends = true; break;
+        case 30:
+            CountGroup(8, block);
+            block.ends = true;
+            break;
         case 3:
-        case 4: block.spindle = true; break;
-        case 5: block.spindle = false; break;
+        case 4:
+            CountGroup(9, block);
+            block.spindle = true;
+            break;
+        case 5:
+            CountGroup(9, block);
+            block.spindle = false;
+            break;
         case 6: block.changes_tool = true; break;
+        case 62:
+        case 64: block.output = true; break;
+        case 63:
+        case 65: block.output = false; break;
+        case 97:
+        case 98: block.calls = true; break;
+        case 17:
+        case 99: block.ends_sub = true; break;
         default: break;
     }
 }
@@ -206,11 +320,18 @@ double CMachine::UnitRatio(int axis) const {
 
 void CMachine::SetOrigin(const Block& block) {
     moved_origin_ = true;
+    if (block.radius) user_.Fails(NcFault::kUnread, 0.0, "R");  // turns the system
+    const bool is_system = block.origin == Block::Origin::kG10;
+    if (is_system && block.l_word != 2.0 && block.l_word != 20.0) return;  // a table of tools
+    const auto number = static_cast<size_t>(std::clamp(std::lround(block.p_word), 0L, 6L));
+    const size_t system = number == 0 ? system_ : number - 1;
+    Point& origin = is_system ? systems_[system] : shift_;
+    const bool from_position = block.origin == Block::Origin::kG92 || (is_system && block.l_word == 20.0);
     for (int axis = 0; axis < 2; ++axis) {
         if (!block.axis[static_cast<size_t>(axis)]) continue;
         const double value = *block.axis[static_cast<size_t>(axis)] * UnitRatio(axis);
-        const bool from_position = block.origin == Block::Origin::kG92 || block.origin == Block::Origin::kG10L20;
-        Coordinate(origin_, axis) = from_position ? Coordinate(at_, axis) - value : value;
+        const double rest = Coordinate(Origin(), axis) - Coordinate(origin, axis);
+        Coordinate(origin, axis) = from_position ? Coordinate(at_, axis) - value - rest : value;
     }
 }
 
@@ -222,7 +343,9 @@ Point CMachine::Target(const Block& block) const {
         const std::optional<double>& word = block.axis[static_cast<size_t>(axis)];
         if (!word) continue;
         const double value = *word * UnitRatio(axis);
-        const double base = block.absolute_position ? 0.0 : absolute_ ? Coordinate(origin_, axis) : Coordinate(at_, axis);
+        const double base = block.absolute_position ? 0.0
+                            : absolute_             ? Coordinate(Origin(), axis)
+                                                    : Coordinate(at_, axis);
         Coordinate(to, axis) = base + value;
     }
     return to;
@@ -254,14 +377,22 @@ void CMachine::Move(const Block& block) {
     const bool has_axis = block.axis[0] || block.axis[1];
     const bool has_arc_words = block.centre[0] || block.centre[1] || block.radius || block.subtended;
     if (block.motion) motion_ = block.motion;
+    if (block.z) z_ = absolute_ || block.absolute_position ? *block.z : z_ + *block.z;
     if (block.goes_home) {
         if (has_axis) Finish(Motion(MotionCode::kRapid), Target(block));
         return Finish(Motion(MotionCode::kRapid), {});
     }
     const bool is_arc = motion_ && IsArc(*motion_);
+    if (has_arc_words && !is_arc && ReadsText()) user_.Fails(NcFault::kUnusedWord, 0.0, {});
     if (!has_axis && !(is_arc && has_arc_words)) {
         if (block.angle) user_.Turns(heading_ - before_turn_, passed_zero_);
+        if (block.motion && is_arc && ReadsText()) user_.Fails(NcFault::kNoCentre, 0.0, {});
         return;
+    }
+    const bool is_inches = ReadsText() && run_.controller.in_inches && !inches_;
+    if (is_inches) {
+        user_.Fails(NcFault::kNoUnitCode, 0.0, {});
+        inches_ = true;
     }
     if (!motion_) {
         user_.Fails(NcFault::kNoMotionCode, 0.0, {});
@@ -277,6 +408,7 @@ void CMachine::Move(const Block& block) {
 }
 
 void CMachine::MoveOnArc(const Block& block, Point to) {
+    if (block.has_p) user_.Fails(NcFault::kUnread, 0.0, "P");  // a number of turns
     Motion motion(*motion_);
     const bool clockwise = *motion_ == MotionCode::kClockwise;
     Point center;
@@ -327,7 +459,7 @@ bool CMachine::FindCentre(const Block& block, Point to, Point& center) {
                                                      : !arcs.inc_from_start && arcs.inc_from_end);
     for (int axis = 0; axis < 2; ++axis) {
         const double value = block.centre[static_cast<size_t>(axis)].value_or(0.0) * UnitRatio(axis);
-        Coordinate(center, axis) = Coordinate(absolute ? origin_ : from_end ? to : at_, axis) + value;
+        Coordinate(center, axis) = Coordinate(absolute ? Origin() : from_end ? to : at_, axis) + value;
     }
     return true;
 }
@@ -381,7 +513,7 @@ Point CMachine::ToPlane(Point p) const { return turn_(Scaled(p)); }
 
 PlaneTurn CMachine::Turn(const PlaneTurn& turn, bool around_origin) {
     const PlaneTurn before = turn_;
-    const Point pivot = around_origin ? origin_ : at_;
+    const Point pivot = around_origin ? Origin() : at_;
     const Point in_text = Scaled(pivot);
     const Point fixed = before(in_text);
     turn_ = before.After(turn);

@@ -3,9 +3,9 @@
 
 #include <array>
 #include <optional>
-#include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "generator/run_context.h"
@@ -40,7 +40,15 @@ enum class NcFault : uint8_t {
     kAssumedCentres,  // absolute centres without a code for them
     kNoSubStart,      // the end of a sub-program that nothing began
     kUnknownLabel,    // a call of a sub-program that no text begins
-    kUnread,          // literal text that can't be read
+    kOtherLabel,      // a call of another sub-program than the drawing's
+    kRepeatedLabel,   // two sub-programs of one label
+    kNoSubEnd,        // a sub-program without an end
+    kNoEnd,           // a main program that runs on into its sub-programs
+    kUnusedWord,      // a centre or radius without an arc
+    kBadComment,
+    kUnknownCode,  // a G code that is not known
+    kNoUnitCode,   // inches, and nothing says so
+    kUnread,       // literal text that can't be read
 };
 
 // Who is told what the machine does.
@@ -53,10 +61,11 @@ public:
     // A tangential tool turns by so many radians where it is. `is_ambiguous`: absolute words pass the zero of the axis,
     // so that an axis without a shortest way takes the long one.
     virtual void Turns(double turn, bool is_ambiguous) = 0;
-    virtual void SelectsTool(double t_word) = 0;   // a T word
-    virtual void ChangesTool() = 0;                // M6
-    virtual void SwitchesSpindle(bool on) = 0;     // M3, M4, M5
-    virtual void Ends() = 0;                       // M2, M30
+    virtual void SelectsTool(double t_word) = 0;  // a T word
+    virtual void ChangesTool() = 0;               // M6
+    virtual void SwitchesSpindle(bool on) = 0;    // M3, M4, M5
+    virtual void SwitchesOutput(bool on) = 0;     // M62 to M65
+    virtual void Ends() = 0;                      // M2, M30, the second %
 };
 
 // How calls turn, mirror and shift what the machine does in them.
@@ -72,8 +81,11 @@ struct PlaneTurn {
     }
     // `inner` and then this, without a shift.
     PlaneTurn After(const PlaneTurn& inner) const {
-        return {xx * inner.xx + xy * inner.yx, xx * inner.xy + xy * inner.yy, yx * inner.xx + yy * inner.yx,
-                yx * inner.xy + yy * inner.yy, {}};
+        return {xx * inner.xx + xy * inner.yx,
+                xx * inner.xy + xy * inner.yy,
+                yx * inner.xx + yy * inner.yx,
+                yx * inner.xy + yy * inner.yy,
+                {}};
     }
     bool Mirrors() const { return xx * yy - xy * yx < 0.0; }
 };
@@ -101,8 +113,29 @@ public:
     PlaneTurn Turn(const PlaneTurn& turn, bool around_origin);
     // Turns back to what Turn gave. The machine stays where it is.
     void TurnBack(const PlaneTurn& before);
-    // Labels that are called and begun nowhere so far.
-    std::vector<std::string> UnknownLabels() const;
+    // A new file begins, in which nothing has ended.
+    void StartFile() {
+        has_ended_ = false;
+        percents_ = 0;
+    }
+    bool HasEnded() const { return has_ended_; }
+    // Whether a line since ForgetCall has called a sub-program, or may have; and its label, if that is known.
+    bool HasCalled() const { return has_called_; }
+    const std::string& CalledLabel() const { return called_label_; }
+    void ForgetCall() {
+        has_called_ = false;
+        called_label_.clear();
+    }
+    // What a program has said of itself: the first label that it began, and whether it has ended as a sub-program.
+    struct ProgramMarks {
+        std::string label;
+        bool has_returned = false;
+    };
+    // Begins a program and gives the marks of the one that it interrupts; these are given back after it.
+    ProgramMarks BeginProgram() { return std::exchange(marks_, {}); }
+    const ProgramMarks& Marks() const { return marks_; }
+    void GoOnWith(ProgramMarks marks) { marks_ = std::move(marks); }
+    double Depth() const { return z_; }  // the last Z, 0 before the first
     bool HasMotionCode() const { return motion_.has_value(); }
     bool IsAbsolute() const { return absolute_; }
     bool IsTurned() const { return turn_.xx != 1.0 || turn_.yy != 1.0; }
@@ -117,10 +150,15 @@ private:
         std::optional<double> radius, subtended, angle, feed, tool;
         bool angle_is_negative = false;
         std::optional<MotionCode> motion;
-        enum class Origin { kNone, kG10, kG10L20, kG52, kG92 } origin = Origin::kNone;
+        enum class Origin : uint8_t { kNone, kG10, kG52, kG92 } origin = Origin::kNone;
         bool absolute_position = false;  // G53
         bool dwells = false, goes_home = false;
-        double l_word = 2.0;
+        double l_word = 0.0, p_word = 0.0;
+        bool has_l = false, has_p = false;
+        bool cancels_motion = false, ends_sub = false, calls = false;
+        std::optional<double> z;
+        std::optional<bool> output;
+        unsigned groups = 0;  // of codes that have been seen
         bool is_repeated = false;
         bool changes_tool = false, ends = false;
         std::optional<bool> spindle;
@@ -130,7 +168,10 @@ private:
     // Gives the turn that an angle word asks for, radians counter-clockwise.
     double TakeAngle(double value, bool is_negative, bool absolute);
     void TakeLabel(std::string_view label);
+    void End();
     bool Sort(const NcLine& line, Block& block);
+    bool TakeOther(const NcWord& word, Block& block);
+    static void CountGroup(unsigned group, Block& block);
     bool TakeG(double number, Block& block);
     void TakeM(double number, Block& block);
     void SetOrigin(const Block& block);
@@ -141,6 +182,7 @@ private:
     bool CentreByRadius(double radius, Point to, Point& center);
     void Finish(Motion motion, Point to);
     double UnitRatio(int axis) const;
+    Point Origin() const { return {systems_[system_].x + shift_.x, systems_[system_].y + shift_.y}; }
     Point Target(const Block& block) const;
     Point Scaled(Point p) const;
     Point ToPlane(Point p) const;
@@ -154,8 +196,12 @@ private:
     double mm_per_unit_;        // of the machine, of output units
     bool in_degrees_[2];
 
-    std::vector<std::string> open_subs_;         // labels, the innermost last
-    std::set<std::string> begun_subs_, called_;  // labels
+    std::vector<std::string> open_subs_;  // labels, the innermost last
+    std::string called_label_;
+    bool has_called_ = false;
+    ProgramMarks marks_;
+    bool has_ended_ = false;
+    int percents_ = 0;
 
     // Modes.
     std::optional<MotionCode> motion_;
@@ -164,11 +210,14 @@ private:
     std::optional<bool> inches_;
     bool has_feed_ = false;
 
-    Point at_;      // in output units, the origin's shift included
-    Point origin_;  // output units
-    double axis_angle_ = 0.0;  // of the tool's axis, as its words count it
-    double heading_;           // where that points, radians, without jumps
-    double before_turn_;       // the same, before the present line
+    Point at_;  // in output units, origins included
+    double z_ = 0.0;
+    std::array<Point, 6> systems_;  // G54 to G59, output units
+    size_t system_ = 0;             // in force
+    Point shift_;                   // G52, G92
+    double axis_angle_ = 0.0;       // of the tool's axis, as its words count it
+    double heading_;                // where that points, radians, without jumps
+    double before_turn_;            // the same, before the present line
     bool passed_zero_ = false;
     PlaneTurn turn_;
     bool moved_origin_ = false;

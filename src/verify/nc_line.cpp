@@ -13,28 +13,43 @@ bool IsLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
 bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 
 // `text` in upper case without comments, and without dwells, which the host cuts out.
-std::string WithoutComments(std::string_view text) {
+std::string WithoutComments(std::string_view text, bool& bad_comment) {
     std::string plain;
     bool in_comment = false;
-    for (size_t i = 0; i < text.size(); ++i) {
-        const char c = text[i];
+    bad_comment = false;
+    for (const char c : text) {
         if (in_comment) {
+            bad_comment |= c == '(';
             in_comment = c != ')';
         } else if (c == '(') {
             in_comment = true;
         } else if (c == ';') {
             break;
         } else {
-            plain.push_back(c);
+            plain.push_back(UpperAscii(c));
         }
     }
-    plain = UpperCase(plain);
+    bad_comment |= in_comment;
     for (size_t at; (at = plain.find(kDwellMarker)) != std::string::npos;) {
         size_t last = at + kDwellMarker.size();
         if (last < plain.size() && plain[last] == '[') last = std::min(plain.find(']', last), plain.size() - 1) + 1;
         plain.erase(at, last - at);
     }
     return plain;
+}
+
+// Takes an expression in brackets or a parameter off the front of `text`, as `[600*0.5]` or `#100`.
+bool TakeExpression(std::string_view& text) {
+    if (text.empty() || (text[0] != '[' && text[0] != '#')) return false;
+    size_t depth = 0;
+    size_t last = 0;
+    do {
+        if (text[last] == '[') ++depth;
+        if (text[last] == ']') --depth;
+        ++last;
+    } while (last < text.size() && (depth > 0 || (text[0] == '#' && text[last] >= '0' && text[last] <= '9')));
+    text.remove_prefix(last);
+    return depth == 0;
 }
 
 // Takes a number off the front of `text`.
@@ -52,6 +67,8 @@ std::optional<double> TakeNumber(std::string_view& text) {
     text.remove_prefix(last);
     return value;
 }
+
+constexpr double kSomeSpeed = 1.0;  // for one that is computed by the controller
 
 std::string_view PieceAt(std::string_view text) {
     size_t last = 0;
@@ -79,8 +96,23 @@ CNcLineReader::CNcLineReader(const RunOptions& options) {
     if (!has(NcAddress::kCentre2)) addresses_.push_back({"J", NcAddress::kCentre2});
     if (!has(NcAddress::kRadius)) addresses_.push_back({"R", NcAddress::kRadius});
     if (!has(NcAddress::kFeed)) addresses_.push_back({"F", NcAddress::kFeed});
+    StandardCentres();
     std::stable_sort(addresses_.begin(), addresses_.end(),
                      [](const Address& a, const Address& b) { return a.text.size() > b.text.size(); });
+}
+
+// Where axes and centres have their usual letters, I belongs to X, whatever the tuning says.
+void CNcLineReader::StandardCentres() {
+    for (Address& centre : addresses_) {
+        if (centre.address != NcAddress::kCentre1 && centre.address != NcAddress::kCentre2) continue;
+        const size_t letter = std::string_view("IJK").find(centre.text);
+        if (centre.text.size() != 1 || letter == std::string_view::npos) continue;
+        for (const Address& axis : addresses_) {
+            const bool is_its_axis = axis.text.size() == 1 && axis.text[0] == "XYZ"[letter];
+            if (is_its_axis && axis.address == NcAddress::kAxis1) centre.address = NcAddress::kCentre1;
+            if (is_its_axis && axis.address == NcAddress::kAxis2) centre.address = NcAddress::kCentre2;
+        }
+    }
 }
 
 // The last piece of an option is the address: `G0 C` turns with a code of its own.
@@ -103,7 +135,7 @@ void CNcLineReader::Read(std::string_view text, NcLine& line) const {
     line.words.clear();
     line.unread.clear();
     line.label.clear();
-    const std::string plain = WithoutComments(text);
+    const std::string plain = WithoutComments(text, line.bad_comment);
     std::string_view rest = plain;
     bool is_first = true;
     while (!rest.empty()) {
@@ -114,12 +146,19 @@ void CNcLineReader::Read(std::string_view text, NcLine& line) const {
         const Address* const known = AddressAt(rest);
         const bool is_label = is_first && known == nullptr && (rest[0] == '%' || rest[0] == 'O' || rest[0] == ':');
         if (is_label) {
-            if (rest[0] != '%') line.label = rest.substr(1);
+            line.label = rest[0] == '%' ? "%" : rest.substr(1);
             return;
         }
         std::string_view after = rest.substr(known != nullptr ? known->text.size() : 1);
-        const std::optional<double> value =
-            known != nullptr || IsLetter(rest[0]) ? TakeNumber(after) : std::nullopt;
+        const std::optional<double> value = known != nullptr || IsLetter(rest[0]) ? TakeNumber(after) : std::nullopt;
+        // The value of a speed makes no difference to the way.
+        const bool is_speed = known != nullptr ? known->address == NcAddress::kFeed : rest[0] == 'S';
+        if (!value && is_speed && TakeExpression(after)) {
+            line.words.push_back({known != nullptr ? NcAddress::kFeed : NcAddress::kOther, rest[0], kSomeSpeed});
+            is_first = false;
+            rest = after;
+            continue;
+        }
         if (!value) {
             line.unread = PieceAt(rest);
             return;

@@ -21,8 +21,9 @@ struct NcWord {
 
 struct NcLine {
     std::vector<NcWord> words;
-    std::string unread;      // the first piece that is no word; empty if all is read
-    std::string label;       // what follows an O or a colon at the front, as `100 SUB`; then there are no words
+    std::string unread;        // the first piece that is no word; empty if all is read
+    bool bad_comment = false;  // one is not closed, or begins within another
+    std::string label;         // what follows an O or a colon at the front, as `100 SUB`; then there are no words
 };
 
 // Reads lines by the addresses of a tuning, which may be longer than a letter, and single letters beside them.
@@ -42,6 +43,7 @@ private:
     };
 
     void Add(const OptionText& option, NcAddress address);
+    void StandardCentres();
     const Address* AddressAt(std::string_view text) const;
 
     std::vector<Address> addresses_;  // the longest ones first

@@ -1,6 +1,9 @@
 #include "verify/tool_power.h"
 
 #include <algorithm>
+#include <cstdlib>
+
+#include "text/ascii.h"
 
 namespace brindle {
 namespace {
@@ -21,44 +24,104 @@ bool HasWord(std::string_view text, char letter, std::string_view numbers) {
     return false;
 }
 
+constexpr double kSameDepth = 1e-6;
+
+// The words of a text, without regard to what they mean.
+class NcWords {
+public:
+    explicit NcWords(std::string_view text) {
+        bool in_comment = false;
+        for (size_t i = 0; i < text.size(); ++i) {
+            const char c = UpperAscii(text[i]);
+            if (c == '(') in_comment = true;
+            if (c == ')') in_comment = false;
+            if (in_comment || c < 'A' || c > 'Z') continue;
+            words_.push_back(
+                {c, static_cast<int>(std::strtol(std::string(text.substr(i + 1, 8)).c_str(), nullptr, 10))});
+        }
+    }
+    bool Has(char letter) const {
+        return std::any_of(words_.begin(), words_.end(), [=](const Word& word) { return word.letter == letter; });
+    }
+    bool HasM(int number) const {
+        return std::any_of(words_.begin(), words_.end(),
+                           [=](const Word& word) { return word.letter == 'M' && word.number == number; });
+    }
+    // Whether there is a word of another letter, or an M code that neither changes tools nor stops nor, unless it
+    // counts, cools.
+    bool HasOtherThan(std::string_view letters, bool cooling_is_none) const {
+        return std::any_of(words_.begin(), words_.end(), [=](const Word& word) {
+            if (word.letter != 'M') return letters.find(word.letter) == std::string_view::npos;
+            const bool cools = word.number >= 7 && word.number <= 9;
+            return word.number > 1 && word.number != 6 && !(cools && cooling_is_none);
+        });
+    }
+
+private:
+    struct Word {
+        char letter;
+        int number;
+    };
+    std::vector<Word> words_;
+};
+
 }  // namespace
 
-CToolPower::CToolPower(RunContext& run, bool reads_words) : run_(run) {
-    if (!reads_words) return;
-    const int32_t last = std::clamp(run.options.programs.number_of_tools, 0, 63) + 1;
-    for (int32_t tool = 1; tool <= last; ++tool) {
+CToolPower::CToolPower(RunContext& run, bool reads_text) : run_(run), reads_text_(reads_text) {
+    constexpr int32_t kMostTools = 64;
+    const int32_t last = std::clamp(run.options.programs.number_of_tools, 0, kMostTools) + 1;
+    for (int32_t tool = 1; tool <= last && reads_text; ++tool) {
         const Tool& data = run.tools.Get(tool);
         for (const ToolData* level : {data.own, data.physical}) {
-            for (const CompiledTemplate* compiled : {&level->select, &level->on}) {
-                const std::string source = SourceOf(*compiled);
-                by_t_words_ |= HasWord(source, 'T', {});
-                writes_m6_ |= HasWord(source, 'M', "6");
-            }
+            const std::string on = SourceOf(level->on);
+            const std::string source = SourceOf(level->select) + on;
+            by_t_words_ |= HasWord(source, 'T', {});
+            writes_m6_ |= HasWord(source, 'M', "6");
+            has_spindle_tools_ |= HasWord(on, 'M', "34");
         }
+    }
+    for (int32_t tool = 1; tool <= last; ++tool) {
+        const Traits& traits = TraitsOf(tool);
+        if (traits.own->exists()) kinds_ |= 1U << static_cast<unsigned>(traits.kind);
     }
 }
 
-const CToolPower::Traits& CToolPower::TraitsOf(int32_t tool) {
+PowerKind CToolPower::KindOf(const std::string& source) const {
+    if (source.empty()) return PowerKind::kNothing;
+    if (!reads_text_) return PowerKind::kTemplate;
+    NcWords words(source);
+    if (words.Has('Z')) return PowerKind::kDepth;
+    if (words.HasM(62) || words.HasM(64)) return PowerKind::kOutput;
+    if (words.HasM(3) || words.HasM(4)) return PowerKind::kSpindle;
+    // What selects tools, sets speeds or cools switches nothing on, at least not where others do it by a spindle.
+    return words.HasOtherThan(has_spindle_tools_ ? "TFNGS" : "TFNG", has_spindle_tools_) ? PowerKind::kTemplate
+                                                                                         : PowerKind::kNothing;
+}
+
+const CToolPower::Traits& CToolPower::TraitsOf(int32_t tool) const {
     const auto [at, is_new] = traits_.try_emplace(tool);
     Traits& traits = at->second;
     if (!is_new) return traits;
     const Tool& data = run_.tools.Get(tool);
     traits.own = data.own;
     traits.physical = data.physical;
+    const bool has_master = data.physical != data.own;
     const std::string own_on = SourceOf(data.own->on);
-    const std::string physical_on = data.physical == data.own ? std::string() : SourceOf(data.physical->on);
-    traits.own_on = !own_on.empty();
-    traits.physical_on = !physical_on.empty();
-    traits.needs_spindle = HasWord(own_on, 'M', "34") || HasWord(physical_on, 'M', "34");
+    const std::string physical_on = has_master ? SourceOf(data.physical->on) : std::string();
+    traits.kind = KindOf(own_on + physical_on);
+    traits.own_on = KindOf(own_on) != PowerKind::kNothing;
+    traits.physical_on = KindOf(physical_on) != PowerKind::kNothing;
+    traits.has_off = !SourceOf(data.own->off).empty() || !SourceOf(data.physical->off).empty();
     traits.select_key = SourceOf(data.own->select);
-    if (data.physical != data.own) traits.select_key += "|" + SourceOf(data.physical->select);
-    if (HasDirective(data.own->select, DirectiveId::kToolId) || HasDirective(data.physical->select, DirectiveId::kToolId)) {
+    if (has_master) traits.select_key += "|" + SourceOf(data.physical->select);
+    if (HasDirective(data.own->select, DirectiveId::kToolId) ||
+        HasDirective(data.physical->select, DirectiveId::kToolId)) {
         traits.select_key += std::to_string(tool);
     }
     return traits;
 }
 
-void CToolPower::Wrote(TemplateUse use, const CompiledTemplate& compiled, int32_t tool) {
+void CToolPower::Wrote(TemplateUse use, const CompiledTemplate& compiled, int32_t tool, double depth) {
     const Traits& traits = TraitsOf(tool);
     const bool is_own = traits.own == traits.physical || &compiled == &traits.own->on || &compiled == &traits.own->off;
     const ToolData* const level = is_own ? traits.own : traits.physical;
@@ -68,6 +131,7 @@ void CToolPower::Wrote(TemplateUse use, const CompiledTemplate& compiled, int32_
     }
     if (use == TemplateUse::kToolOn) {
         on_.insert(level);
+        on_depth_ = depth;
         if (std::find(switched_on_.begin(), switched_on_.end(), tool) == switched_on_.end()) {
             switched_on_.push_back(tool);
         }
@@ -92,47 +156,60 @@ void CToolPower::ChangeTool() {
 
 void CToolPower::SwitchAllOff() {
     on_.clear();
-    spindle_ = false;
+    spindle_ = output_ = false;
+    on_depth_.reset();
     on_by_selection_ = nullptr;
 }
 
-bool CToolPower::IsOn(int32_t tool) {
+bool CToolPower::IsTemplateOn(const Traits& traits) const {
+    if (on_by_selection_ != nullptr && on_by_selection_ == traits.physical) return true;
+    if (traits.own_on && !on_.contains(traits.own)) return false;
+    return !traits.physical_on || on_.contains(traits.physical);
+}
+
+bool CToolPower::IsOn(int32_t tool, double depth) const {
     const Traits& traits = TraitsOf(tool);
-    if (!traits.own_on && !traits.physical_on) {
-        return spindle_ || (on_by_selection_ != nullptr && on_by_selection_ == traits.physical);
+    switch (traits.kind) {
+        case PowerKind::kNothing:
+            return spindle_ || output_ || (reads_text_ && depth < 0.0) ||
+                   (on_by_selection_ != nullptr && on_by_selection_ == traits.physical);
+        case PowerKind::kTemplate: return IsTemplateOn(traits);
+        case PowerKind::kSpindle: return spindle_;
+        case PowerKind::kOutput: return output_;
+        case PowerKind::kDepth: break;
     }
-    if (traits.own_on && !on_.contains(traits.own)) {
-        return on_by_selection_ != nullptr && on_by_selection_ == traits.physical;
-    }
-    if (traits.physical_on && !on_.contains(traits.physical)) return false;
-    return !traits.needs_spindle || spindle_;
+    return on_depth_ && depth <= *on_depth_ + kSameDepth;
 }
 
-bool CToolPower::IsAnyOn() {
+bool CToolPower::IsAnyOn(double depth) const {
+    const auto has = [this](PowerKind kind) { return (kinds_ >> static_cast<unsigned>(kind) & 1U) != 0; };
+    const bool by_nothing = has(PowerKind::kNothing);
+    if (spindle_ && (by_nothing || has(PowerKind::kSpindle))) return true;
+    if (output_ && (by_nothing || has(PowerKind::kOutput))) return true;
+    if (reads_text_ && by_nothing && !has(PowerKind::kDepth) && depth < 0.0) return true;
+    if (has(PowerKind::kDepth) && on_depth_ && depth <= *on_depth_ + kSameDepth) return true;
     if (on_by_selection_ != nullptr) return true;
-    if (switched_on_.empty()) return spindle_;
-    if (on_.empty()) return false;
-    return std::any_of(switched_on_.begin(), switched_on_.end(), [this](int32_t tool) { return IsOn(tool); });
+    if (!has(PowerKind::kTemplate) || on_.empty()) return false;
+    return std::any_of(switched_on_.begin(), switched_on_.end(), [this](int32_t tool) {
+        const Traits& traits = TraitsOf(tool);
+        return traits.kind == PowerKind::kTemplate && IsTemplateOn(traits);
+    });
 }
 
-bool CToolPower::Holds(int32_t tool) {
+bool CToolPower::Holds(int32_t tool) const {
     if (by_t_words_) {
         const auto found = t_of_tool_.find(tool);
-        if (found != t_of_tool_.end()) return loaded_t_ == found->second;
-        return !loaded_t_;
+        return found != t_of_tool_.end() && loaded_t_ == found->second;
     }
     const std::string& key = TraitsOf(tool).select_key;
     return loaded_key_ ? *loaded_key_ == key : key.empty();
 }
 
-bool CToolPower::HasOn(int32_t tool) {
+bool CToolPower::HasOn(int32_t tool) const {
     const Traits& traits = TraitsOf(tool);
-    return traits.own_on || traits.physical_on || traits.physical->on_after_select;
+    return traits.kind != PowerKind::kNothing || traits.physical->on_after_select;
 }
 
-bool CToolPower::HasOff(int32_t tool) {
-    const Traits& traits = TraitsOf(tool);
-    return !SourceOf(traits.own->off).empty() || !SourceOf(traits.physical->off).empty();
-}
+bool CToolPower::HasOff(int32_t tool) const { return TraitsOf(tool).has_off; }
 
 }  // namespace brindle

@@ -212,7 +212,7 @@ const Row kRows[] = {
      {{"BOOL bOutModeAbs false"}, kTwoLines}},
     {"CentresThatAreOffsetsLeftOutAsRepeats",
      {{"BOOL bInAbsCenIsAbs true"}, {kCircle, "A,1,1,0,50,40,50,40,40,40,10,0,0"}},
-     {"not-cut: a centre word was left out as a repeat"},
+     {"no-arc-centre: a centre word was left out as a repeat", "not-cut: a centre word was left out as a repeat"},
      {{"BOOL bInAbsCenIsAbs true", "BOOL bArcDataModal false"}, {kCircle, "A,1,1,0,80,40,80,40,70,40,10,0,0"}}},
 
     // Calls.

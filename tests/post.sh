@@ -117,6 +117,14 @@ cp box.cf2 $'b\xE9x.cf2'
 run 0 post -t plain.tun -o out.nc $'b\xE9x.cf2'
 box_nc | holds out.nc
 
+begin 'a drawing with a byte order mark'
+sed 's/^MULTI FileStart_.*/MULTI FileStart_tTmpl NNUL (<@CurProgName>)/' plain.tun >name.tun
+{ printf '\xEF\xBB\xBF' && cat box.cf2; } >marked.cf2
+run 0 post -t name.tun -o out.nc marked.cf2
+says
+box_nc | sed '1s/.*/(BOX)\r/' | holds out.nc
+"$brindle" post -t name.tun - <marked.cf2 2>&1 | cmp -s out.nc - || fail 'standard input'
+
 begin 'trace'
 cat >>plain.tun <<'END'
 MULTI T1_ToolOff_tTmpl NNUL M5<@Nonesuch>
@@ -439,6 +447,10 @@ grep -q 'nobody' "$folder.out" || fail "data: $(cat "$folder.out")"
 ! grep -q 'Dataset Steel' "$folder.out" || fail 'data: a dataset that was not asked for'
 run 0 post -t items.tun --rtd definition --allow not-cut -o - --expr Customer=Smith box.cf2
 [ "$(tr -d '\r' <"$folder.out")" = 'Steel F100 Smith' ] || fail "--rtd: $(cat "$folder.out")"
+{ printf '\xEF\xBB\xBF' && grep -v '^UPD' definition; } >marked
+run 0 post -t items.tun --rtd marked --allow not-cut -o - --expr Customer=Smith box.cf2
+says
+[ "$(tr -d '\r' <"$folder.out")" = 'Steel F100 Smith' ] || fail "--rtd with a byte order mark: $(cat "$folder.out")"
 run 1 post -t items.tun --rtd none box.cf2
 says 'brindle: none: no such file'
 

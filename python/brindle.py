@@ -494,8 +494,9 @@ class Host:
     def run(self, strict=False):
         """Runs the tuning over the geometry and gives the output, an NcText.
 
-        The NC text may hold messages, if the tuning wants them there. With `strict` a run that has messages() raises
-        RunError instead of giving its output. A dataset that the run-time data lacks raises ValueError.
+        The NC text is not held against the geometry, as the command `brindle post` does: that it cuts what was added
+        is not checked. It may hold messages, if the tuning wants them there. With `strict` a run that has messages()
+        raises RunError instead of giving its output. A dataset that the run-time data lacks raises ValueError.
         """
         self._end()
         nc = self._fetch()

@@ -22,8 +22,9 @@ INT  IN_AX2_nNDec 3
 BOOL bOutUnitsAuto true
 MULTI FileStart_tTmpl NNUL %
 MULTI T1_ToolOn_tTmpl NNUL M3
+MULTI T1_ToolOff_tTmpl NNUL M5
 MULTI Move_tTmpl NNUL G0<@StartPtWords>
-MULTI Line_tTmpl NNUL G1<@EndPtWords>
+MULTI Line_tTmpl NNUL G1<@EndPtWords>F500
 MULTI FileEnd_tTmpl NNUL M30
 END
     printf 'MAIN,BOX\nUR,100,50\nL,0.5,1,0,0,0,25.4,0,0,0\nEND\n' >box.cf2
@@ -31,7 +32,7 @@ END
 }
 
 # The NC text of box.cf2 and plain.tun, and of lid.cf2.
-nc() { printf '%%\r\n%s\r\nM3\r\n%s\r\nM30\r\n' "$1" "$2"; }
+nc() { printf '%%\r\n%s\r\nM3\r\n%sF500\r\nM5\r\nM30\r\n' "$1" "$2"; }
 box_nc() { nc G0X0.0Y0.0 G1X25.4; }
 lid_nc() { nc G0X1.0Y2.0 G1X3.0Y4.0; }
 
@@ -50,6 +51,11 @@ says() {
     local expected=''
     [ $# -eq 0 ] || expected=$(printf '%s\n' "$@")
     [ "$expected" = "$(cat "$folder.err")" ] || fail "standard error is: $(cat "$folder.err")"
+}
+
+# The given lines are all warnings that standard error got.
+warns() {
+    [ "$(printf '%s\n' "$@")" = "$(grep ': warning: ' "$folder.err")" ] || fail "standard error is: $(cat "$folder.err")"
 }
 
 # Standard error has a line with this text.
@@ -111,11 +117,19 @@ cp box.cf2 $'b\xE9x.cf2'
 run 0 post -t plain.tun -o out.nc $'b\xE9x.cf2'
 box_nc | holds out.nc
 
+begin 'a drawing with a byte order mark'
+sed 's/^MULTI FileStart_.*/MULTI FileStart_tTmpl NNUL (<@CurProgName>)/' plain.tun >name.tun
+{ printf '\xEF\xBB\xBF' && cat box.cf2; } >marked.cf2
+run 0 post -t name.tun -o out.nc marked.cf2
+says
+box_nc | sed '1s/.*/(BOX)\r/' | holds out.nc
+"$brindle" post -t name.tun - <marked.cf2 2>&1 | cmp -s out.nc - || fail 'standard input'
+
 begin 'trace'
 cat >>plain.tun <<'END'
 MULTI T1_ToolOff_tTmpl NNUL M5<@Nonesuch>
 END
-run 0 post -t plain.tun -o out.nc --trace out.trace box.cf2
+run 3 post -t plain.tun -o out.nc --trace out.trace box.cf2
 holds out.trace <<'END'
 <FileStart_tTmpl>
   %
@@ -126,7 +140,7 @@ holds out.trace <<'END'
 <T1_ToolOn_tTmpl>
   M3
 <Line_tTmpl>
-  G1X25.4
+  G1X25.4F500
 <T1_ToolOff_tTmpl>
 ! Could not evaluate: @Nonesuch
   M5
@@ -179,13 +193,13 @@ says 'brindle: box.cf2: note: 1 dwell marker left out of the NC file'
 box_nc | holds box.nc
 
 begin 'encodings'
-sed -i 's/^MULTI FileStart_.*/MULTI FileStart_tTmpl NNUL chr(233)chr(0)<@MaterialFile>/' plain.tun
+sed -i 's/^MULTI FileStart_.*/MULTI FileStart_tTmpl NNUL (chr(233)chr(0)<@MaterialFile>)/' plain.tun
 run 0 post -t plain.tun --material 'ä€' -o - box.cf2
 head -n 1 "$folder.out" >first
-printf '\xC3\xA9\0\xC3\xA4\xE2\x82\xAC\r\n' | holds first
+printf '(\xC3\xA9\0\xC3\xA4\xE2\x82\xAC)\r\n' | holds first
 run 0 post -t plain.tun --material 'ä' --encoding latin1 -o - box.cf2
 head -n 1 "$folder.out" >first
-printf '\xE9\0\xE4\r\n' | holds first
+printf '(\xE9\0\xE4)\r\n' | holds first
 rm first
 run 1 post -t plain.tun --material 'ä€' --encoding latin1 box.cf2
 says 'brindle: box.cf2: line 1 of the NC text has the character U+20AC, which Latin-1 lacks: no NC file written'
@@ -233,13 +247,19 @@ grep -q '^G1X15.0Y5.0' "$folder.out" || fail "$(cat -v "$folder.out")"
 begin 'messages of the run'
 sed -i 's/^MULTI Line_.*/MULTI Line_tTmpl NNUL G1<@Nonesuch>/' plain.tun
 for i in $(seq 25); do echo "L,0.5,1,0,$i,0,$i,5,0,0"; done >>box.cf2
-run 0 post -t plain.tun box.cf2
+run 3 post -t plain.tun box.cf2
 message='brindle: box.cf2: warning: Could not evaluate: @Nonesuch'
 mapfile -t twenty < <(yes "$message" | head -n 20)
-says "${twenty[@]}" "$message (6 more times)"
+warns "${twenty[@]}" "$message (6 more times)"
 
 begin 'ratios of fly mode'
-printf 'BOOL Fly_bSupport true\nBOOL T1_Fly_bUse true\nREAL Fly_rMM_Threshold 1\n' >>plain.tun
+cat >>plain.tun <<'END'
+BOOL Fly_bSupport true
+BOOL T1_Fly_bUse true
+REAL Fly_rMM_Threshold 1
+TEXT sCenAx1Addr I
+MULTI Arc_tTmpl NNUL G2<@EndPtWords><@CenPtWords>
+END
 echo 'A,0.5,1,0,25.4,0,35.4,0,30.4,0,5,0,0' >>box.cf2
 run 0 post -t plain.tun box.cf2
 says
@@ -248,15 +268,15 @@ mentions 'brindle: box.cf2: note: maxratio: '
 
 begin 'what is wrong with a drawing'
 printf 'L,0.5,9,0,0,0,1e400,1,0,0\nL,0.5\n' >>box.cf2
-run 0 post -t plain.tun box.cf2
-says "brindle: box.cf2:5: warning: '1e400' is no number that can be read: it counts as 0" \
+run 3 post -t plain.tun box.cf2
+warns "brindle: box.cf2:5: warning: '1e400' is no number that can be read: it counts as 0" \
     'brindle: box.cf2:6: warning: L record with 2 of 10 words: dropped' \
     'brindle: box.cf2:5: warning: tool 9 is not in the tuning: 1 record ignored'
 box_nc | holds box.nc
 
 begin 'no text at all'
 : >empty.tun
-run 0 post -t empty.tun -o out.nc lid.cf2
+run 3 post -t empty.tun -o out.nc lid.cf2
 mentions 'lid.cf2: warning: the tuning gives no NC text'
 : | holds out.nc
 
@@ -382,7 +402,7 @@ END
 printf 'INT  nNumOfTools 1\n' >>data.tun
 while IFS='|' read -r expected arguments; do
     # shellcheck disable=SC2086
-    run 0 post -t data.tun -o - $arguments box.cf2
+    run 0 post -t data.tun --allow not-cut -o - $arguments box.cf2
     [ "$(tr -d '\r' <"$folder.out")" = "$expected" ] || fail "$arguments: $(cat -v "$folder.out") $(cat "$folder.err")"
 done <<'END'
 Steel F150 Smith|--expr Customer=Smith --blank 50x50
@@ -425,8 +445,12 @@ grep -vE '^(UPD|ROW|COL|MSG|DATASETDEF|DSD)' data.tun >items.tun
 run 0 data items.tun --rtd definition --dataset Card
 grep -q 'nobody' "$folder.out" || fail "data: $(cat "$folder.out")"
 ! grep -q 'Dataset Steel' "$folder.out" || fail 'data: a dataset that was not asked for'
-run 0 post -t items.tun --rtd definition -o - --expr Customer=Smith box.cf2
+run 0 post -t items.tun --rtd definition --allow not-cut -o - --expr Customer=Smith box.cf2
 [ "$(tr -d '\r' <"$folder.out")" = 'Steel F100 Smith' ] || fail "--rtd: $(cat "$folder.out")"
+{ printf '\xEF\xBB\xBF' && grep -v '^UPD' definition; } >marked
+run 0 post -t items.tun --rtd marked --allow not-cut -o - --expr Customer=Smith box.cf2
+says
+[ "$(tr -d '\r' <"$folder.out")" = 'Steel F100 Smith' ] || fail "--rtd with a byte order mark: $(cat "$folder.out")"
 run 1 post -t items.tun --rtd none box.cf2
 says 'brindle: none: no such file'
 

@@ -92,7 +92,8 @@ void AddFileOptions(CLI::App& command, PostArguments& arguments) {
 
 void AddComparisonOptions(CLI::App& command, PostArguments& arguments) {
     command.add_option("--tolerance", arguments.job.comparison.tolerance,
-                       "How far a cut may lie beside what is drawn, beyond what decimals cost, mm; by default 0.02")
+                       "How far a cut may lie beside what is drawn, beyond what decimals cost, mm; by\n"
+                       "default 0.02")
         ->check(CLI::NonNegativeNumber)
         ->type_name("NUMBER")
         ->group(kComparisonGroup);
@@ -104,14 +105,15 @@ void AddComparisonOptions(CLI::App& command, PostArguments& arguments) {
         ->group(kComparisonGroup);
     command
         .add_option("--allow", arguments.allowed,
-                    "Findings that are meant, by the names of their rules, as not-cut,stray-cut")
+                    "Findings that are meant, by the names of their rules, as not-cut,stray-cut:\n"
+                    "nothing is said of them")
         ->delimiter(',')
         ->type_name("RULE,...")
         ->check([](const std::string& name) {
             return FindRule(name) != nullptr ? std::string() : Quoted(name) + " is the name of no rule";
         })
         ->group(kComparisonGroup);
-    command.add_flag("--strict", arguments.job.strict, "Make no NC file if there is a warning")
+    command.add_flag("--strict", arguments.job.strict, "Make no NC file if there is a warning or a loss")
         ->group(kComparisonGroup);
 }
 
@@ -184,6 +186,11 @@ std::string ExpressionHelp() {
     return text;
 }
 
+constexpr char kStatusHelp[] =
+    "\nThe exit status is 0 if nothing is lost, 1 if there is no NC file, 2 for wrong usage, and 3\n"
+    "if the NC text does not cut what is drawn. Of several drawings it is 1 if one is not made,\n"
+    "else 3 if one loses something, else 0.\n";
+
 // ---- Work ----
 
 void TakeArguments(PostArguments& arguments) {
@@ -233,7 +240,7 @@ void AddPostCommand(CLI::App& app, int& status) {
     AddJobOptions(command, *arguments);
     AddTextOptions(command, *arguments);
     AddRunDataOptions(command, *arguments);
-    command.footer(ExpressionHelp());
+    command.footer(ExpressionHelp() + kStatusHelp);
     command.callback([arguments, &status] { status = Post(*arguments); });
 }
 

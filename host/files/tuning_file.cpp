@@ -10,8 +10,6 @@ namespace brindle::host {
 bool ReadTuningFile(const std::string& path, TuningFile& file) {
     std::optional<std::string> text = ReadInputFile(path);
     if (!text) return false;
-    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-    if (text->starts_with(kByteOrderMark)) text->erase(0, kByteOrderMark.size());
     file.path = path;
     file.text = std::move(*text);
     file.lines = SplitLines(file.text);

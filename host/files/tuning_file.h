@@ -15,7 +15,7 @@ struct TuningFile {
     TuningFile& operator=(const TuningFile&) = delete;
 
     std::string path;
-    std::string text;  // holds the lines, without a byte order mark
+    std::string text;  // holds the lines
     std::vector<std::string_view> lines;
 };
 

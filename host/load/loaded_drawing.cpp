@@ -5,11 +5,14 @@
 
 namespace brindle::host {
 
-std::optional<LoadedDrawing> LoadDrawing(const std::string& path, const CBrindleOpts* tuning) {
+std::optional<LoadedDrawing> LoadDrawing(const std::string& path, const CBrindleOpts* tuning,
+                                         const MeantFindings& meant) {
     std::optional<std::string> text = ReadInputFile(path);
     if (!text) return std::nullopt;
-    LoadedDrawing drawing{std::move(*text), {}, 0};
+    LoadedDrawing drawing{std::move(*text), {}, 0, 0};
     CDiagnostics diagnostics(path), pairing(path);
+    diagnostics.Allow(meant.rules);
+    pairing.Allow(meant.rules);
     drawing.survey = SurveyDrawing(drawing.text, diagnostics);
     if (!drawing.survey.has_records) {
         for (const Diagnostic& diagnostic : diagnostics.Sorted()) {
@@ -18,8 +21,13 @@ std::optional<LoadedDrawing> LoadDrawing(const std::string& path, const CBrindle
         return std::nullopt;
     }
     PrintDiagnostics(diagnostics);
-    if (tuning != nullptr) CheckPairing(drawing.survey, *tuning, pairing);
+    if (tuning != nullptr) {
+        DrawingSurvey to_cut = drawing.survey;
+        for (const int32_t tool : meant.tools) to_cut.tools.erase(tool);
+        CheckPairing(to_cut, *tuning, pairing);
+    }
     PrintDiagnostics(pairing);
+    drawing.losses = diagnostics.Count(Severity::kLoss) + pairing.Count(Severity::kLoss);
     drawing.warnings = diagnostics.Count(Severity::kWarning) + pairing.Count(Severity::kWarning);
     return drawing;
 }

@@ -1,6 +1,6 @@
 #include "host/post/loss_report.h"
 
-#include <algorithm>
+#include <cmath>
 #include <vector>
 
 #include "cff2/cff2_reader.h"
@@ -10,7 +10,7 @@
 namespace brindle::host {
 namespace {
 
-std::string Millimetres(double length) { return FixedText(length, 3) + " mm"; }
+std::string Millimetres(double length) { return std::isfinite(length) ? FixedText(length, 3) + " mm" : "infinite"; }
 
 std::string AmountOf(const Loss& loss) {
     const bool is_angle = loss.rule == Rule::kToolDirection || loss.rule == Rule::kTurnInMaterial;
@@ -67,8 +67,8 @@ LossCounts ReportLosses(const CLosses& losses, const std::vector<Rule>& allowed,
     if (losses.all().empty()) return counts;
     const CLossReport report(drawing, path);
     CDiagnostics diagnostics(path);
+    diagnostics.Allow(allowed);
     for (const Loss& loss : losses.all()) {
-        if (std::find(allowed.begin(), allowed.end(), loss.rule) != allowed.end()) continue;
         Diagnostic diagnostic = report.DiagnosticOf(loss);
         diagnostics.Add(diagnostic.rule, diagnostic.place, std::move(diagnostic.message), std::move(diagnostic.way_out));
     }

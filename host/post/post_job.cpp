@@ -28,7 +28,8 @@ public:
         : planned_(planned), tuning_(tuning), options_(options), roles_(roles) {}
 
     JobOutcome Run(const std::string& progress) {
-        std::optional<LoadedDrawing> drawing = LoadDrawing(planned_.drawing, &tuning_.options);
+        std::optional<LoadedDrawing> drawing = LoadDrawing(
+            planned_.drawing, &tuning_.options, {options_.allowed, options_.comparison.skipped_tools});
         if (!drawing) return JobOutcome::kNotMade;
         ExpressionValues values;
         if (!SettleExpressions(tuning_, options_.run_data, Values(drawing->survey), values)) {
@@ -47,12 +48,13 @@ public:
         }();
         PrintRunMessages(result, planned_.drawing, options_.verbose);
         const LossCounts counts = ReportLosses(comparison.losses(), options_.allowed, drawing->text, planned_.drawing);
-        if (options_.strict && counts.losses + counts.warnings + drawing->warnings > 0) {
+        const size_t losses = drawing->losses + counts.losses;
+        if (options_.strict && losses + drawing->warnings + counts.warnings > 0) {
             PrintError(InDrawing(0), "warnings count as errors (--strict): no NC file written");
             return JobOutcome::kNotMade;
         }
         if (!Write(TakeNcText(result.buffers, options_.encoding))) return JobOutcome::kNotMade;
-        return counts.losses > 0 ? JobOutcome::kLossy : JobOutcome::kMade;
+        return losses > 0 ? JobOutcome::kLossy : JobOutcome::kMade;
     }
 
 private:

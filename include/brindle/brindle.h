@@ -10,10 +10,11 @@
  *     GUI thread: the one that made the host's QApplication or, in a host without one, the one that opened the first
  *     dialog. They return when the user has closed the dialog. All other functions may be called from any thread.
  *  2. Every function returns 0, always. Trouble that a run meets shows as messages in the NC text
- *     (`bErrorsAsComments`), and in the text itself; what was dropped before the run shows nowhere. Functions may be
- *     called in any order; one that makes no sense at its time has no effect. No C++ exception leaves a function. If
- *     memory runs out in one, the session ends, and GBrn_End gives no buffer before the host has called GBrn_Clear: a
- *     job that lacks a record must not reach a machine.
+ *     (`bErrorsAsComments`), and in the text itself; what was dropped before the run shows nowhere. No function holds
+ *     the NC text against the geometry, as the command `brindle post` does: that it cuts what was sent is not checked.
+ *     Functions may be called in any order; one that makes no sense at its time has no effect. No C++ exception leaves
+ *     a function. If memory runs out in one, the session ends, and GBrn_End gives no buffer before the host has called
+ *     GBrn_Clear: a job that lacks a record must not reach a machine.
  *  3. Coordinates and lengths are millimetres and angles are radians, counter-clockwise from x, whatever the output
  *     units are. Any finite number may be given. A number that is not finite makes the call have no effect.
  *  4. Strings are wide (wchar_t), NUL-terminated. A null string argument counts as empty. The library keeps no
@@ -27,6 +28,17 @@
  * records, GBrn_StartSub and its records; GBrn_End; then for each buffer GBrn_SetCurBuffer and, while
  * GBrn_CurBufferHasMoreData gives 1, GBrn_GetOutputBuffer. To run again, change what changes and call GBrn_End again.
  * For another tuning begin anew with GBrn_Clear; GBrn_ClearTuning says how job data and geometry can stay.
+ *
+ * What is dropped
+ *
+ *  - When it is sent, in silence: a line of the tuning that can't be understood; a record before the first program; a
+ *    text while a sub-program is current; a call with a number that is not finite.
+ *  - In the run, in silence: a line or arc whose tool number is above `nNumOfTools` or below 0, unless `bDefaultTool`
+ *    is true; a call of a program that was not sent, that has no records, or whose only record ends where it starts,
+ *    as a circle does; what no template writes, such as arcs without an Arc_tTmpl.
+ *  - In the run, with a message: a record whose tool is unused or 0; a text while the output is incremental, or
+ *    `bUseText` is not true; a call within itself, calls more than 64 deep or 1,000,000 in all, where calls are
+ *    expanded; a value that can't be evaluated.
  */
 #ifndef BRINDLE_BRINDLE_H
 #define BRINDLE_BRINDLE_H
@@ -148,19 +160,20 @@ BRINDLE_API int GBrn_AddText(short tool_id, short line_type, double start_x, dou
  * gives no output, in silence. */
 BRINDLE_API int GBrn_AddInclude(const wchar_t* name, double x, double y, double center_x, double center_y,
                                 double rotation, int mirror_x, int mirror_y);
-/* Reads a CFF2 drawing in place of all programs, as if it came through the functions above. A file that can't be
- * opened changes nothing. */
+/* Reads a CFF2 drawing in place of all programs, as if it came through the functions above. Lines that are no record
+ * of a job are skipped in silence, and so are records that are short. A byte order mark is skipped. A file that can't
+ * be opened changes nothing. */
 BRINDLE_API int GBrn_OpenCF2File(const wchar_t* path);
 
 /* ---- Run-time data ----
  * Values that templates use (`<RTD(1,2)>`) but that are settled at output time. The exchange: read the definition file,
  * take each expression and set its value, then update the defaults. */
 
-/* Reads a definition file in place of the tuning's definition; its expressions become pending. A file that can't be
- * opened leaves the definition empty. */
+/* Reads a definition file in place of the tuning's definition; its expressions become pending. A byte order mark is
+ * skipped. A file that can't be opened leaves the definition empty. */
 BRINDLE_API int GBrn_ReadRTDDefFromFile(const wchar_t* path);
 /* Takes the next pending expression: its text, and 1 for a text or 0 for a number. With none left `expression` is empty
- * and `is_text` is left alone. */
+ * and `is_text` is left alone. With a null `expression` one is taken away all the same, and nobody learns which. */
 BRINDLE_API int GBrn_GetNextRTDExpr(wchar_t** expression, int* is_text);
 /* Hands over what the host computed for an expression. */
 BRINDLE_API int GBrn_SetRTDExprValue(const wchar_t* expression, const wchar_t* value);
@@ -188,7 +201,8 @@ BRINDLE_API int GBrn_SetCurBuffer(short number);
 /* 1 if the current buffer holds a further piece, otherwise 0. */
 BRINDLE_API int GBrn_CurBufferHasMoreData(int* more);
 /* Takes the next piece of the current buffer, which then is gone from it; empty if there is none. Written one after
- * the other, with nothing between them, the pieces of a buffer are the NC file. */
+ * the other, with nothing between them, the pieces of a buffer are the NC file. With a null pointer a piece is taken
+ * away all the same, and the NC text lacks it. */
 BRINDLE_API int GBrn_GetOutputBuffer(wchar_t** text);
 /* Gives "IODWELL". A piece that begins with it is no NC text but asks the host for a dwell; its parameter follows. */
 BRINDLE_API int GBrn_GetIODwellStr(wchar_t** text);

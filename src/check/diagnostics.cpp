@@ -28,6 +28,8 @@ constexpr size_t kMostOfAGroup = 20;
 
 void CDiagnostics::Add(Rule rule, Place place, std::string message, std::string way_out) {
     const RuleInfo& info = InfoOf(rule);
+    const bool is_allowed = std::find(allowed_.begin(), allowed_.end(), rule) != allowed_.end();
+    if (is_allowed && info.severity != Severity::kError) return;
     ++counts_[static_cast<size_t>(info.severity)];
     GroupUse& group = groups_[static_cast<size_t>(info.group)];
     if (++group.count > kMostOfAGroup && IsLimited(info.group)) return;

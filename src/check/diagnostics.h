@@ -6,6 +6,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "check/rules.h"
@@ -36,6 +37,8 @@ public:
     explicit CDiagnostics(std::string file = {}, std::span<const std::string_view> lines = {})
         : file_(std::move(file)), lines_(lines) {}
 
+    // Findings of these rules are meant: from now on they are left out, but for errors.
+    void Allow(std::vector<Rule> rules) { allowed_ = std::move(rules); }
     void Add(Rule rule, Place place, std::string message, std::string way_out = {});
 
     const std::string& file() const { return file_; }
@@ -55,6 +58,7 @@ private:
 
     std::string file_;
     std::span<const std::string_view> lines_;
+    std::vector<Rule> allowed_;
     std::vector<Diagnostic> kept_;
     std::array<size_t, 4> counts_ = {};  // by severity
     std::array<GroupUse, kRuleGroups> groups_ = {};

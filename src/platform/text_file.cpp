@@ -25,6 +25,8 @@ std::optional<std::string> ReadWholeFile(const std::string& path) {
 }
 
 std::vector<std::string_view> SplitLines(std::string_view text) {
+    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+    if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
     std::vector<std::string_view> lines;
     while (!text.empty()) {
         const size_t end = text.find('\n');

@@ -41,6 +41,8 @@ TEST_F(CFF2Test, TakesTheRecordsThatAJobCanHold) {
         {"", ":0 0  |"},
         {"MAIN,X\nUR,100,50\n" + line, "X:50 25  |" + line_text},
         {"main\tX\r\nUR 100\t,50\r\nL 0.5,,3\t0 0 0 10 0 2 1.5 and more\r\n", "X:50 25  |" + line_text},
+        {"\xEF\xBB\xBFMAIN,X\nUR,100,50\n" + line, "X:50 25  |" + line_text},
+        {"\xEF\xBB\xBFUR,100,50\r\n" + line, ":50 25  |" + line_text},
         {"MAIN,X\nur,100,50\n" + line, ":0 0  |"},
         {line + "UR,10,10\n", ":5 5  |"},  // before the main program there is nothing to add to
         {"UR,10,10\nSUB,S\n" + line + "UR,20,10\n" + line, ":10 5  |" + line_text},

@@ -7,6 +7,7 @@
 
 #include "unit/host_session.h"
 #include "unit/odd_calls.h"
+#include "unit/temp_folder.h"
 
 namespace brindle {
 namespace {
@@ -83,6 +84,30 @@ TEST(ExportsTest, GiveTextsWithAnyCharacter) {
     GBrn_GetOutputBuffer(&text);
     EXPECT_EQ(std::wstring(text, SysStringLen(text)), std::wstring(L"A\0\xE9\xE9\xE9\r\n", 7));
     SysFreeString(text);
+}
+
+TEST(ExportsTest, TakeWhatNobodyWantsAwayAllTheSame) {
+    CTempFolder folder;
+    CHostSession session({"MULTI FileStart_tTmpl NNUL A NNUL B"});
+    GBrn_End();
+    const size_t pieces = session.RunForPieces()[0].size();
+    ASSERT_GT(pieces, 1U);
+    GBrn_End();
+    GBrn_GetOutputBuffer(nullptr);
+    size_t left = 0;
+    for (int more = 0; GBrn_CurBufferHasMoreData(&more), more != 0; ++left) GBrn_GetOutputBuffer(nullptr);
+    EXPECT_EQ(left, pieces - 1);
+
+    const std::string definition = "DATASETDEF D\nDSD D R_EXPR RTD(1) a\nDSD D T_EXPR RTD(2) b\n";
+    GBrn_ReadRTDDefFromFile(NarrowToWide(folder.Put("d.rtd", definition)).c_str());
+    int is_text = 5;
+    GBrn_GetNextRTDExpr(nullptr, &is_text);
+    EXPECT_EQ(is_text, 0);
+    wchar_t* expression = nullptr;
+    GBrn_GetNextRTDExpr(&expression, nullptr);
+    EXPECT_EQ(Taken(expression), "b");
+    GBrn_GetNextRTDExpr(&expression, nullptr);
+    EXPECT_EQ(Taken(expression), "");
 }
 
 void CallAtExit() {

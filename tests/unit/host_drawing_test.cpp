@@ -78,8 +78,10 @@ TEST(HostDrawing, Findings) {
           "3: record type 'ur' is not in upper case: line ignored"}},
         {"UI,x\nUM\nUR,9,9\n",
          {"2: UM has no effect without a second word: lengths stay inches; for millimetres write UM,1"}},
-        {"\xEF\xBB\xBF$BOF\nUR,9,9\n", {}},
-        {"\xEF\xBB\xBFMAIN,A\nUR,9,9\n", {"1: there is a byte order mark before 'MAIN': line ignored"}},
+        {"\xEF\xBB\xBF$BOF\nV2\nORDER\nX,1\nEND\nMAIN,A\nUM\nLL,0,0\nUR,9,9\nSCL,1,1\nEND\n$EOF\n", {}},
+        {"UR,9,9\nSCL,1,1.0\nscale,1,1\nSCL,2,2\nSCL,0.5\nScale,1,-1\n",
+         {"4: SCL is not read: lengths count as written, like 1 further line",
+          "6: SCALE is not read: lengths count as written"}},
         {"UR,9,9\nA,1,1,0,1e300,0,0,1e300,0,0,1e300,0,0\n", {}},
     };
     for (const Case& c : cases) EXPECT_EQ(FaultsOf(c.drawing), c.findings) << c.drawing;

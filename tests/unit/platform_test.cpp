@@ -176,6 +176,10 @@ TEST(TextFile, Lines) {
         {"a\r\nb\n\nc", {"a", "b", "", "c"}},
         {"a\r\r\nb\rc\r", {"a\r", "b\rc\r"}},
         {"\r\n\r", {"", "\r"}},
+        {"\xEF\xBB\xBF", {}},
+        {"\xEF\xBB\xBF\n\xEF\xBB\xBF", {"", "\xEF\xBB\xBF"}},
+        {"\xEF\xBB\xBFname\n", {"name"}},
+        {"\xEF\xBBname", {"\xEF\xBBname"}},
         {std::string("a\0b\nc\x1A", 6), {std::string_view("a\0b", 3), "c\x1A"}}};
     for (const auto& [text, lines] : rows) EXPECT_EQ(SplitLines(text), lines) << testing::PrintToString(text);
 }

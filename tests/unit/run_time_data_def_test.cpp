@@ -207,6 +207,11 @@ TEST(RunTimeDataDef, ReadsFiles) {
     EXPECT_TRUE(definition.def.ReadFromFile(path, Mode::kCollect));
     EXPECT_EQ(definition.Written(), Lines{"DATASETDEF Gr\xC3\xBCn"});
 
+    // The first row is row 1, whatever mark an editor has put before it.
+    std::ofstream(path, std::ios::binary) << "\xEF\xBB\xBFROW TEXT Cut\nROW TEXT Crease\n";
+    EXPECT_TRUE(definition.def.ReadFromFile(path, Mode::kCollect));
+    EXPECT_EQ(definition.Written(), (Lines{"ROW TEXT Cut ", "ROW TEXT Crease "}));
+
     std::remove(path.c_str());
     EXPECT_FALSE(definition.def.ReadFromFile(path, Mode::kCollect));
     EXPECT_EQ(definition.Written(), Lines{});

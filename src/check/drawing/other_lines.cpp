@@ -10,8 +10,6 @@
 namespace brindle {
 namespace {
 
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 // Whether `type` is one of those that are known in upper case only.
@@ -71,13 +69,11 @@ void COtherLines::LookAtName(size_t line, const std::vector<std::string_view>& w
     if (EqualNoCase(name, "LL")) {
         if (!AllAre(words, 0.0))
             Ignore(Rule::kLowerLeft, "LL", line, "LL is not read: the lower left corner counts as 0,0");
-    } else if (EqualNoCase(name, "SCALE")) {
-        if (!AllAre(words, 1.0)) Ignore(Rule::kScale, "SCALE", line, "SCALE is not read: lengths count as written");
-    } else if (name.starts_with(kByteOrderMark)) {
-        const std::string_view rest = name.substr(kByteOrderMark.size());
-        if (rest.empty() || (IsCustomary(rest) && !EqualNoCase(rest, "MAIN"))) return;
-        Ignore(Rule::kByteOrderMark, std::string(name), line,
-               "there is a byte order mark before " + Quoted(rest) + ": line ignored");
+    } else if (EqualNoCase(name, "SCL") || EqualNoCase(name, "SCALE")) {
+        if (!AllAre(words, 1.0)) {
+            const std::string type = UpperCase(name);
+            Ignore(Rule::kScale, type, line, type + " is not read: lengths count as written");
+        }
     } else if (const size_t semicolon = name.find(';'); semicolon != std::string_view::npos && semicolon > 0) {
         Ignore(Rule::kSemicolons, ";", line, "semicolons separate no words, commas and blanks do: line ignored");
     } else if (!IsCustomary(name)) {

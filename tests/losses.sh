@@ -95,6 +95,10 @@ leaves ''
 run 0 -t job.tun --skip-tool 7 lossy.cf2
 silent
 run 3 -t job.tun --skip-tool 6 lossy.cf2
+sed 's/^INT  nNumOfTools 1/INT  nNumOfTools 7/' job.tun >unused.tun
+run 3 -t unused.tun lossy.cf2
+echo 'BOOL T7_bToolUnused true' >>unused.tun
+run 0 -t unused.tun lossy.cf2
 
 # ---- Nothing with a warning ----
 

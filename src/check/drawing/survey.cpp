@@ -214,7 +214,8 @@ DrawingSurvey SurveyDrawing(std::string_view text, CDiagnostics& diagnostics) {
 void CheckPairing(const DrawingSurvey& survey, const CBrindleOpts& tuning, CDiagnostics& diagnostics) {
     CheckHabits(survey.habits, tuning, survey.tools, diagnostics);
     for (const auto& [tool, use] : survey.tools) {
-        if (!tuning.ToolKeyPrefix(tool, true).empty()) continue;
+        const bool is_left_out_on_purpose = tuning.ReadBool(Key("bToolUnused"), "T" + std::to_string(tool) + "_");
+        if (is_left_out_on_purpose || !tuning.ToolKeyPrefix(tool, true).empty()) continue;
         diagnostics.Add(
             Rule::kUnknownTool, {use.first_line},
             "tool " + std::to_string(tool) + " is not in the tuning: " + Counted(use.count, "record") + " ignored");

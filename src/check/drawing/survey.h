@@ -26,11 +26,11 @@ struct DrawingSurvey {
 };
 
 // Looks through `text`, the whole file, and reports what is wrong with it: one error if it is no drawing, which then
-// has no records, otherwise warnings.
+// has no records, otherwise warnings and losses.
 DrawingSurvey SurveyDrawing(std::string_view text, CDiagnostics& diagnostics);
 
-// Reports what of the drawing `tuning` can't do: each tool that it doesn't know, and radius words of a kind that it
-// can't use.
+// Reports what of the drawing `tuning` can't do: each tool that it neither knows nor marks as unused, and radius words
+// of a kind that it can't use.
 void CheckPairing(const DrawingSurvey& survey, const CBrindleOpts& tuning, CDiagnostics& diagnostics);
 
 }  // namespace brindle

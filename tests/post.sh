@@ -224,6 +224,7 @@ run 0 post -t plain.tun -o out.nc box.cf2
 [[ $(words 2p) =~ \|[0-9]{4}-[0-9]{2}-[0-9]{2}\|[0-9]{2}:[0-9]{2}:[0-9]{2}\| ]] || fail "date and time: $(words 2p)"
 
 begin 'units: the option wins over the drawing'
+printf 'TEXT sInchCode G20\nTEXT sMetricCode G21\nMULTI MainInit_tTmpl NNUL <@UnitsCode>\n' >>plain.tun
 sed '1s/$/\nUI,x/' box.cf2 >inches.cf2
 while read -r drawing option expected; do
     run 0 post -t plain.tun -o - ${option:+"$option"} "$drawing"

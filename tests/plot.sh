@@ -97,7 +97,7 @@ cmp -s expected out.svg || fail 'a file that was there'
 leaves expected there out.svg
 
 begin 'texts and names that are no UTF-8'
-printf 'BOOL bUseText true\nBOOL bDefaultTool true\n' >>plain.tun
+printf 'BOOL bUseText true\nBOOL bDefaultTool true\nMULTI Text_tTmpl NNUL <@TextDataWord>\n' >>plain.tun
 printf 'T,0,0,0,10,10,0.5,5,0\nb\xE9ton\n' >>box.cf2
 cp box.cf2 $'b\xE9ton.cf2'
 run 0 plot plain.tun $'b\xE9ton.cf2' -o out.svg

@@ -91,9 +91,10 @@ void AddFileOptions(CLI::App& command, PostArguments& arguments) {
 }
 
 void AddComparisonOptions(CLI::App& command, PostArguments& arguments) {
-    command.add_option("--tolerance", arguments.job.comparison.tolerance,
-                       "How far a cut may lie beside what is drawn, beyond what decimals cost, mm; by\n"
-                       "default 0.02")
+    command
+        .add_option("--tolerance", arguments.job.comparison.tolerance,
+                    "How far a cut may lie beside what is drawn, beyond what decimals cost, mm; by\n"
+                    "default 0.02")
         ->check(CLI::NonNegativeNumber)
         ->type_name("NUMBER")
         ->group(kComparisonGroup);

@@ -70,15 +70,16 @@ LossCounts ReportLosses(const CLosses& losses, const std::vector<Rule>& allowed,
     diagnostics.Allow(allowed);
     for (const Loss& loss : losses.all()) {
         Diagnostic diagnostic = report.DiagnosticOf(loss);
-        diagnostics.Add(diagnostic.rule, diagnostic.place, std::move(diagnostic.message), std::move(diagnostic.way_out));
+        diagnostics.Add(diagnostic.rule, diagnostic.place, std::move(diagnostic.message),
+                        std::move(diagnostic.way_out));
     }
     counts.losses = diagnostics.Count(Severity::kLoss);
     counts.warnings = diagnostics.Count(Severity::kWarning);
     PrintDiagnostics(diagnostics);
     if (counts.losses == 0) return counts;
     const JobSums& sums = losses.sums;
-    PrintNote({path}, "drawn: " + Counted(sums.drawn, "record") + ", " + Millimetres(sums.drawn_mm) + "; cut: " +
-                          Millimetres(sums.cut_mm) + "; lost: " + Counted(sums.lost, "record") + ", " +
+    PrintNote({path}, "drawn: " + Counted(sums.drawn, "record") + ", " + Millimetres(sums.drawn_mm) +
+                          "; cut: " + Millimetres(sums.cut_mm) + "; lost: " + Counted(sums.lost, "record") + ", " +
                           Millimetres(sums.lost_mm));
     return counts;
 }

@@ -28,8 +28,8 @@ public:
         : planned_(planned), tuning_(tuning), options_(options), roles_(roles) {}
 
     JobOutcome Run(const std::string& progress) {
-        std::optional<LoadedDrawing> drawing = LoadDrawing(
-            planned_.drawing, &tuning_.options, {options_.allowed, options_.comparison.skipped_tools});
+        std::optional<LoadedDrawing> drawing =
+            LoadDrawing(planned_.drawing, &tuning_.options, {options_.allowed, options_.comparison.skipped_tools});
         if (!drawing) return JobOutcome::kNotMade;
         ExpressionValues values;
         if (!SettleExpressions(tuning_, options_.run_data, Values(drawing->survey), values)) {

@@ -56,6 +56,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     std::vector<char*> pointers;
     for (std::string& argument : arguments) pointers.push_back(argument.data());
     const int status = brindle::host::RunCommandLine(static_cast<int>(pointers.size()), pointers.data());
-    if (status < 0 || status > 2) std::abort();
+    if (status < 0 || status > 3) std::abort();
     return 0;
 }

@@ -61,7 +61,7 @@ enum class Rule : uint8_t {
     kNoDrawing, kShortRecord, kNotFinite, kBadWord, kWordRange, kWordNotWhole, kDegrees, kMirrorWord, kEmptyWord,
     kCutName, kTooManyWords, kArcCentre, kZeroRadius, kMovedCentre, kRadiusWord, kEarlyRecord, kNoMain,
     kDiscardedPrograms, kCutOff, kTextWithoutLine, kTextInSub, kRecordAsText, kUnitsWord, kRecordCase, kUnknownRecord,
-    kLowerLeft, kScale, kByteOrderMark, kSemicolons, kLateMainName, kRepeatedProgram, kUnknownProgram, kFurther,
+    kLowerLeft, kScale, kSemicolons, kLateMainName, kRepeatedProgram, kUnknownProgram, kFurther,
     // NC text held against its drawing.
     kNotCut, kCutElsewhere, kStrayCut, kCutTwice, kOtherTool, kTextLost, kRapidWhileOn, kChangedWhileOn, kPowerChange,
     kEndWhileOn, kUnresolvedValue, kToolDirection, kTurnInMaterial, kTurnPastZero, kNoMotionCode, kRepeatedWord, kNoArcCentre,
@@ -223,8 +223,7 @@ inline constexpr RuleInfo kRules[] = {
     {kRecordCase, "record-case", kWarning, G::kCase, "A record type is not in upper case."},
     {kUnknownRecord, "unknown-record", kWarning, G::kUnknownRecords, "No record is called so."},
     {kLowerLeft, "lower-left", kWarning, G::kUnknownRecords, "The lower left corner is not read."},
-    {kScale, "scale", kWarning, G::kUnknownRecords, "The scale is not read."},
-    {kByteOrderMark, "byte-order-mark", kWarning, G::kUnknownRecords, "A byte order mark hides a record."},
+    {kScale, "scale", kLoss, G::kUnknownRecords, "The scale is not read."},
     {kSemicolons, "semicolons", kWarning, G::kUnknownRecords, "Semicolons separate no words."},
     {kLateMainName, "late-main-name", kWarning, G::kNames, "The name of the main program comes too late."},
     {kRepeatedProgram, "repeated-program", kWarning, G::kNames, "A program of this name is there already."},

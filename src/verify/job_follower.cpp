@@ -446,7 +446,9 @@ void CJobFollower::Moves(const Motion& motion) {
 
 void CJobFollower::Fails(NcFault fault, double amount, std::string_view text) {
     if (is_blind_) return;
-    if (fault == NcFault::kUnread && call_) return;  // the templates of a call are trusted to make it
+    // Texts may hold anything, and the templates of a call are trusted to make it.
+    if (use_ == TemplateUse::kText) return;
+    if (call_ && (fault == NcFault::kUnread || fault == NcFault::kUnknownCode)) return;
     const Cause cause = fault == NcFault::kNoCentre && left_out_repeat_ ? Cause::kCentreRepeat : Cause::kUnknown;
     Lose(RuleOf(fault), cause, CurrentTool(), Here(), amount, 0.0, text);
     if (fault != NcFault::kUnread) return;

@@ -269,6 +269,8 @@ bool CMachine::TakeG(double number, Block& block) {
         case 410:
         case 420:
         case 510:
+        case 511:
+        case 501:
         case 680:
         case 730:
         case 810:
@@ -408,7 +410,7 @@ void CMachine::Move(const Block& block) {
 }
 
 void CMachine::MoveOnArc(const Block& block, Point to) {
-    if (block.has_p) user_.Fails(NcFault::kUnread, 0.0, "P");  // a number of turns
+    if (block.has_p && block.p_word > 1.0) user_.Fails(NcFault::kUnread, 0.0, "P");  // a number of turns
     Motion motion(*motion_);
     const bool clockwise = *motion_ == MotionCode::kClockwise;
     Point center;

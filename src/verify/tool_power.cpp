@@ -184,7 +184,7 @@ bool CToolPower::IsOn(int32_t tool, double depth) const {
 bool CToolPower::IsAnyOn(double depth) const {
     const auto has = [this](PowerKind kind) { return (kinds_ >> static_cast<unsigned>(kind) & 1U) != 0; };
     const bool by_nothing = has(PowerKind::kNothing);
-    if (spindle_ && (by_nothing || has(PowerKind::kSpindle))) return true;
+    if (spindle_ && ((by_nothing && !has(PowerKind::kDepth)) || has(PowerKind::kSpindle))) return true;
     if (output_ && (by_nothing || has(PowerKind::kOutput))) return true;
     if (reads_text_ && by_nothing && !has(PowerKind::kDepth) && depth < 0.0) return true;
     if (has(PowerKind::kDepth) && on_depth_ && depth <= *on_depth_ + kSameDepth) return true;

@@ -19,8 +19,13 @@ constexpr char kTools[] = "INT nNumOfTools 2";
 constexpr CutAttributes kTool1{.line_type = 1, .tool_id = 1};
 constexpr CutAttributes kTool2{.line_type = 2, .tool_id = 2};
 
-// One session with one run.
+// One session with one run. What no template writes is no part of a path.
 struct Job {
+    Job() {
+        Tune({"MULTI Move_tTmpl NNUL <@StartPtWords>", "MULTI MoveToIncludePt_tTmpl NNUL <@IncludePtWords>",
+              "MULTI Line_tTmpl NNUL <@EndPtWords>", "MULTI Arc_tTmpl NNUL <@EndPtWords><@ArcDataWords>",
+              "MULTI SubCall_tTmpl NNUL call"});
+    }
     void Tune(const Lines& tuning) {
         for (const std::string& line : tuning) session.tuning.ReadLine(line, CRunTimeDataDef::ReadMode::kTuning);
     }

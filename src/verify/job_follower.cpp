@@ -299,7 +299,9 @@ void CJobFollower::LoseProgram(int32_t program, Rule rule, Cause cause) {
     losses_.sums.drawn += size.records;
     losses_.sums.drawn_mm += size.length;
     Lose(rule, cause, 0, Here(), size.length, size.length);
-    if (InfoOf(rule).severity == Severity::kLoss) losses_.sums.lost += size.records;
+    if (InfoOf(rule).severity != Severity::kLoss) return;
+    losses_.sums.lost += size.records;
+    losses_.sums.lost_mm += size.length;
 }
 
 // ---- Templates ----

@@ -28,8 +28,8 @@ struct JobOptions {
     std::optional<std::string> drawing_name, output_name, tuning_name;
 
     ComparisonOptions comparison;
-    std::vector<Rule> allowed;                             // findings that are meant
-    bool strict = false;                                   // a job with a warning is not made
+    std::vector<Rule> allowed;  // findings that are meant
+    bool strict = false;        // a job with a warning is not made
 
     RunDataRequest run_data;
     Encoding encoding = Encoding::kUtf8;
@@ -45,7 +45,7 @@ enum class JobOutcome {
 
 // Runs `tuning` over a drawing, in a session of its own, and writes what `planned` says; `roles` takes in the files of
 // segments. `progress` is shown on a terminal meanwhile.
-JobOutcome RunPostJob(const PlannedJob& planned, const LoadedTuning& tuning, const JobOptions& options, CFileRoles& roles,
-                const std::string& progress);
+JobOutcome RunPostJob(const PlannedJob& planned, const LoadedTuning& tuning, const JobOptions& options,
+                      CFileRoles& roles, const std::string& progress);
 
 }  // namespace brindle::host

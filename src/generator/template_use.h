@@ -9,8 +9,20 @@
 namespace brindle {
 
 enum class TemplateUse : uint8_t {
-    kFrame, kMove, kLine, kArc, kText, kMoveToCall, kCall, kCallReset, kOriginSet, kOriginReset, kToolSelect,
-    kToolDeselect, kToolOn, kToolOff,
+    kFrame,
+    kMove,
+    kLine,
+    kArc,
+    kText,
+    kMoveToCall,
+    kCall,
+    kCallReset,
+    kOriginSet,
+    kOriginReset,
+    kToolSelect,
+    kToolDeselect,
+    kToolOn,
+    kToolOff,
 };
 TemplateUse UseOf(const CompiledTemplate& compiled);
 

@@ -19,7 +19,7 @@ std::string AmountOf(const Loss& loss) {
 
 class CLossReport {
 public:
-    CLossReport(std::string_view drawing, const std::string& path) : path_(path), lines_(LinesOfRecords(drawing)) {}
+    explicit CLossReport(std::string_view drawing) : lines_(LinesOfRecords(drawing)) {}
 
     Diagnostic DiagnosticOf(const Loss& loss) const {
         const LossPlace& place = loss.first.front();
@@ -55,7 +55,6 @@ private:
         return text.empty() ? text : text + ")";
     }
 
-    const std::string& path_;
     std::vector<std::vector<size_t>> lines_;
 };
 
@@ -65,7 +64,7 @@ LossCounts ReportLosses(const CLosses& losses, const std::vector<Rule>& allowed,
                         const std::string& path) {
     LossCounts counts;
     if (losses.all().empty()) return counts;
-    const CLossReport report(drawing, path);
+    const CLossReport report(drawing);
     CDiagnostics diagnostics(path);
     diagnostics.Allow(allowed);
     for (const Loss& loss : losses.all()) {

@@ -196,11 +196,11 @@ void CMachine::CountGroup(unsigned group, Block& block) {
 // False for a code that changes movements in a way that is not followed.
 bool CMachine::TakeG(double number, Block& block) {
     const auto tenths = static_cast<int>(std::lround(number * 10.0));
-    const auto move = [this, &block](MotionCode code) {
+    const auto move = [&block](MotionCode code) {
         CountGroup(0, block);
         block.motion = code;
     };
-    const auto set = [this, &block](unsigned group, auto& mode, auto value) {
+    const auto set = [&block](unsigned group, auto& mode, auto value) {
         CountGroup(group, block);
         mode = value;
     };

@@ -5,9 +5,13 @@ namespace brindle {
 void CJobComparison::RunStarts(RunContext& run) {
     follower_ = std::make_unique<CJobFollower>(run, *this, options_);
     const ProgramOptions& programs = run.options.programs;
-    const bool has_subs =
-        programs.use_subs && run.controller.job.tile_to_output == 0 && run.geometry.GetVariantCount() > 0;
-    main_waits_ = has_subs && !programs.subs_first && !programs.sub_numbers_by_block;
+    has_subs_ = programs.use_subs && run.controller.job.tile_to_output == 0 && run.geometry.GetVariantCount() > 0;
+    main_waits_ = has_subs_ && !programs.subs_first && !programs.sub_numbers_by_block;
+}
+
+void CJobComparison::SegmentStarts() {
+    if (has_subs_) follower_->SubsAreTorn();
+    To().SegmentStarts();
 }
 
 void CJobComparison::ProgramStarts(int32_t variant) {

@@ -22,7 +22,7 @@ public:
 
     void RunStarts(RunContext& run) override;
     void RunEnds() override;
-    void SegmentStarts() override { To().SegmentStarts(); }
+    void SegmentStarts() override;
     void ProgramStarts(int32_t variant) override;
     void ProgramEnds() override;
     void RecordStarts(int32_t program, int32_t index) override { To().RecordStarts(program, index); }
@@ -57,6 +57,7 @@ private:
     std::unique_ptr<CJobFollower> follower_;  // while a run goes on
     std::map<int32_t, CEventTape> texts_;     // by variant, -1 the main program
     CEventTape* taping_ = nullptr;
+    bool has_subs_ = false;
     bool in_program_ = false;
     bool main_waits_ = false, main_is_due_ = false;
     CLosses losses_;

@@ -99,7 +99,7 @@ void CJobFollower::ProgramStarts(int32_t) { had_long_arc_ = left_out_step_ = fal
 void CJobFollower::RecordStarts(int32_t program, int32_t index) {
     if (open_.empty()) Settle();
     records_.push_back({program, index});
-    has_facets_ = is_lined_ = left_out_repeat_ = wrote_cut_ = ran_cut_ = false;
+    has_facets_ = left_out_repeat_ = wrote_cut_ = ran_cut_ = false;
     const CNCData& record = *run_.geometry.GetRecord(program, index);
     if (record.IsInclude()) return;
     OpenElement element{CurveOf(record, placings_.back()), Here(), record.GetToolId(), 0.0, &record};
@@ -131,7 +131,7 @@ void CJobFollower::RecordDropped(DropReason reason) {
     if (record.IsInclude()) {
         return LoseProgram(run_.geometry.FindProgram(record.GetIncludeName()), Rule::kNotCut, brindle::CauseOf(reason));
     }
-    if (open_.empty()) return;
+    if (open_.empty() || open_.back().record != &record) return;  // said of each facet
     open_.back().dropped = reason;
     const bool lacks_tool = reason == DropReason::kNoTool || reason == DropReason::kToolOutOfRange;
     if (!lacks_tool || !IsSkipped(record.GetToolId())) return;
@@ -147,13 +147,12 @@ bool CJobFollower::IsSkipped(int32_t tool) const {
 }
 
 void CJobFollower::SegmentStarts() {
-    const bool has_subs = run_.options.programs.use_subs && run_.controller.job.tile_to_output == 0 &&
-                          run_.geometry.GetVariantCount() > 0;
-    if (has_subs) Lose(Rule::kTornSubs, Cause::kUnknown, 0, Here(), 0.0, 0.0);
     Settle();
     machine_.FinishLine();
     machine_.StartFile();
 }
+
+void CJobFollower::SubsAreTorn() { Lose(Rule::kTornSubs, Cause::kUnknown, 0, Here(), 0.0, 0.0); }
 
 // ---- Calls ----
 
@@ -225,6 +224,10 @@ void CJobFollower::CarryOutCall() {
         losses_.sums.is_whole = false;
         return;
     }
+    const bool is_text = machine_.ReadsText();
+    if (is_text && compiled_->terminate && !machine_.HasCalled()) {
+        return LoseProgram(run_.geometry.FindProgram(call.record->GetIncludeName()), Rule::kNotCut, Cause::kNoCall);
+    }
     const ProgramOptions& programs = run_.options.programs;
     const bool around_origin = programs.subs_absolute && !run_.options.axes.start_end_on_block;
     const PlaneTurn before = machine_.Turn(TurnOfCall(), around_origin);
@@ -233,10 +236,10 @@ void CJobFollower::CarryOutCall() {
         programs.mirror_in_use && (call.record->GetIncludeMirrorX() || call.record->GetIncludeMirrorY());
     const bool is_unwritten = (turns && !call.has_rotation) || (mirrors && !call.has_mirror);
     unwritten_turns_ += is_unwritten ? 1 : 0;
-    const bool is_text = machine_.ReadsText();
-    if (is_text && !machine_.HasCalled()) {
-        LoseProgram(run_.geometry.FindProgram(call.record->GetIncludeName()), Rule::kNotCut, Cause::kNoCall);
-    }
+    const int32_t tool = template_tool_;
+    const bool held_tool = power_.Holds(tool);
+    const bool had_long_arc = had_long_arc_;
+    const bool left_out_step = left_out_step_;
     const std::string called = machine_.CalledLabel();
     CMachine::ProgramMarks caller = machine_.BeginProgram();
     calls_under_way_.push_back(call.place);
@@ -255,7 +258,9 @@ void CJobFollower::CarryOutCall() {
     calls_under_way_.pop_back();
     machine_.TurnBack(before);
     unwritten_turns_ -= is_unwritten ? 1 : 0;
-    calls_changed_tool_ = true;
+    calls_changed_tool_ |= held_tool && !power_.Holds(tool);
+    had_long_arc_ = had_long_arc;
+    left_out_step_ = left_out_step;
     call.is_carried_out = true;
     call_ = call;
 }

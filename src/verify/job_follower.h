@@ -40,6 +40,8 @@ public:
     CLosses& losses() { return losses_; }
     // Sub-programs follow the main program in the NC text.
     void MainRunsOn();
+    // A file of its own begins, and programs are called from others.
+    void SubsAreTorn();
 
     void RunStarts(RunContext&) override {}
     void RunEnds() override {}
@@ -49,7 +51,7 @@ public:
     void RecordStarts(int32_t program, int32_t index) override;
     void RecordEnds(bool words_pending) override;
     void RecordDropped(DropReason reason) override;
-    void ArcAsLines(bool facets) override { (facets ? has_facets_ : is_lined_) = true; }
+    void ArcAsLines(bool facets) override { has_facets_ |= facets; }
     void CallStarts(const CNCIncludeData& record, int32_t variant) override;
     void CallEnds() override;
     void ExpansionStarts(const CNCIncludeData& record) override;
@@ -72,7 +74,6 @@ private:
         const CNCData* record;
         bool is_text = false;
         bool is_written = false;  // of a text
-        bool is_dropped = false;
         std::optional<DropReason> dropped = {};
     };
     // What is cut and not yet judged.
@@ -163,7 +164,7 @@ private:
     std::vector<LeftOut> left_out_;
 
     // Of the present record.
-    bool has_facets_ = false, is_lined_ = false;
+    bool has_facets_ = false;
     bool left_out_repeat_ = false;
     bool no_code_ = false;    // the last interpolation code is empty
     bool wrote_cut_ = false;  // the template of a line, arc or text has written something

@@ -170,10 +170,7 @@ bool CMachine::TakeOther(const NcWord& word, Block& block) {
     switch (word.letter) {
         case 'T': block.tool = word.value; break;
         case 'Z': block.z = word.value; break;
-        case 'L':
-            block.l_word = word.value;
-            block.has_l = true;
-            break;
+        case 'L': block.l_word = word.value; break;
         case 'P':
             block.p_word = word.value;
             block.has_p = true;

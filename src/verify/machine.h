@@ -154,7 +154,7 @@ private:
         bool absolute_position = false;  // G53
         bool dwells = false, goes_home = false;
         double l_word = 0.0, p_word = 0.0;
-        bool has_l = false, has_p = false;
+        bool has_p = false;
         bool cancels_motion = false, ends_sub = false, calls = false;
         std::optional<double> z;
         std::optional<bool> output;

@@ -112,10 +112,12 @@ private:
     }
 
     void PrintTemplate(const std::string& prefix) {
-        const CompiledTemplate compiled = compiler_.CompileTemplate(prefix);
+        const std::string key = prefix + "tTmpl";
+        const KeyMatch match = MatchKey(key);
+        const CompiledTemplate compiled = compiler_.CompileTemplate(*match.event, match.tool_prefix);
         TemplateLines lines;
-        tuning_.GetMulti(prefix + "tTmpl", lines);
-        std::cout << "template " << prefix << "tTmpl" << (compiled.terminate ? "" : ", last line goes on")
+        tuning_.GetMulti(key, lines);
+        std::cout << "template " << key << (compiled.terminate ? "" : ", last line goes on")
                   << (compiled.clear_speed ? ", clears speed" : "")
                   << (compiled.clear_abs_inc ? ", clears abs/inc code" : "")
                   << (compiled.clear_interp ? ", clears interpolation code" : "") << "\n";

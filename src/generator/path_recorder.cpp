@@ -33,6 +33,13 @@ double RatioOf(double factor, double other) {
     return std::isfinite(ratio) && ratio != 0.0 ? ratio : 1.0;
 }
 
+// The events whose templates move the tool.
+constexpr std::pair<EventRef, PathKind> kElements[] = {{Event("Move_"), PathKind::kRapid},
+                                                       {Event("MoveToIncludePt_"), PathKind::kRapid},
+                                                       {Event("Line_"), PathKind::kLine},
+                                                       {Event("Arc_"), PathKind::kArc},
+                                                       {Event("Text_"), PathKind::kText}};
+
 Point Sum(Point a, Point b) { return {a.x + b.x, a.y + b.y}; }
 
 }  // namespace
@@ -57,22 +64,17 @@ void CPathRecorder::ProgramStarts(int32_t variant) {
 void CPathRecorder::TemplateStarts(const CompiledTemplate& compiled, int32_t) {
     wrote_ = false;
     template_ = &compiled;
-    const std::pair<const CompiledTemplate*, PathKind> kinds[] = {{&run_->move, PathKind::kRapid},
-                                                                  {&run_->move_to_include, PathKind::kRapid},
-                                                                  {&run_->line, PathKind::kLine},
-                                                                  {&run_->arc, PathKind::kArc},
-                                                                  {&run_->text, PathKind::kText}};
-    for (const auto& [element, kind] : kinds) {
-        if (element != &compiled) continue;
-        element_ = &compiled;
+    for (const auto& [event, kind] : kElements) {
+        if (!compiled.Is(event)) continue;
+        in_element_ = true;
         BeginElement(kind);
     }
 }
 
 void CPathRecorder::TemplateEnds() {
-    if (element_ != nullptr) EndElement();
-    element_ = nullptr;
-    if (call_is_open_ && wrote_) calls_.back().is_written |= template_ == &run_->sub_call;
+    if (in_element_) EndElement();
+    in_element_ = false;
+    if (call_is_open_ && wrote_) calls_.back().is_written |= template_->Is(Event("SubCall_"));
 }
 
 void CPathRecorder::BeginElement(PathKind kind) {

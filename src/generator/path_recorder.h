@@ -8,7 +8,6 @@
 
 #include "generator/run_context.h"
 #include "generator/run_log.h"
-#include "generator/template_use.h"
 #include "generator/tool_path.h"
 
 namespace brindle {
@@ -87,10 +86,10 @@ private:
     std::map<int32_t, Program> programs_;  // by include variant
     std::vector<Call> calls_;
     Program* program_ = nullptr;
-    const CompiledTemplate* element_ = nullptr;  // the template of an element, while it is executed
     const CompiledTemplate* template_ = nullptr;
-    bool wrote_ = false;  // the present template has written something
-    Step call_step_;      // while a call is open
+    bool in_element_ = false;  // within the template of one
+    bool wrote_ = false;       // the present template has written something
+    Step call_step_;           // while a call is open
     bool call_is_open_ = false;
     bool wrote_block_ = false;  // for the open number, which is the last one
     bool number_is_open_ = false;

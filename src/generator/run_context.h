@@ -45,23 +45,23 @@ struct RunContext : SessionParts {
     CToolTable tools;
     CRunLog* log = nullptr;  // null if nobody follows
 
-    const CompiledTemplate file_start = compiler.CompileTemplate("FileStart_");
-    const CompiledTemplate file_end = compiler.CompileTemplate("FileEnd_");
-    const CompiledTemplate main_init = compiler.CompileTemplate("MainInit_");
-    const CompiledTemplate main_term = compiler.CompileTemplate("MainTerm_");
-    const CompiledTemplate sub_init = compiler.CompileTemplate("SubInit_");
-    const CompiledTemplate sub_term = compiler.CompileTemplate("SubTerm_");
-    const CompiledTemplate move = compiler.CompileTemplate("Move_");
-    const CompiledTemplate line = compiler.CompileTemplate("Line_");
-    const CompiledTemplate arc = compiler.CompileTemplate("Arc_");
-    const CompiledTemplate text = compiler.CompileTemplate("Text_");
-    const CompiledTemplate sub_call = compiler.CompileTemplate("SubCall_");
-    const CompiledTemplate sub_reset = compiler.CompileTemplate("SubReset_");
-    const CompiledTemplate origin_set = compiler.CompileTemplate("OriTransSet_");
-    const CompiledTemplate origin_reset = compiler.CompileTemplate("OriTransReset_");
-    const CompiledTemplate move_to_include = compiler.CompileTemplate("MoveToIncludePt_");
-    const CompiledTemplate fly_pre_check = compiler.CompileTemplate("Fly_PreCheck_");
-    const CompiledTemplate fly_post_check = compiler.CompileTemplate("Fly_PostCheck_");
+    const CompiledTemplate file_start = compiler.CompileTemplate(Event("FileStart_"));
+    const CompiledTemplate file_end = compiler.CompileTemplate(Event("FileEnd_"));
+    const CompiledTemplate main_init = compiler.CompileTemplate(Event("MainInit_"));
+    const CompiledTemplate main_term = compiler.CompileTemplate(Event("MainTerm_"));
+    const CompiledTemplate sub_init = compiler.CompileTemplate(Event("SubInit_"));
+    const CompiledTemplate sub_term = compiler.CompileTemplate(Event("SubTerm_"));
+    const CompiledTemplate move = compiler.CompileTemplate(Event("Move_"));
+    const CompiledTemplate line = compiler.CompileTemplate(Event("Line_"));
+    const CompiledTemplate arc = compiler.CompileTemplate(Event("Arc_"));
+    const CompiledTemplate text = compiler.CompileTemplate(Event("Text_"));
+    const CompiledTemplate sub_call = compiler.CompileTemplate(Event("SubCall_"));
+    const CompiledTemplate sub_reset = compiler.CompileTemplate(Event("SubReset_"));
+    const CompiledTemplate origin_set = compiler.CompileTemplate(Event("OriTransSet_"));
+    const CompiledTemplate origin_reset = compiler.CompileTemplate(Event("OriTransReset_"));
+    const CompiledTemplate move_to_include = compiler.CompileTemplate(Event("MoveToIncludePt_"));
+    const CompiledTemplate fly_pre_check = compiler.CompileTemplate(Event("Fly_PreCheck_"));
+    const CompiledTemplate fly_post_check = compiler.CompileTemplate(Event("Fly_PostCheck_"));
 
     const AxisOptions::Unit& AxisUnit() const { return options.axes.In(controller.in_inches); }
     // The record that is being written, in machine coordinates.

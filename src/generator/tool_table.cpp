@@ -4,10 +4,10 @@ namespace brindle {
 namespace {
 
 void ReadTemplates(CTextCompiler& compiler, ToolData& tool) {
-    tool.select = compiler.CompileTemplate(tool.prefix + "ToolSel_");
-    tool.deselect = compiler.CompileTemplate(tool.prefix + "ToolDesel_");
-    tool.on = compiler.CompileTemplate(tool.prefix + "ToolOn_");
-    tool.off = compiler.CompileTemplate(tool.prefix + "ToolOff_");
+    tool.select = compiler.CompileTemplate(Event("ToolSel_"), tool.prefix);
+    tool.deselect = compiler.CompileTemplate(Event("ToolDesel_"), tool.prefix);
+    tool.on = compiler.CompileTemplate(Event("ToolOn_"), tool.prefix);
+    tool.off = compiler.CompileTemplate(Event("ToolOff_"), tool.prefix);
 }
 
 void ReadCodes(const CTextCompiler& compiler, ToolData& tool) {

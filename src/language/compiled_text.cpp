@@ -32,6 +32,47 @@ CCompiledText::CCompiledText(std::vector<CompiledPiece> pieces) : pieces_(std::m
     }
 }
 
+bool CompiledTemplate::Has(DirectiveId directive) const {
+    for (const CompiledLine& line : lines) {
+        if (line.is_comment) continue;
+        for (const CompiledPiece& piece : line.text.pieces()) {
+            if (piece.kind == CompiledPiece::Kind::kDirective && piece.directive == directive) return true;
+        }
+    }
+    return false;
+}
+
+std::string CompiledTemplate::Source() const {
+    std::string source;
+    for (const CompiledLine& line : lines) {
+        if (line.is_comment) continue;
+        std::string text;
+        for (const CompiledPiece& piece : line.text.pieces()) {
+            const bool is_text =
+                piece.kind == CompiledPiece::Kind::kFixed || piece.kind == CompiledPiece::Kind::kRunValue;
+            text += is_text ? piece.text : "1";
+        }
+        if (SaysSomething(text)) source.append(text).append("\n");
+    }
+    return source;
+}
+
+bool SaysSomething(std::string_view text) {
+    bool in_comment = false;
+    for (const char c : text) {
+        if (in_comment) {
+            in_comment = c != ')';
+        } else if (c == '(') {
+            in_comment = true;
+        } else if (c == ';') {
+            return false;
+        } else if (c != ' ' && c != '\t') {
+            return true;
+        }
+    }
+    return false;
+}
+
 CCompiledText CTextCompiler::Compile(std::string_view text) const {
     std::vector<CompiledPiece> pieces;
     for (TemplatePiece& piece : CutTemplateText(text)) {
@@ -64,17 +105,19 @@ CompiledLine CTextCompiler::CompileLine(std::string_view text) const {
     return line;
 }
 
-CompiledTemplate CTextCompiler::CompileTemplate(std::string_view prefix) {
-    const std::string key(prefix);
+CompiledTemplate CTextCompiler::CompileTemplate(const EventInfo& event, std::string_view tool_prefix) {
     CompiledTemplate compiled;
+    compiled.event = &event;
     compiled.number = templates_++;
-    compiled.trace_header = '<' + key + "tTmpl>";
+    const std::string key = TemplateKey(event, tool_prefix);
+    compiled.trace_header = '<' + key + '>';
     TemplateLines lines;
-    tuning_.GetMulti(key + "tTmpl", lines);
+    tuning_.GetMulti(key, lines);
     for (const CTemplateLine& line : lines) {
         compiled.lines.push_back(CompileLine(line.text));
         compiled.lines.back().number = compiled.lines.size() - 1;
     }
+    const std::string prefix = std::string(tool_prefix).append(event.prefix);
     compiled.terminate = tuning_.ReadBool(Key("bTerminiate"), prefix);
     compiled.clear_speed = tuning_.ReadBool(Key("bClearSpeed"), prefix);
     compiled.clear_abs_inc = tuning_.ReadBool(Key("bClearAbsInc"), prefix);

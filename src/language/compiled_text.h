@@ -65,6 +65,14 @@ struct CompiledLine {
 
 // A template with the flags beside it.
 struct CompiledTemplate {
+    // Whether it is the template of that event; for the events of tools, of any tool.
+    bool Is(EventRef of) const { return of.Is(event); }
+    std::string_view Key() const { return std::string_view(trace_header).substr(1, trace_header.size() - 2); }
+    bool Has(DirectiveId directive) const;
+    // The lines that say something, each with its end; what a directive gives is a `1` in it.
+    std::string Source() const;
+
+    const EventInfo* event = nullptr;
     std::string trace_header;  // `<Line_tTmpl>`
     uint32_t number = 0;       // among the templates of its compiler
     std::vector<CompiledLine> lines;
@@ -74,6 +82,9 @@ struct CompiledTemplate {
     bool clear_interp = false;
 };
 
+// Whether NC text says more than blanks and comments.
+bool SaysSomething(std::string_view text);
+
 // Compiles the texts of a tuning against the values that a run has settled. Both must outlive it.
 class CTextCompiler {
 public:
@@ -82,8 +93,8 @@ public:
 
     CCompiledText Compile(std::string_view text) const;
     CompiledLine CompileLine(std::string_view text) const;
-    // The template under `prefix`, e.g. `Line_` or `T1_ToolOn_`. One that the tuning lacks has no lines.
-    CompiledTemplate CompileTemplate(std::string_view prefix);
+    // The template of an event, of tools that with the tool's prefix. One that the tuning lacks has no lines.
+    CompiledTemplate CompileTemplate(const EventInfo& event, std::string_view tool_prefix = {});
     OptionText CompileOption(KeyRef key, std::string_view prefix = {}) const;
 
     const CBrindleOpts& tuning() const { return tuning_; }

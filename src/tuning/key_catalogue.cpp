@@ -70,8 +70,8 @@ void OfferTemplateKeys(bool per_tool, CNearestName& nearest) {
 
 }  // namespace
 
-std::string TemplateKey(EventRef event, std::string_view tool_prefix) {
-    return std::string(tool_prefix).append(event->prefix).append(Key("tTmpl")->name);
+std::string TemplateKey(const EventInfo& event, std::string_view tool_prefix) {
+    return std::string(tool_prefix).append(event.prefix).append(Key("tTmpl")->name);
 }
 
 KeyMatch MatchKey(std::string_view key) {

@@ -77,6 +77,7 @@ private:
 class EventRef {
 public:
     constexpr const EventInfo* operator->() const { return info_; }
+    constexpr operator const EventInfo&() const { return *info_; }
     constexpr bool operator==(const EventRef&) const = default;
     // Whether it is the event of a key; `event` is null for a key that is no template's.
     constexpr bool Is(const EventInfo* event) const { return event == info_; }
@@ -98,7 +99,7 @@ consteval EventRef Event(const char* prefix) {
 }
 
 // The key of an event's template. `tool_prefix` is that of the tool for the events of tools, otherwise empty.
-std::string TemplateKey(EventRef event, std::string_view tool_prefix = {});
+std::string TemplateKey(const EventInfo& event, std::string_view tool_prefix = {});
 
 // Some template events.
 class EventSet {

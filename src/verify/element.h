@@ -40,8 +40,12 @@ Nearness NearnessOf(const Curve& curve, Point p);
 // Which parts of a curve have been cut.
 class CCoverage {
 public:
-    explicit CCoverage(const Curve& curve) : curve_(&curve), length_(curve.Length()) {}
-
+    // Begins with nothing cut of `curve`, which must outlive what follows.
+    void Restart(const Curve& curve) {
+        curve_ = &curve;
+        length_ = curve.Length();
+        spans_.clear();
+    }
     // Takes `cut`, which is near the curve, as cut.
     void Add(const Curve& cut);
     bool IsEmpty() const { return spans_.empty(); }
@@ -59,8 +63,8 @@ private:
     void Sort();
     double GapBetween(double first, double last) const;
 
-    const Curve* curve_;
-    double length_;
+    const Curve* curve_ = nullptr;
+    double length_ = 0.0;
     std::vector<Span> spans_;
 };
 

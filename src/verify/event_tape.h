@@ -2,13 +2,13 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "generator/run_log.h"
 
 namespace brindle {
 
-// Templates and records of calls are pointed to, so a tape is good as long as the run and its job.
+// Templates and records of calls are pointed to, so a tape is good as long as the run and its job. An event takes a
+// few bytes more than its text: a main program of a million records may have to wait for its sub-programs.
 class CEventTape final : public CRunLog {
 public:
     // Tells `log` all events.
@@ -16,39 +16,24 @@ public:
 
     void RunStarts(RunContext&) override {}
     void RunEnds() override {}
-    void SegmentStarts() override { Add({.kind = Kind::kSegmentStarts}); }
+    void SegmentStarts() override { Put(Kind::kSegmentStarts); }
     void ProgramStarts(int32_t) override {}
     void ProgramEnds() override {}
-    void RecordStarts(int32_t program, int32_t index) override {
-        Add({.kind = Kind::kRecordStarts, .number = program, .index = index});
-    }
-    void RecordEnds(bool words_pending) override { Add({.kind = Kind::kRecordEnds, .flag = words_pending}); }
-    void RecordDropped(DropReason reason) override {
-        Add({.kind = Kind::kRecordDropped, .number = static_cast<int32_t>(reason)});
-    }
-    void ArcAsLines(bool facets) override { Add({.kind = Kind::kArcAsLines, .flag = facets}); }
-    void CallStarts(const CNCIncludeData& record, int32_t variant) override {
-        Add({.kind = Kind::kCallStarts, .number = variant, .object = &record});
-    }
-    void CallEnds() override { Add({.kind = Kind::kCallEnds}); }
-    void ExpansionStarts(const CNCIncludeData& record) override {
-        Add({.kind = Kind::kExpansionStarts, .object = &record});
-    }
-    void ExpansionEnds() override { Add({.kind = Kind::kExpansionEnds}); }
-    void TemplateStarts(const CompiledTemplate& compiled, int32_t tool) override {
-        Add({.kind = Kind::kTemplateStarts, .number = tool, .object = &compiled});
-    }
-    void TemplateEnds() override { Add({.kind = Kind::kTemplateEnds}); }
-    void TemplateLine(size_t line, std::string_view text) override {
-        Add({.kind = Kind::kTemplateLine, .number = static_cast<int32_t>(line)}, text);
-    }
-    void Word(const LoggedWord& word) override { Add({.kind = Kind::kWord, .word = word}, word.text); }
-    void Unresolved(std::string_view what) override { Add({.kind = Kind::kUnresolved}, what); }
-    void BlockWritten(std::string_view block, size_t trace_index) override {
-        Add({.kind = Kind::kBlockWritten, .trace_index = trace_index}, block);
-    }
-
-    void CommentWritten(std::string_view block) override { Add({.kind = Kind::kCommentWritten}, block); }
+    void RecordStarts(int32_t program, int32_t index) override;
+    void RecordEnds(bool words_pending) override;
+    void RecordDropped(DropReason reason) override;
+    void ArcAsLines(bool facets) override;
+    void CallStarts(const CNCIncludeData& record, int32_t variant) override;
+    void CallEnds() override { Put(Kind::kCallEnds); }
+    void ExpansionStarts(const CNCIncludeData& record) override;
+    void ExpansionEnds() override { Put(Kind::kExpansionEnds); }
+    void TemplateStarts(const CompiledTemplate& compiled, int32_t tool) override;
+    void TemplateEnds() override { Put(Kind::kTemplateEnds); }
+    void TemplateLine(size_t line, std::string_view text) override;
+    void Word(const LoggedWord& word) override;
+    void Unresolved(std::string_view what) override;
+    void BlockWritten(std::string_view block, size_t trace_index) override;
+    void CommentWritten(std::string_view block) override;
 
 private:
     enum class Kind : uint8_t {
@@ -69,21 +54,14 @@ private:
         kBlockWritten,
         kCommentWritten,
     };
-    struct Event {
-        Kind kind;
-        bool flag = false;
-        int32_t number = 0;
-        int32_t index = 0;
-        LoggedWord word{WordKind::kAxis};  // its text is that of the event
-        size_t trace_index = 0;
-        const void* object = nullptr;  // the call's record or the template
-        size_t first = 0, length = 0;  // of its text
-    };
+    class CReader;
 
-    void Add(Event event, std::string_view text = {});
+    template <class T>
+    void Put(const T& value);
+    void PutNumber(uint64_t number);  // small ones take a byte
+    void PutText(std::string_view text);
 
-    std::vector<Event> events_;
-    std::string texts_;
+    std::string bytes_;
 };
 
 }  // namespace brindle

@@ -7,30 +7,14 @@ namespace brindle {
 namespace {
 
 constexpr size_t kMostReplayed = 200000;  // calls that are followed
+constexpr size_t kMostMoves = 10000000;   // within them
+constexpr size_t kMostOpen = 1000;        // records that wait for their block
 constexpr double kNoLength = 1e-9;        // millimetres
 constexpr double kNoRotation = 1e-6;      // radians
 constexpr double kLooseDegrees = 1.0;     // of a tangential tool
-constexpr size_t kMostMoves = 10000000;   // within them
-constexpr size_t kMostOpen = 1000;        // records that wait for their block
 
-bool IsCut(TemplateUse use) {
-    return use == TemplateUse::kLine || use == TemplateUse::kArc || use == TemplateUse::kText;
-}
-
-Cause CauseOf(DropReason reason) {
-    switch (reason) {
-        case DropReason::kToolOutOfRange: return Cause::kToolOutOfRange;
-        case DropReason::kNoTool: return Cause::kNoTool;
-        case DropReason::kTextInIncremental: return Cause::kTextInIncremental;
-        case DropReason::kTextNotSupported: return Cause::kTextNotSupported;
-        case DropReason::kEmptyCall: return Cause::kEmptyCall;
-        case DropReason::kUnknownProgram: return Cause::kUnknownProgram;
-        case DropReason::kCallsItself: return Cause::kCallsItself;
-        case DropReason::kCallsTooDeep: return Cause::kCallsTooDeep;
-        case DropReason::kTooManyCalls: return Cause::kTooManyCalls;
-    }
-    return Cause::kUnknown;
-}
+constexpr EventSet kCuts{Event("Line_"), Event("Arc_"), Event("Text_")};
+constexpr EventSet kMoves{Event("Move_"), Event("MoveToIncludePt_")};
 
 Rule RuleOf(NcFault fault) {
     switch (fault) {
@@ -65,23 +49,6 @@ Curve Shifted(Curve curve, Point by) {
     return curve;
 }
 
-double SmallestOf(const std::vector<Curve>& curves, Point p) {
-    double smallest = HUGE_VAL;
-    for (const Curve& curve : curves) smallest = std::min(smallest, NearnessOf(curve, p).distance);
-    return smallest;
-}
-
-double StepInPlane(const RunContext& run) {
-    const CTrans plane = run.PlaneTransform();
-    const double factors[] = {plane.scale * plane.axis1_factor, plane.scale * plane.axis2_factor};
-    double step = 0.0;
-    for (int axis = 0; axis < 2; ++axis) {
-        const double factor = std::fabs(factors[axis]);
-        if (factor > 0.0) step = std::max(step, run.AxisUnit().step[axis] / factor);
-    }
-    return step;
-}
-
 }  // namespace
 
 CJobFollower::CJobFollower(RunContext& run, const CProgramTexts& texts, const ComparisonOptions& options)
@@ -90,24 +57,20 @@ CJobFollower::CJobFollower(RunContext& run, const CProgramTexts& texts, const Co
       machine_(run, *this),
       power_(run, machine_.ReadsText()),
       options_(options),
-      step_(StepInPlane(run)) {}
+      judge_(run, power_, options, losses_) {}
 
 // ---- Records ----
 
-void CJobFollower::ProgramStarts(int32_t) { had_long_arc_ = left_out_step_ = false; }
+void CJobFollower::ProgramStarts(int32_t) { now_.had_long_arc = now_.left_out_step = false; }
 
 void CJobFollower::RecordStarts(int32_t program, int32_t index) {
-    if (open_.empty()) Settle();
+    if (!judge_.HasOpen()) Settle();
     records_.push_back({program, index});
-    has_facets_ = left_out_repeat_ = wrote_cut_ = ran_cut_ = false;
+    now_.has_facets = now_.left_out_offset = now_.left_out_repeat = now_.wrote_cut = false;
+    now_.cut_template = {};
     const CNCData& record = *run_.geometry.GetRecord(program, index);
     if (record.IsInclude()) return;
-    OpenElement element{CurveOf(record, placings_.back()), Here(), record.GetToolId(), 0.0, &record};
-    element.is_text = record.IsText();
-    element.tolerance = ToleranceOf(element.curve);
-    ++losses_.sums.drawn;
-    if (!element.is_text) losses_.sums.drawn_mm += element.curve.Length();
-    open_.push_back(element);
+    judge_.Open({CurveOf(record, placings_.back()), Here(), record.GetToolId(), &record, record.IsText()});
 }
 
 void CJobFollower::MainRunsOn() {
@@ -117,27 +80,24 @@ void CJobFollower::MainRunsOn() {
 
 void CJobFollower::RecordEnds(bool words_pending) {
     const bool is_element = !run_.geometry.GetRecord(records_.back().program, records_.back().index)->IsInclude();
-    const double sweep = is_element && !open_.empty() ? std::fabs(open_.back().curve.sweep) : 0.0;
-    const bool waits = (words_pending || machine_.HasUnfinishedLine()) && open_.size() < kMostOpen;
+    const double sweep = is_element && judge_.HasOpen() ? std::fabs(judge_.Last().curve.sweep) : 0.0;
+    const bool waits = (words_pending || machine_.HasUnfinishedLine()) && judge_.OpenCount() < kMostOpen;
     if (!waits) Settle();
     records_.pop_back();
-    if (is_element) after_long_arc_ = sweep > kLongArcDegrees * kRadiansPerDegree;
-    had_long_arc_ |= after_long_arc_;
+    if (is_element) now_.after_long_arc = sweep > kLongArcDegrees * kRadiansPerDegree;
+    now_.had_long_arc |= now_.after_long_arc;
 }
 
 void CJobFollower::RecordDropped(DropReason reason) {
     const RecordPlace at = records_.back();
     const CNCData& record = *run_.geometry.GetRecord(at.program, at.index);
     if (record.IsInclude()) {
-        return LoseProgram(run_.geometry.FindProgram(record.GetIncludeName()), Rule::kNotCut, brindle::CauseOf(reason));
+        return LoseProgram(run_.geometry.FindProgram(record.GetIncludeName()), Rule::kNotCut, CauseOf(reason));
     }
-    if (open_.empty() || open_.back().record != &record) return;  // said of each facet
-    open_.back().dropped = reason;
+    if (!judge_.HasOpen() || judge_.Last().record != &record) return;  // said of each facet
+    judge_.Last().dropped = reason;
     const bool lacks_tool = reason == DropReason::kNoTool || reason == DropReason::kToolOutOfRange;
-    if (!lacks_tool || !IsSkipped(record.GetToolId())) return;
-    --losses_.sums.drawn;
-    losses_.sums.drawn_mm -= open_.back().curve.Length();
-    open_.pop_back();
+    if (lacks_tool && IsSkipped(record.GetToolId())) judge_.Withdraw();
 }
 
 bool CJobFollower::IsSkipped(int32_t tool) const {
@@ -152,7 +112,7 @@ void CJobFollower::SegmentStarts() {
     machine_.StartFile();
 }
 
-void CJobFollower::SubsAreTorn() { Lose(Rule::kTornSubs, Cause::kUnknown, 0, Here(), 0.0, 0.0); }
+void CJobFollower::SubsAreTorn() { Lose(Rule::kTornSubs, Cause::kUnknown, 0); }
 
 // ---- Calls ----
 
@@ -225,7 +185,7 @@ void CJobFollower::CarryOutCall() {
         return;
     }
     const bool is_text = machine_.ReadsText();
-    if (is_text && compiled_->terminate && !machine_.HasCalled()) {
+    if (is_text && at_.compiled->terminate && !machine_.HasCalled()) {
         return LoseProgram(run_.geometry.FindProgram(call.record->GetIncludeName()), Rule::kNotCut, Cause::kNoCall);
     }
     const ProgramOptions& programs = run_.options.programs;
@@ -238,8 +198,8 @@ void CJobFollower::CarryOutCall() {
     unwritten_turns_ += is_unwritten ? 1 : 0;
     const int32_t tool = template_tool_;
     const bool held_tool = power_.Holds(tool);
-    const bool had_long_arc = had_long_arc_;
-    const bool left_out_step = left_out_step_;
+    const bool had_long_arc = now_.had_long_arc;
+    const bool left_out_step = now_.left_out_step;
     const std::string called = machine_.CalledLabel();
     CMachine::ProgramMarks caller = machine_.BeginProgram();
     calls_under_way_.push_back(call.place);
@@ -258,9 +218,9 @@ void CJobFollower::CarryOutCall() {
     calls_under_way_.pop_back();
     machine_.TurnBack(before);
     unwritten_turns_ -= is_unwritten ? 1 : 0;
-    calls_changed_tool_ |= held_tool && !power_.Holds(tool);
-    had_long_arc_ = had_long_arc;
-    left_out_step_ = left_out_step;
+    now_.has_callees_tool |= held_tool && !power_.Holds(tool);
+    now_.had_long_arc = had_long_arc;
+    now_.left_out_step = left_out_step;
     call.is_carried_out = true;
     call_ = call;
 }
@@ -303,7 +263,7 @@ void CJobFollower::LoseProgram(int32_t program, Rule rule, Cause cause) {
     if (cause != Cause::kUnknownProgram && size.records == 0) return;
     losses_.sums.drawn += size.records;
     losses_.sums.drawn_mm += size.length;
-    Lose(rule, cause, 0, Here(), size.length, size.length);
+    Lose(rule, cause, 0, size.length, size.length);
     if (InfoOf(rule).severity != Severity::kLoss) return;
     losses_.sums.lost += size.records;
     losses_.sums.lost_mm += size.length;
@@ -312,40 +272,36 @@ void CJobFollower::LoseProgram(int32_t program, Rule rule, Cause cause) {
 // ---- Templates ----
 
 void CJobFollower::TemplateStarts(const CompiledTemplate& compiled, int32_t tool) {
-    if (compiled.number >= uses_.size()) {
-        uses_.resize(compiled.number + 1);
-        uses_known_.resize(compiled.number + 1);
-    }
-    if (!uses_known_[compiled.number]) {
-        uses_[compiled.number] = UseOf(compiled);
-        uses_known_[compiled.number] = true;
-    }
-    use_ = uses_[compiled.number];
-    compiled_ = &compiled;
+    at_ = {&compiled, 0};
     template_tool_ = tool;
     wrote_ = false;
     words_.clear();
     word_texts_.clear();
-    ran_cut_ |= IsCut(use_);
-    if (use_ == TemplateUse::kOriginSet) machine_.ForgetMovedOrigin();
-    if (use_ == TemplateUse::kCall) machine_.ForgetCall();
+    if (kCuts.Has(compiled.event)) now_.cut_template = at_;
+    if (compiled.Is(Event("OriTransSet_"))) machine_.ForgetMovedOrigin();
+    if (compiled.Is(Event("SubCall_"))) machine_.ForgetCall();
 }
 
-void CJobFollower::TemplateLine(size_t, std::string_view text) { wrote_ = wrote_ || SaysSomething(text); }
+void CJobFollower::TemplateLine(size_t line, std::string_view text) {
+    at_.line = line;
+    wrote_ = wrote_ || SaysSomething(text);
+}
 
 void CJobFollower::Word(const LoggedWord& word) {
-    if (word.fate == WordFate::kRepeat && word.kind == WordKind::kCentre) left_out_repeat_ = true;
+    if (word.fate == WordFate::kRepeat && word.kind == WordKind::kCentre) now_.left_out_repeat = true;
+    if (word.fate == WordFate::kNoDistance && word.kind == WordKind::kCentre) now_.left_out_offset = true;
     if (word.fate == WordFate::kNoDistance && word.kind == WordKind::kAxis) {
-        left_out_step_ |= word.text.find_first_of("123456789") != std::string_view::npos;
+        now_.left_out_step |= word.text.find_first_of("123456789") != std::string_view::npos;
     }
-    if (word.kind == WordKind::kInterpolation && word.fate != WordFate::kRepeat) no_code_ = !SaysSomething(word.text);
+    if (word.kind == WordKind::kInterpolation && word.fate != WordFate::kRepeat)
+        now_.no_code = !SaysSomething(word.text);
     if (call_ && word.fate == WordFate::kWritten) {
         const bool says_something = SaysSomething(word.text);
         call_->has_mirror |= word.kind == WordKind::kCallMirror && says_something;
         call_->has_rotation |= word.kind == WordKind::kCallRotation && says_something;
     }
     TakeTurnWord(word);
-    if (machine_.ReadsText() && use_ != TemplateUse::kOriginSet) return;
+    if (machine_.ReadsText() && !Event("OriTransSet_").Is(PresentEvent())) return;
     words_.push_back(word);
     words_.back().text = word_texts_.emplace_back(word.text);
 }
@@ -363,51 +319,42 @@ void CJobFollower::TakeTurnWord(const LoggedWord& word) {
 }
 
 void CJobFollower::TemplateEnds() {
+    const CompiledTemplate& compiled = *at_.compiled;
     if (!machine_.ReadsText()) TakeTemplateWords();
     if (!wrote_) return;
-    wrote_cut_ |= IsCut(use_);
-    switch (use_) {
-        case TemplateUse::kText:
-            if (!open_.empty()) open_.back().is_written = true;
-            break;
-        case TemplateUse::kToolSelect: {
-            const bool was_on = !power_.ByTWords() && power_.IsAnyOn(machine_.Depth());
-            if (was_on) Lose(Rule::kPowerChange, Cause::kUnknown, template_tool_, Here(), 0.0, 0.0);
-            power_.Wrote(use_, *compiled_, template_tool_, machine_.Depth());
-            break;
-        }
-        case TemplateUse::kToolOn:
-        case TemplateUse::kToolOff: power_.Wrote(use_, *compiled_, template_tool_, machine_.Depth()); break;
-        case TemplateUse::kOriginSet:
-            if (call_ && machine_.ReadsText() && !machine_.MovedOrigin()) call_->origin_unread = true;
-            break;
-        case TemplateUse::kCall:
-            if (call_) CarryOutCall();
-            break;
-        default: break;
+    now_.wrote_cut |= kCuts.Has(compiled.event);
+    if (compiled.Is(Event("Text_"))) {
+        if (judge_.HasOpen()) judge_.Last().is_written = true;
+    } else if (compiled.Is(Event("OriTransSet_"))) {
+        if (call_ && machine_.ReadsText() && !machine_.MovedOrigin()) call_->origin_unread = true;
+    } else if (compiled.Is(Event("SubCall_"))) {
+        if (call_) CarryOutCall();
+    } else if (compiled.event->per_tool) {
+        const bool changes = compiled.Is(Event("ToolSel_")) && !power_.ByTWords();
+        if (changes && power_.IsAnyOn(machine_.Depth())) Lose(Rule::kPowerChange, Cause::kUnknown, template_tool_);
+        power_.Wrote(compiled, template_tool_, machine_.Depth());
     }
 }
 
 void CJobFollower::TakeTemplateWords() {
-    const bool is_on = power_.IsAnyOn(machine_.Depth());
-    switch (use_) {
-        case TemplateUse::kMove:
-        case TemplateUse::kMoveToCall:
-            return machine_.TakeWords(words_, is_on ? MotionCode::kLinear : MotionCode::kRapid);
-        case TemplateUse::kText: return machine_.TakeWords(words_, MotionCode::kRapid);
-        case TemplateUse::kLine: return machine_.TakeWords(words_, MotionCode::kLinear);
-        case TemplateUse::kArc: {
-            const bool clockwise = !open_.empty() && open_.back().curve.sweep < 0.0;
-            return machine_.TakeWords(words_, clockwise ? MotionCode::kClockwise : MotionCode::kCounterClockwise);
-        }
-        case TemplateUse::kOriginSet:
-        case TemplateUse::kOriginReset: return machine_.SetOrigin(words_);
-        default: return;
+    const CompiledTemplate& compiled = *at_.compiled;
+    if (kMoves.Has(compiled.event)) {
+        const bool is_on = power_.IsAnyOn(machine_.Depth());
+        machine_.TakeWords(words_, is_on ? MotionCode::kLinear : MotionCode::kRapid);
+    } else if (compiled.Is(Event("Text_"))) {
+        machine_.TakeWords(words_, MotionCode::kRapid);
+    } else if (compiled.Is(Event("Line_"))) {
+        machine_.TakeWords(words_, MotionCode::kLinear);
+    } else if (compiled.Is(Event("Arc_"))) {
+        const bool clockwise = judge_.HasOpen() && judge_.Last().curve.sweep < 0.0;
+        machine_.TakeWords(words_, clockwise ? MotionCode::kClockwise : MotionCode::kCounterClockwise);
+    } else if (compiled.Is(Event("OriTransSet_")) || compiled.Is(Event("OriTransReset_"))) {
+        machine_.SetOrigin(words_);
     }
 }
 
 void CJobFollower::Unresolved(std::string_view what) {
-    Lose(Rule::kUnresolvedValue, Cause::kUnknown, 0, Here(), 0.0, 0.0, what);
+    Lose(Rule::kUnresolvedValue, Cause::kUnknown, 0, 0.0, 0.0, what);
 }
 
 void CJobFollower::CommentWritten(std::string_view block) {
@@ -428,36 +375,35 @@ Point CJobFollower::OffsetOf(int32_t tool) const { return tool > 0 ? run_.tools.
 void CJobFollower::Moves(const Motion& motion) {
     if (!variants_under_way_.empty()) ++moves_in_calls_;
     if (is_blind_ || machine_.HasEnded() || !power_.IsAnyOn(machine_.Depth())) return;
-    Cut cut{Shifted(CurveOf(motion), OffsetOf(CurrentTool())),
-            use_ == TemplateUse::kMove || use_ == TemplateUse::kMoveToCall,
-            true,
-            motion.heading_before,
-            motion.heading_after,
-            CurrentTool()};
+    const int32_t tool = CurrentTool();
+    const Curve curve = Shifted(CurveOf(motion), OffsetOf(tool));
+    const double length = curve.Length();
     if (motion.code == MotionCode::kRapid) {
-        const double length = cut.curve.Length();
-        if (length <= ToleranceOf(cut.curve)) return;
-        const Cause cause = no_code_                  ? Cause::kNoLineCode
-                            : power_.HasOff(cut.tool) ? Cause::kUnknown
-                                                      : Cause::kNoToolOff;
-        Lose(Rule::kRapidWhileOn, cause, cut.tool, Here(), length, length);
-        if (!IsCut(use_)) return;  // where a cut should be, no more is said of it
+        if (length <= judge_.ToleranceOf(curve)) return;
+        const Cause cause = now_.no_code          ? Cause::kNoLineCode
+                            : power_.HasOff(tool) ? Cause::kUnknown
+                                                  : Cause::kNoToolOff;
+        Lose(Rule::kRapidWhileOn, cause, tool, length, length);
+        if (!kCuts.Has(PresentEvent())) return;  // where a cut should be, no more is said of it
     }
-    if (cut.curve.Length() < kNoLength) return;
+    if (length < kNoLength) return;
     if (variants_under_way_.empty() && (is_rotated_ || is_mirrored_)) {
-        Lose(Rule::kTurnedAfterCall, Cause::kUnknown, cut.tool, Here(), 0.0, 0.0);
+        Lose(Rule::kTurnedAfterCall, Cause::kUnknown, tool);
     }
-    cut.right_tool = power_.IsOn(cut.tool, machine_.Depth()) && power_.Holds(cut.tool);
-    cuts_.push_back(cut);
+    const bool right_tool = power_.IsOn(tool, machine_.Depth()) && power_.Holds(tool);
+    const bool is_move = kMoves.Has(PresentEvent());
+    judge_.Add({curve, tool, Here(), at_, is_move, right_tool, motion.heading_before, motion.heading_after});
 }
 
 void CJobFollower::Fails(NcFault fault, double amount, std::string_view text) {
     if (is_blind_) return;
     // Texts may hold anything, and the templates of a call are trusted to make it.
-    if (use_ == TemplateUse::kText) return;
+    if (Event("Text_").Is(PresentEvent())) return;
     if (call_ && (fault == NcFault::kUnread || fault == NcFault::kUnknownCode)) return;
-    const Cause cause = fault == NcFault::kNoCentre && left_out_repeat_ ? Cause::kCentreRepeat : Cause::kUnknown;
-    Lose(RuleOf(fault), cause, CurrentTool(), Here(), amount, 0.0, text);
+    Cause cause = Cause::kUnknown;
+    if (fault == NcFault::kNoCentre && now_.left_out_offset) cause = Cause::kSmallOffset;
+    if (fault == NcFault::kNoCentre && now_.left_out_repeat) cause = Cause::kCentreRepeat;
+    Lose(RuleOf(fault), cause, CurrentTool(), amount, 0.0, text);
     if (fault != NcFault::kUnread) return;
     is_blind_ = true;
     losses_.sums.is_whole = false;
@@ -469,23 +415,23 @@ void CJobFollower::Turns(double turn, bool is_ambiguous) {
     const double degrees = std::fabs(turn) / kRadiansPerDegree;
     if (!tool.tangential) return;
     if (degrees > tool.lift_angle + kLooseDegrees) {
-        Lose(Rule::kTurnInMaterial, Cause::kUnknown, CurrentTool(), Here(), degrees, 0.0);
+        Lose(Rule::kTurnInMaterial, Cause::kUnknown, CurrentTool(), degrees);
     } else if (is_ambiguous) {
-        Lose(Rule::kTurnPastZero, Cause::kUnknown, CurrentTool(), Here(), 0.0, 0.0);
+        Lose(Rule::kTurnPastZero, Cause::kUnknown, CurrentTool());
     }
 }
 
 void CJobFollower::SelectsTool(double t_word) {
     power_.TakeTWord(t_word, template_tool_);
     if (!power_.WritesM6() && power_.IsAnyOn(machine_.Depth())) {
-        Lose(Rule::kPowerChange, Cause::kUnknown, template_tool_, Here(), 0.0, 0.0);
+        Lose(Rule::kPowerChange, Cause::kUnknown, template_tool_);
     }
 }
 
 void CJobFollower::ChangesTool() {
     if (power_.IsAnyOn(machine_.Depth())) {
         const Cause cause = power_.HasOff(template_tool_) ? Cause::kUnknown : Cause::kNoToolOff;
-        Lose(Rule::kChangedWhileOn, cause, template_tool_, Here(), 0.0, 0.0);
+        Lose(Rule::kChangedWhileOn, cause, template_tool_);
     }
     power_.ChangeTool();
 }
@@ -493,213 +439,33 @@ void CJobFollower::ChangesTool() {
 void CJobFollower::SwitchesOutput(bool on) { power_.SwitchOutput(on); }
 
 void CJobFollower::Ends() {
-    if (power_.IsAnyOn(machine_.Depth()) && !is_blind_) Lose(Rule::kEndWhileOn, Cause::kNoToolOff, 0, Here(), 0.0, 0.0);
+    if (power_.IsAnyOn(machine_.Depth()) && !is_blind_) Lose(Rule::kEndWhileOn, Cause::kNoToolOff, 0);
     power_.SwitchAllOff();
 }
 
 void CJobFollower::Finish() {
     machine_.FinishLine();
     Settle();
-    JudgeLeftOut(nullptr);
+    judge_.Finish();
     Ends();
-    if (!losses_.sums.is_whole) Lose(Rule::kNotJudged, Cause::kUnknown, 0, Here(), 0.0, 0.0);
+    if (!losses_.sums.is_whole) Lose(Rule::kNotJudged, Cause::kUnknown, 0);
 }
 
 // ---- Judgement ----
 
-double CJobFollower::ToleranceOf(const Curve& curve) const {
-    const bool is_long = curve.IsArc() && std::fabs(curve.sweep) > kLongArcDegrees * kRadiansPerDegree;
-    return options_.tolerance + (is_long ? 3.0 * step_ + curve.inexact : 1.5 * step_);
-}
-
-// What facets may be off their arc.
-double CJobFollower::SagOf(const OpenElement& element) const {
-    double sag = 2.0 * std::max(0.001, run_.options.arcs.facet_tolerance);
-    const ToolData& tool = *run_.tools.Get(element.tool).physical;
-    if (tool.facets_small_arcs && tool.small_arc_angle && element.curve.radius <= tool.small_arc_radius + step_) {
-        const double angle = std::min(*tool.small_arc_angle * kRadiansPerDegree, std::fabs(element.curve.sweep) / 2.0);
-        sag = std::max(sag, element.curve.radius * (1.0 - std::cos(angle / 2.0)));
-    }
-    return sag;
-}
-
 void CJobFollower::Settle() {
-    if (open_.empty() && cuts_.empty()) return;
-    if (is_blind_) {
-        open_.clear();
-        cuts_.clear();
-        return;
-    }
-    std::vector<CCoverage> coverage;
-    for (const OpenElement& element : open_) coverage.emplace_back(element.curve);
-    std::vector<Curve> strays;
-    double stray_length = 0.0;
-    double stray_off = 0.0;
-    if (!cuts_.empty()) JudgeLeftOut(&cuts_.front());
-    for (const Cut& cut : cuts_) {
-        losses_.sums.cut_mm += cut.curve.Length();
-        double off = HUGE_VAL;
-        bool is_drawn = false;
-        for (size_t i = 0; i < open_.size() && !is_drawn; ++i) {
-            const OpenElement& element = open_[i];
-            if (element.is_text) continue;
-            const bool is_facet = element.curve.IsArc() && !cut.curve.IsArc();
-            const double deviation = DeviationFrom(element.curve, cut.curve);
-            is_drawn = deviation <= element.tolerance + (is_facet ? SagOf(element) : 0.0);
-            off = std::min(off, deviation);
-            if (!is_drawn) continue;
-            coverage[i].Add(cut.curve);
-            JudgeHeading(cut, element);
-            if (!cut.right_tool && cut.curve.Length() > element.tolerance) {
-                const Cause cause = calls_changed_tool_ ? Cause::kCalleesTool : Cause::kNoSelection;
-                Lose(Rule::kOtherTool, cause, element.tool, element.place, 0.0, cut.curve.Length());
-            }
-        }
-        if (is_drawn) continue;
-        const double length = cut.curve.Length();
-        const double allowed = run_.tools.Get(cut.tool).physical->shortest_lift + ToleranceOf(cut.curve);
-        if (length <= ToleranceOf(cut.curve) || (cut.is_move && length <= allowed)) continue;
-        strays.push_back(cut.curve);
-        stray_length += length;
-        stray_off = std::max(stray_off, std::isfinite(off) ? off : length);
-    }
-    for (size_t i = 0; i < open_.size(); ++i) {
-        OpenElement& element = open_[i];
-        if (element.is_text) {
-            JudgeText(element);
-            continue;
-        }
-        const double length = element.curve.Length();
-        double off = 0.0;
-        const double allowed = element.tolerance + (has_facets_ ? SagOf(element) : 0.0);
-        if (!coverage[i].IsEmpty()) {
-            off = coverage[i].LargestGap();
-            const double twice = coverage[i].CutTwice(2.0 * allowed);
-            if (twice > 2.0 * allowed) Lose(Rule::kCutTwice, Cause::kUnknown, element.tool, element.place, 0.0, twice);
-        } else {
-            for (int k = 0; k <= 8; ++k) {
-                const Point p = element.curve.At(k / 8.0);
-                off = std::max(off, strays.empty() ? Distance(p, element.curve.start) : SmallestOf(strays, p));
-            }
-        }
-        const bool is_missing = coverage[i].IsEmpty() && strays.empty();
-        if (is_missing && off <= 2.0 * allowed && length > kNoLength && !element.dropped) {
-            LeaveOut(element, off > allowed);
-            continue;
-        }
-        if (off <= allowed) continue;
-        const bool elsewhere = !strays.empty();
-        const Rule rule = elsewhere ? Rule::kCutElsewhere : Rule::kNotCut;
-        if (elsewhere) off = std::max(off, stray_off);
-        Lose(rule, CauseOf(element, off), element.tool, element.place, elsewhere ? off : length, length);
-        ++losses_.sums.lost;
-        losses_.sums.lost_mm += length;
-        strays.clear();
-        stray_length = 0.0;
-    }
-    if (!strays.empty() && stray_length > 0.0) {
-        const int32_t tool = cuts_.front().tool;
-        const Cause cause = tool > 0 && !power_.HasOff(tool) ? Cause::kNoToolOff
-                            : open_.empty()                  ? Cause::kUnknown
-                                                             : CauseOf(open_.front(), stray_off);
-        Lose(Rule::kStrayCut, cause, tool, open_.empty() ? Here() : open_.front().place, stray_off, stray_length);
-    }
-    if (!cuts_.empty()) last_cut_ = cuts_.back();
-    open_.clear();
-    cuts_.clear();
+    if (is_blind_) return judge_.Forget();
+    now_.in_sub = !variants_under_way_.empty();
+    now_.in_nested_expansion = expansions_ > 1;
+    now_.has_unwritten_turn = unwritten_turns_ > 0;
+    now_.is_absolute = machine_.IsAbsolute();
+    now_.is_turned = machine_.IsTurned();
+    now_.depth = machine_.Depth();
+    judge_.Settle(now_);
 }
 
-// A machine that is told no angles may turn its tool by itself.
-bool CJobFollower::WritesAngles(int32_t tool) {
-    const auto [at, is_new] = writes_angles_.try_emplace(tool, false);
-    if (!is_new) return at->second;
-    const Tool& data = run_.tools.Get(tool);
-    for (const CompiledTemplate* compiled : {&run_.move, &run_.line, &run_.arc, &data.own->select, &data.own->on,
-                                             &data.physical->select, &data.physical->on}) {
-        at->second |= HasDirective(*compiled, DirectiveId::kAtAngle) || HasDirective(*compiled, DirectiveId::kFinAngle);
-    }
-    return at->second;
-}
-
-void CJobFollower::JudgeHeading(const Cut& cut, const OpenElement& element) {
-    const ToolData& tool = *run_.tools.Get(element.tool).physical;
-    if (!tool.tangential || !WritesAngles(element.tool) || machine_.IsTurned()) return;
-    const Curve& curve = cut.curve;
-    const double size = curve.IsArc() ? std::min(curve.radius, curve.Length()) : curve.Length();
-    if (size <= 20.0 * step_) return;  // its direction is that of its rounding
-    const double loose = (tool.lift_angle + kLooseDegrees) * kRadiansPerDegree + 3.0 * step_ / size;
-    const double round = tool.symmetric ? kHalfTurn : kFullTurn;
-    const double off = std::max(std::fabs(std::remainder(cut.heading_before - curve.DirectionAt(0.0), round)),
-                                std::fabs(std::remainder(cut.heading_after - curve.DirectionAt(1.0), round)));
-    const double turn = cut.heading_after - cut.heading_before;
-    if (off > loose) {
-        Lose(Rule::kToolDirection, Cause::kUnknown, element.tool, element.place, off / kRadiansPerDegree,
-             curve.Length());
-    } else if (std::fabs(turn - curve.sweep) > loose) {
-        Lose(Rule::kTurnInMaterial, Cause::kUnknown, element.tool, element.place,
-             std::fabs(turn - curve.sweep) / kRadiansPerDegree, curve.Length());
-    }
-}
-
-// Too short to be missed where it meets another cut of its tool, or one at each end.
-void CJobFollower::LeaveOut(const OpenElement& element, bool needs_both) {
-    const bool meets = last_cut_ && last_cut_->tool == element.tool &&
-                       Distance(last_cut_->curve.end, element.curve.start) <= 2.0 * element.tolerance;
-    if (!meets || needs_both) left_out_.push_back({element, CauseOf(element, 0.0), meets || !needs_both});
-}
-
-void CJobFollower::JudgeLeftOut(const Cut* next) {
-    for (const auto& [element, cause, may_meet] : left_out_) {
-        const bool meets = may_meet && next != nullptr && next->tool == element.tool &&
-                           Distance(next->curve.start, element.curve.end) <= 2.0 * element.tolerance;
-        if (meets) continue;
-        Lose(Rule::kNotCut, cause, element.tool, element.place, element.curve.Length(), element.curve.Length());
-        ++losses_.sums.lost;
-    }
-    left_out_.clear();
-}
-
-void CJobFollower::JudgeText(const OpenElement& element) {
-    if (element.is_written && !element.dropped) return;
-    const Cause cause = element.dropped ? brindle::CauseOf(*element.dropped) : Cause::kNoTemplate;
-    Lose(Rule::kTextLost, cause, element.tool, element.place, 0.0, 0.0);
-    ++losses_.sums.lost;
-}
-
-Cause CJobFollower::CauseOf(const OpenElement& element, double off) const {
-    if (element.dropped) return brindle::CauseOf(*element.dropped);
-    if (!wrote_cut_ && ran_cut_) return Cause::kNoTemplate;
-    if (!power_.IsOn(element.tool, machine_.Depth())) {
-        return power_.HasOn(element.tool) ? Cause::kMasterOff : Cause::kNoToolOn;
-    }
-    const ProgramOptions& programs = run_.options.programs;
-    const bool in_sub = !variants_under_way_.empty();
-    const bool absolute = in_sub ? programs.subs_absolute : programs.absolute;
-    if (no_code_) return Cause::kNoLineCode;
-    if (machine_.ReadsText() && machine_.IsAbsolute() != absolute) {
-        return in_sub ? Cause::kSubsMode : Cause::kNoModeCode;
-    }
-    const double word = std::fabs(element.record->GetRadius());
-    const bool by_radius = run_.options.arcs.by_radius;
-    if (element.record->IsArc() && std::fabs(word - element.curve.radius) > 0.01 * element.curve.radius &&
-        (by_radius || has_facets_ || std::fabs(element.curve.sweep) > kThreeQuarterTurn)) {
-        return Cause::kRadiusAsDirection;
-    }
-    if (expansions_ > 1) return Cause::kNestedExpansion;
-    if (unwritten_turns_ > 0) return Cause::kUnwrittenTurn;
-    if (element.record->IsArc() && left_out_repeat_) return Cause::kCentreRepeat;
-    if (!absolute && had_long_arc_) return Cause::kLongArc;
-    if (!absolute && left_out_step_) return Cause::kSmallSteps;
-    if (after_long_arc_ && element.curve.IsArc()) return Cause::kClosedAfterLong;
-    if (element.record->IsArc() && by_radius) return Cause::kRadiusWord;
-    if (element.curve.Length() < 20.0 * step_) return Cause::kFewDecimals;
-    if (off > 0.0 && SourceOf(run_.move).empty()) return Cause::kNoMove;
-    return Cause::kUnknown;
-}
-
-void CJobFollower::Lose(Rule rule, Cause cause, int32_t tool, const LossPlace& place, double amount, double length,
-                        std::string_view detail) {
-    losses_.Add(Loss(rule, cause, tool, detail), place, amount, length);
+void CJobFollower::Lose(Rule rule, Cause cause, int32_t tool, double amount, double length, std::string_view detail) {
+    losses_.Add(Loss(rule, cause, tool, at_, detail), Here(), amount, length);
 }
 
 LossPlace CJobFollower::Here() const {

@@ -34,11 +34,14 @@ constexpr CauseInfo kCauses[] = {
     {kMasterOff, "the master tool is not switched on again", "give the subordinate tool a ToolOn template of its own"},
     {kRadiusAsDirection, "the drawing's radius word gives a direction alone, but the tuning uses the radius",
      "write centres (bArcByCen), or draw true radii"},
+    {kRadiusInInches, "the drawing's radius word is in inches and counts as millimetres",
+     "write centres (bArcByCen), or draw radii in the drawing's unit"},
     {kRadiusWord, "a printed radius can't place the centre well enough", "write centres (bArcByCen), or print more decimals"},
     {kNestedExpansion, "a call within an expanded program is placed as if the main program made it",
      "let the controller call sub-programs (bUseSubs), or draw without nested calls"},
     {kCentreRepeat, "a centre word was left out as a repeat", "set bArcDataModal false"},
     {kSmallSteps, "increments below 0.0005 are left out and add up", "write absolute words (bOutModeAbs), or NONMODAL"},
+    {kSmallOffset, "a centre offset below 0.0005 is left out", "draw the arc as a line, or write NONMODAL"},
     {kLongArc, "an arc above 270 degrees ends beside its drawn end, and what follows is measured from there",
      "write absolute words (bOutModeAbs), or split the arc"},
     {kClosedAfterLong, "a closed arc after an arc above 270 degrees loses its end", "split the arc before it"},
@@ -63,9 +66,24 @@ static_assert(IsInOrder());
 
 const CauseInfo& InfoOf(Cause cause) { return kCauses[static_cast<size_t>(cause)]; }
 
+Cause CauseOf(DropReason reason) {
+    switch (reason) {
+        case DropReason::kToolOutOfRange: return Cause::kToolOutOfRange;
+        case DropReason::kNoTool: return Cause::kNoTool;
+        case DropReason::kTextInIncremental: return Cause::kTextInIncremental;
+        case DropReason::kTextNotSupported: return Cause::kTextNotSupported;
+        case DropReason::kEmptyCall: return Cause::kEmptyCall;
+        case DropReason::kUnknownProgram: return Cause::kUnknownProgram;
+        case DropReason::kCallsItself: return Cause::kCallsItself;
+        case DropReason::kCallsTooDeep: return Cause::kCallsTooDeep;
+        case DropReason::kTooManyCalls: return Cause::kTooManyCalls;
+    }
+    return Cause::kUnknown;
+}
+
 void CLosses::Add(Loss loss, const LossPlace& place, double amount, double length) {
     std::string key = std::to_string(static_cast<int>(loss.rule)) + '/' + std::to_string(static_cast<int>(loss.cause)) +
-                      '/' + std::to_string(loss.tool) + '/' + loss.detail;
+                      '/' + std::to_string(loss.tool) + '/' + loss.template_key + '/' + loss.detail;
     const auto [at, is_new] = known_.try_emplace(std::move(key), all_.size());
     if (is_new) all_.push_back(std::move(loss));
     Loss* const found = &all_[at->second];

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "check/rules.h"
+#include "generator/run_log.h"
 
 namespace brindle {
 
@@ -21,6 +22,12 @@ struct RecordPlace {
 // A record as a call reached it: `call` is the call within `record`'s caller, if any.
 struct LossPlace {
     RecordPlace record, call;
+};
+
+// A line of a template, from 0.
+struct TemplatePlace {
+    const CompiledTemplate* compiled = nullptr;  // null: of none
+    size_t line = 0;
 };
 
 // Why something is lost, as far as the events of the run tell.
@@ -46,10 +53,12 @@ enum class Cause : uint8_t {
     kNoSelection,
     kMasterOff,
     kRadiusAsDirection,
+    kRadiusInInches,
     kRadiusWord,
     kNestedExpansion,
     kCentreRepeat,
     kSmallSteps,
+    kSmallOffset,
     kLongArc,
     kClosedAfterLong,
     kSubsMode,
@@ -64,15 +73,20 @@ struct CauseInfo {
     std::string_view way_out;
 };
 const CauseInfo& InfoOf(Cause cause);
+Cause CauseOf(DropReason reason);
 
 // One finding: what happened to one or more records for one reason.
 struct Loss {
-    Loss(Rule what, Cause why, int32_t of_tool, std::string_view word)
-        : rule(what), cause(why), tool(of_tool), detail(word) {}
+    Loss(Rule what, Cause why, int32_t of_tool, TemplatePlace from, std::string_view word = {})
+        : rule(what), cause(why), tool(of_tool), template_line(from.line), detail(word) {
+        if (from.compiled != nullptr) template_key = from.compiled->Key();
+    }
 
     Rule rule;
     Cause cause;
     int32_t tool;                  // 0 for none
+    std::string template_key;      // of the template that wrote it or should have, empty for none
+    size_t template_line;          // within that, from 0, at the first place
     std::string detail;            // a word of the text, empty for none
     std::vector<LossPlace> first;  // the first few places
     size_t count = 0;
@@ -87,7 +101,7 @@ struct JobSums {
     bool is_whole = true;  // whether all of the job was judged
 };
 
-// Losses by rule, cause, tool and detail, in the order of their first occurrence.
+// Losses by rule, cause, tool, template and detail, in the order of their first occurrence.
 class CLosses {
 public:
     static constexpr size_t kMostPlaces = 3;

@@ -20,6 +20,128 @@ double Coordinate(const Point& p, int axis) { return axis == 0 ? p.x : p.y; }
 double& Coordinate(Point& p, int axis) { return axis == 0 ? p.x : p.y; }
 bool IsArc(MotionCode code) { return code == MotionCode::kClockwise || code == MotionCode::kCounterClockwise; }
 
+// What a G code does.
+enum class GDoes : uint8_t {
+    kNothing,     // that moves the tool elsewhere
+    kUnfollowed,  // changes movements in a way that is not followed
+    kRapid,
+    kLine,
+    kClockwise,
+    kCounterClockwise,
+    kCancel,
+    kDwell,
+    kInches,
+    kMillimetres,
+    kAbsolute,
+    kIncremental,
+    kAbsoluteCentres,
+    kIncrementalCentres,
+    kHome,
+    kMachinePosition,
+    kCall,
+    kSetSystem,
+    kShift,
+    kShiftFromHere,
+    kNoShift,
+    kSystem,
+};
+
+// A line takes one code of each group.
+constexpr unsigned kNoGroup = 31, kMotionGroup = 0, kPlaneGroup = 1, kUnitGroup = 2, kSystemGroup = 3,
+                   kDistanceGroup = 4, kCentreGroup = 5, kFeedModeGroup = 6, kEndGroup = 8, kSpindleGroup = 9;
+
+struct GCode {
+    int tenths;  // 901 is G90.1
+    GDoes does;
+    unsigned group = kNoGroup;
+};
+
+// The codes of LinuxCNC and of the controllers that take the same ones.
+constexpr GCode kGCodes[] = {
+    {0, GDoes::kRapid, kMotionGroup},
+    {10, GDoes::kLine, kMotionGroup},
+    {20, GDoes::kClockwise, kMotionGroup},
+    {30, GDoes::kCounterClockwise, kMotionGroup},
+    {40, GDoes::kDwell},
+    {50, GDoes::kUnfollowed},  // a spline
+    {51, GDoes::kUnfollowed},
+    {52, GDoes::kUnfollowed},
+    {53, GDoes::kUnfollowed},
+    {60, GDoes::kUnfollowed},
+    {80, GDoes::kNothing},  // how exactly corners are met
+    {90, GDoes::kNothing},
+    {100, GDoes::kSetSystem},
+    {150, GDoes::kNothing},     // polar coordinates off
+    {160, GDoes::kUnfollowed},  // and on
+    {170, GDoes::kNothing, kPlaneGroup},
+    {180, GDoes::kUnfollowed},
+    {190, GDoes::kUnfollowed},
+    {200, GDoes::kInches, kUnitGroup},
+    {210, GDoes::kMillimetres, kUnitGroup},
+    {280, GDoes::kHome},
+    {300, GDoes::kHome},
+    {330, GDoes::kUnfollowed},
+    {400, GDoes::kNothing},  // the tool's radius is not taken off; otherwise it is
+    {410, GDoes::kUnfollowed},
+    {420, GDoes::kUnfollowed},
+    {430, GDoes::kNothing},  // the tool's length
+    {431, GDoes::kNothing},
+    {490, GDoes::kNothing},
+    {500, GDoes::kNothing},  // scale off
+    {501, GDoes::kUnfollowed},
+    {510, GDoes::kUnfollowed},
+    {511, GDoes::kUnfollowed},
+    {520, GDoes::kShift},
+    {530, GDoes::kMachinePosition},
+    {540, GDoes::kSystem, kSystemGroup},
+    {550, GDoes::kSystem, kSystemGroup},
+    {560, GDoes::kSystem, kSystemGroup},
+    {570, GDoes::kSystem, kSystemGroup},
+    {580, GDoes::kSystem, kSystemGroup},
+    {590, GDoes::kSystem, kSystemGroup},
+    {600, GDoes::kNothing},  // how exactly the path is kept
+    {610, GDoes::kNothing},
+    {611, GDoes::kNothing},
+    {640, GDoes::kNothing},
+    {650, GDoes::kCall},
+    {680, GDoes::kUnfollowed},  // a turned system
+    {690, GDoes::kNothing},
+    {700, GDoes::kInches, kUnitGroup},
+    {710, GDoes::kMillimetres, kUnitGroup},
+    {730, GDoes::kUnfollowed},  // cycles
+    {800, GDoes::kCancel, kMotionGroup},
+    {810, GDoes::kUnfollowed},
+    {820, GDoes::kUnfollowed},
+    {830, GDoes::kUnfollowed},
+    {840, GDoes::kUnfollowed},
+    {850, GDoes::kUnfollowed},
+    {860, GDoes::kUnfollowed},
+    {870, GDoes::kUnfollowed},
+    {880, GDoes::kUnfollowed},
+    {890, GDoes::kUnfollowed},
+    {900, GDoes::kAbsolute, kDistanceGroup},
+    {901, GDoes::kAbsoluteCentres, kCentreGroup},
+    {910, GDoes::kIncremental, kDistanceGroup},
+    {911, GDoes::kIncrementalCentres, kCentreGroup},
+    {920, GDoes::kShiftFromHere},
+    {921, GDoes::kNoShift},
+    {930, GDoes::kNothing, kFeedModeGroup},
+    {940, GDoes::kNothing, kFeedModeGroup},
+    {950, GDoes::kNothing, kFeedModeGroup},
+    {960, GDoes::kNothing},
+    {970, GDoes::kNothing},
+    {980, GDoes::kNothing},
+    {990, GDoes::kNothing},
+};
+
+// Null for a code that is not known.
+const GCode* FindGCode(double number) {
+    const auto tenths = static_cast<int>(std::lround(number * 10.0));
+    const auto* const found = std::lower_bound(std::begin(kGCodes), std::end(kGCodes), tenths,
+                                               [](const GCode& code, int at) { return code.tenths < at; });
+    return found != std::end(kGCodes) && found->tenths == tenths ? found : nullptr;
+}
+
 std::string GCodeText(double number) {
     const auto tenths = static_cast<int>(std::lround(number * 10.0));
     std::string text = "G" + std::to_string(tenths / 10);
@@ -192,111 +314,56 @@ void CMachine::CountGroup(unsigned group, Block& block) {
 
 // False for a code that changes movements in a way that is not followed.
 bool CMachine::TakeG(double number, Block& block) {
-    const auto tenths = static_cast<int>(std::lround(number * 10.0));
-    const auto move = [&block](MotionCode code) {
-        CountGroup(0, block);
-        block.motion = code;
-    };
-    const auto set = [&block](unsigned group, auto& mode, auto value) {
-        CountGroup(group, block);
-        mode = value;
-    };
-    switch (tenths) {
-        case 0: move(MotionCode::kRapid); return true;
-        case 10: move(MotionCode::kLinear); return true;
-        case 20: move(MotionCode::kClockwise); return true;
-        case 30: move(MotionCode::kCounterClockwise); return true;
-        case 40: block.dwells = true; return true;
-        case 100: block.origin = Block::Origin::kG10; return true;
-        case 170: CountGroup(1, block); return true;
-        case 200:
-        case 700: set(2, inches_, true); return true;
-        case 210:
-        case 710: set(2, inches_, false); return true;
-        case 280:
-        case 300: block.goes_home = true; return true;
-        case 520: block.origin = Block::Origin::kG52; return true;
-        case 530: block.absolute_position = true; return true;
-        case 540:
-        case 550:
-        case 560:
-        case 570:
-        case 580:
-        case 590:
-            set(3, system_, static_cast<size_t>(tenths / 10 - 54));
-            moved_origin_ = true;
-            return true;
-        case 650: block.calls = true; return true;
-        case 800:
-            CountGroup(0, block);
-            block.cancels_motion = true;
-            return true;
-        case 900: set(4, absolute_, true); return true;
-        case 910: set(4, absolute_, false); return true;
-        case 901: set(5, absolute_centres_, true); return true;
-        case 911: set(5, absolute_centres_, false); return true;
-        case 920: block.origin = Block::Origin::kG92; return true;
-        case 921: shift_ = {}; return true;
-        case 80:
-        case 90:
-        case 150:
-        case 400:
-        case 430:
-        case 431:
-        case 490:
-        case 500:
-        case 600:
-        case 610:
-        case 611:
-        case 640:
-        case 690:
-        case 930:
-        case 940:
-        case 950:
-        case 960:
-        case 970:
-        case 980:
-        case 990: return true;
-        case 50:
-        case 60:
-        case 160:
-        case 180:
-        case 190:
-        case 330:
-        case 410:
-        case 420:
-        case 510:
-        case 511:
-        case 501:
-        case 680:
-        case 730:
-        case 810:
-        case 820:
-        case 830:
-        case 840:
-        case 850:
-        case 860:
-        case 870:
-        case 880:
-        case 890: return false;
-        default: user_.Fails(NcFault::kUnknownCode, 0.0, GCodeText(number)); return true;
+    const GCode* const code = FindGCode(number);
+    if (code == nullptr) {
+        user_.Fails(NcFault::kUnknownCode, 0.0, GCodeText(number));
+        return true;
     }
+    if (code->group != kNoGroup) CountGroup(code->group, block);
+    switch (code->does) {
+        case GDoes::kNothing: break;
+        case GDoes::kUnfollowed: return false;
+        case GDoes::kRapid: block.motion = MotionCode::kRapid; break;
+        case GDoes::kLine: block.motion = MotionCode::kLinear; break;
+        case GDoes::kClockwise: block.motion = MotionCode::kClockwise; break;
+        case GDoes::kCounterClockwise: block.motion = MotionCode::kCounterClockwise; break;
+        case GDoes::kCancel: block.cancels_motion = true; break;
+        case GDoes::kDwell: block.dwells = true; break;
+        case GDoes::kInches: inches_ = true; break;
+        case GDoes::kMillimetres: inches_ = false; break;
+        case GDoes::kAbsolute: absolute_ = true; break;
+        case GDoes::kIncremental: absolute_ = false; break;
+        case GDoes::kAbsoluteCentres: absolute_centres_ = true; break;
+        case GDoes::kIncrementalCentres: absolute_centres_ = false; break;
+        case GDoes::kHome: block.goes_home = true; break;
+        case GDoes::kMachinePosition: block.absolute_position = true; break;
+        case GDoes::kCall: block.calls = true; break;
+        case GDoes::kSetSystem: block.origin = Block::Origin::kG10; break;
+        case GDoes::kShift: block.origin = Block::Origin::kG52; break;
+        case GDoes::kShiftFromHere: block.origin = Block::Origin::kG92; break;
+        case GDoes::kNoShift: shift_ = {}; break;
+        case GDoes::kSystem:
+            system_ = static_cast<size_t>(code->tenths / 10 - 54);
+            moved_origin_ = true;
+            break;
+    }
+    return true;
 }
 
 void CMachine::TakeM(double number, Block& block) {
     switch (static_cast<int>(std::lround(number))) {
         case 2:
         case 30:
-            CountGroup(8, block);
+            CountGroup(kEndGroup, block);
             block.ends = true;
             break;
         case 3:
         case 4:
-            CountGroup(9, block);
+            CountGroup(kSpindleGroup, block);
             block.spindle = true;
             break;
         case 5:
-            CountGroup(9, block);
+            CountGroup(kSpindleGroup, block);
             block.spindle = false;
             break;
         case 6: block.changes_tool = true; break;
@@ -419,22 +486,24 @@ void CMachine::MoveOnArc(const Block& block, Point to) {
     if (by_angle) to = EndOfSweep(*block.subtended, center);
     const Point start = Scaled(at_);
     const Point end = Scaled(to);
-    const double from_radius = Distance(start, Scaled(center));
-    const double to_radius = Distance(end, Scaled(center));
-    const double radius = std::max(from_radius, to_radius);
-    const double unequal = std::fabs(from_radius - to_radius);
-    if (std::min(from_radius, to_radius) < kSmallestRadius) {
-        user_.Fails(NcFault::kZeroRadius, radius, {});
-    } else if (!block.radius && unequal > std::max(kRefusedRadii, kRefusedRadiiShare * radius)) {
-        user_.Fails(NcFault::kUnequalRadii, unequal, {});
-    } else if (!block.radius && unequal > std::max(kUnlikeRadii, kRefusedRadiiShare * radius)) {
-        user_.Fails(NcFault::kUnlikeRadii, unequal, {});
-    }
+    JudgeRadii(Distance(Seen(at_), Seen(center)), Distance(Seen(to), Seen(center)), block.radius.has_value());
     motion.center = center;
     motion.sweep = SweepOf(start, end, Scaled(center), clockwise);
     const bool is_circle = by_angle && std::fabs(*block.subtended) > 359.9;
     if (is_circle) motion.sweep = clockwise ? -kFullTurn : kFullTurn;
     Finish(motion, to);
+}
+
+void CMachine::JudgeRadii(double from, double to, bool by_radius) {
+    const double radius = std::max(from, to);
+    const double unequal = std::fabs(from - to);
+    if (std::min(from, to) < kSmallestRadius) {
+        user_.Fails(NcFault::kZeroRadius, radius, {});
+    } else if (!by_radius && unequal > std::max(kRefusedRadii, kRefusedRadiiShare * radius)) {
+        user_.Fails(NcFault::kUnequalRadii, unequal, {});
+    } else if (!by_radius && unequal > std::max(kUnlikeRadii, kRefusedRadiiShare * radius)) {
+        user_.Fails(NcFault::kUnlikeRadii, unequal, {});
+    }
 }
 
 bool CMachine::FindCentre(const Block& block, Point to, Point& center) {
@@ -504,6 +573,12 @@ void CMachine::Finish(Motion motion, Point to) {
     motion.heading_after = heading_;
     at_ = to;
     user_.Moves(motion);
+}
+
+// A controller takes the numbers for millimetres or inches, whatever factors its axes have.
+Point CMachine::Seen(Point p) const {
+    const bool is_plane = ReadsText() && !in_degrees_[0] && !in_degrees_[1];
+    return is_plane ? Point{p.x * mm_per_unit_, p.y * mm_per_unit_} : Scaled(p);
 }
 
 Point CMachine::Scaled(Point p) const { return {p.x * plane_per_unit_[0], p.y * plane_per_unit_[1]}; }

@@ -177,6 +177,8 @@ private:
     void SetOrigin(const Block& block);
     void Move(const Block& block);
     void MoveOnArc(const Block& block, Point to);
+    // Of start and end, millimetres.
+    void JudgeRadii(double from, double to, bool by_radius);
     bool FindCentre(const Block& block, Point to, Point& center);
     Point EndOfSweep(double subtended, Point center) const;
     bool CentreByRadius(double radius, Point to, Point& center);
@@ -184,6 +186,7 @@ private:
     double UnitRatio(int axis) const;
     Point Origin() const { return {systems_[system_].x + shift_.x, systems_[system_].y + shift_.y}; }
     Point Target(const Block& block) const;
+    Point Seen(Point p) const;
     Point Scaled(Point p) const;
     Point ToPlane(Point p) const;
 

@@ -73,8 +73,8 @@ CToolPower::CToolPower(RunContext& run, bool reads_text) : run_(run), reads_text
     for (int32_t tool = 1; tool <= last && reads_text; ++tool) {
         const Tool& data = run.tools.Get(tool);
         for (const ToolData* level : {data.own, data.physical}) {
-            const std::string on = SourceOf(level->on);
-            const std::string source = SourceOf(level->select) + on;
+            const std::string on = level->on.Source();
+            const std::string source = level->select.Source() + on;
             by_t_words_ |= HasWord(source, 'T', {});
             writes_m6_ |= HasWord(source, 'M', "6");
             has_spindle_tools_ |= HasWord(on, 'M', "34");
@@ -106,37 +106,36 @@ const CToolPower::Traits& CToolPower::TraitsOf(int32_t tool) const {
     traits.own = data.own;
     traits.physical = data.physical;
     const bool has_master = data.physical != data.own;
-    const std::string own_on = SourceOf(data.own->on);
-    const std::string physical_on = has_master ? SourceOf(data.physical->on) : std::string();
+    const std::string own_on = data.own->on.Source();
+    const std::string physical_on = has_master ? data.physical->on.Source() : std::string();
     traits.kind = KindOf(own_on + physical_on);
     traits.own_on = KindOf(own_on) != PowerKind::kNothing;
     traits.physical_on = KindOf(physical_on) != PowerKind::kNothing;
-    traits.has_off = !SourceOf(data.own->off).empty() || !SourceOf(data.physical->off).empty();
-    traits.select_key = SourceOf(data.own->select);
-    if (has_master) traits.select_key += "|" + SourceOf(data.physical->select);
-    if (HasDirective(data.own->select, DirectiveId::kToolId) ||
-        HasDirective(data.physical->select, DirectiveId::kToolId)) {
+    traits.has_off = !data.own->off.Source().empty() || !data.physical->off.Source().empty();
+    traits.select_key = data.own->select.Source();
+    if (has_master) traits.select_key += "|" + data.physical->select.Source();
+    if (data.own->select.Has(DirectiveId::kToolId) || data.physical->select.Has(DirectiveId::kToolId)) {
         traits.select_key += std::to_string(tool);
     }
     return traits;
 }
 
-void CToolPower::Wrote(TemplateUse use, const CompiledTemplate& compiled, int32_t tool, double depth) {
+void CToolPower::Wrote(const CompiledTemplate& compiled, int32_t tool, double depth) {
     const Traits& traits = TraitsOf(tool);
     const bool is_own = traits.own == traits.physical || &compiled == &traits.own->on || &compiled == &traits.own->off;
     const ToolData* const level = is_own ? traits.own : traits.physical;
-    if (use == TemplateUse::kToolSelect) {
+    if (compiled.Is(Event("ToolSel_"))) {
         loaded_key_ = traits.select_key;
         if (traits.physical->on_after_select) on_by_selection_ = traits.physical;
     }
-    if (use == TemplateUse::kToolOn) {
+    if (compiled.Is(Event("ToolOn_"))) {
         on_.insert(level);
         on_depth_ = depth;
         if (std::find(switched_on_.begin(), switched_on_.end(), tool) == switched_on_.end()) {
             switched_on_.push_back(tool);
         }
     }
-    if (use == TemplateUse::kToolOff) {
+    if (compiled.Is(Event("ToolOff_"))) {
         on_.erase(level);
         on_by_selection_ = nullptr;
     }

@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "generator/run_context.h"
-#include "generator/template_use.h"
 
 namespace brindle {
 
@@ -26,7 +25,7 @@ public:
     CToolPower(RunContext& run, bool reads_text);
 
     // A template of tool `tool` has written something; Z is `depth` now.
-    void Wrote(TemplateUse use, const CompiledTemplate& compiled, int32_t tool, double depth);
+    void Wrote(const CompiledTemplate& compiled, int32_t tool, double depth);
     void TakeTWord(double t_word, int32_t tool);  // of a template of `tool`, -1 for none
     void ChangeTool();
     void SwitchSpindle(bool on) { spindle_ = on; }
@@ -38,6 +37,7 @@ public:
     bool IsAnyOn(double depth) const;
     // Whether the machine holds the tool that templates of `tool` select.
     bool Holds(int32_t tool) const;
+    bool ReadsText() const { return reads_text_; }
     // Whether T words select tools.
     bool ByTWords() const { return by_t_words_; }
     bool WritesM6() const { return writes_m6_; }

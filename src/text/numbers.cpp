@@ -22,6 +22,31 @@ bool TakeSign(std::string_view& text) {
     return negative;
 }
 
+// Reads off the front of the text what std::from_chars would. The digits of most numbers and the power of ten below
+// them are doubles without a rounding, so that one division gives the nearest double (W. D. Clinger, "How to read
+// floating point numbers accurately", 1990). All others go to the library.
+std::from_chars_result FromDecimal(const char* first, const char* last, double& value) {
+    constexpr double kPowers[] = {1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    constexpr ptrdiff_t kMostDigits = 15;
+    const char* at = first;
+    const bool negative = at != last && *at == '-';
+    if (negative) ++at;
+    uint64_t digits = 0;
+    const auto take_digits = [&] {
+        const char* const start = at;
+        for (; at != last && IsDigit(*at); ++at) digits = digits * 10 + static_cast<uint64_t>(*at - '0');
+        return at - start;
+    };
+    const ptrdiff_t whole = take_digits();
+    if (at != last && *at == '.') ++at;
+    const ptrdiff_t decimals = take_digits();
+    const bool is_plain = whole > 0 && whole + decimals <= kMostDigits && (at == last || (*at != 'e' && *at != 'E'));
+    if (!is_plain) return std::from_chars(first, last, value, std::chars_format::general);
+    value = static_cast<double>(digits) / kPowers[decimals];
+    if (negative) value = -value;
+    return {at, std::errc()};
+}
+
 bool BeginsDecimal(std::string_view text) {
     return !text.empty() && (IsDigit(text[0]) || (text[0] == '.' && text.size() > 1 && IsDigit(text[1])));
 }
@@ -33,7 +58,7 @@ double LeadingDouble(std::string_view text) {
     const bool negative = TakeSign(text);
     if (!BeginsDecimal(text)) return 0.0;
     double value = 0.0;
-    const auto result = std::from_chars(text.data(), text.data() + text.size(), value, std::chars_format::general);
+    const auto result = FromDecimal(text.data(), text.data() + text.size(), value);
     if (result.ec != std::errc() || !std::isfinite(value)) return 0.0;
     return negative ? -value : value;
 }
@@ -41,7 +66,7 @@ double LeadingDouble(std::string_view text) {
 std::optional<double> ParseNumber(std::string_view text) {
     if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
     double value = 0.0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    const auto [end, error] = FromDecimal(text.data(), text.data() + text.size(), value);
     if (error != std::errc() || end != text.data() + text.size() || !std::isfinite(value)) return std::nullopt;
     return value;
 }

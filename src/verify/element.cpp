@@ -88,6 +88,19 @@ Nearness NearnessOf(const Curve& curve, Point p) {
 
 // ---- What is cut ----
 
+double CCoverage::Take(const Curve& cut, double limit) {
+    if (curve_->IsArc() || cut.IsArc()) {
+        const double deviation = DeviationFrom(*curve_, cut);
+        if (deviation <= limit) Add(cut);
+        return deviation;
+    }
+    const Nearness first = NearnessOf(*curve_, cut.start);
+    const Nearness last = NearnessOf(*curve_, cut.end);
+    const double deviation = std::max(first.distance, last.distance);
+    if (deviation <= limit) AddSpan(first.along, last.along);
+    return deviation;
+}
+
 void CCoverage::Add(const Curve& cut) {
     const double first = NearnessOf(*curve_, cut.start).along;
     const double last = NearnessOf(*curve_, cut.end).along;
@@ -116,6 +129,7 @@ void CCoverage::Sort() {
 // Both ends are cut.
 double CCoverage::GapBetween(double first, double last) const {
     if (last - first < kSamePoint || length_ == 0.0) return 0.0;
+    if (!curve_->IsArc()) return 0.5 * (last - first);
     const Point ends[] = {curve_->At(first / length_), curve_->At(last / length_)};
     double gap = 0.0;
     for (int i = 1; i < 8; ++i) {
@@ -127,7 +141,6 @@ double CCoverage::GapBetween(double first, double last) const {
 
 double CCoverage::LargestGap() {
     Sort();
-    const Point first = curve_->At(spans_.front().first / length_);
     double reached = spans_.front().first;
     double gap = 0.0;
     for (const Span& span : spans_) {
@@ -138,6 +151,8 @@ double CCoverage::LargestGap() {
         // What is not cut at its end goes on at its beginning.
         return std::max(gap, GapBetween(reached, length_ + spans_.front().first));
     }
+    if (!curve_->IsArc()) return std::max({gap, spans_.front().first, length_ - reached});
+    const Point first = curve_->At(spans_.front().first / length_);
     gap = std::max(gap, Distance(first, curve_->start));
     for (int i = 1; i <= 8; ++i) {
         const Point p = curve_->At((reached + (length_ - reached) * i / 8.0) / length_);

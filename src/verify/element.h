@@ -46,8 +46,9 @@ public:
         length_ = curve.Length();
         spans_.clear();
     }
-    // Takes `cut`, which is near the curve, as cut.
-    void Add(const Curve& cut);
+    // Takes `cut` as a part of the curve if no point of it is farther away than `limit`, and gives how far one is,
+    // millimetres.
+    double Take(const Curve& cut, double limit);
     bool IsEmpty() const { return spans_.empty(); }
     // How far a point of the curve may be away from what is cut of it, millimetres. Something must be cut.
     double LargestGap();
@@ -59,6 +60,7 @@ private:
         double first, last;  // along the curve
     };
 
+    void Add(const Curve& cut);
     void AddSpan(double first, double last);
     void Sort();
     double GapBetween(double first, double last) const;

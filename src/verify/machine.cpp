@@ -181,13 +181,18 @@ CMachine::CMachine(const RunContext& run, CMachineUser& user)
 // ---- Text ----
 
 void CMachine::TakeText(std::string_view text) {
-    for (const char c : text) {
-        if (c == '\n' || c == '\r') {
+    const auto ends_line = [](char c) { return c == '\n' || c == '\r'; };
+    for (auto end = text.begin(); (end = std::find_if(text.begin(), text.end(), ends_line)) != text.end();) {
+        const std::string_view line(text.begin(), end);
+        text = {end + 1, text.end()};
+        if (HasUnfinishedLine()) {
+            line_text_ += line;
             FinishLine();
-        } else {
-            line_text_.push_back(c);
+        } else if (!line.empty()) {
+            CarryOut(line);
         }
     }
+    line_text_ += text;
 }
 
 void CMachine::FinishLine() {

@@ -1,10 +1,10 @@
 #include "verify/nc_line.h"
 
 #include <algorithm>
-#include <charconv>
 
 #include "generator/buffer_mgr.h"
 #include "text/ascii.h"
+#include "text/numbers.h"
 
 namespace brindle {
 namespace {
@@ -12,11 +12,26 @@ namespace {
 bool IsLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
 bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 
-// `text` in upper case without comments, and without dwells, which the host cuts out.
-std::string WithoutComments(std::string_view text, bool& bad_comment) {
-    std::string plain;
-    bool in_comment = false;
+bool IsPlain(std::string_view text) {
+    const auto changes = [](char c) { return c == '(' || c == ';' || (c >= 'a' && c <= 'z'); };
+    return std::none_of(text.begin(), text.end(), changes) && text.find(kDwellMarker) == std::string_view::npos;
+}
+
+// The host cuts them out of the NC text.
+void TakeOutDwells(std::string& plain) {
+    for (size_t at; (at = plain.find(kDwellMarker)) != std::string::npos;) {
+        size_t last = at + kDwellMarker.size();
+        if (last < plain.size() && plain[last] == '[') last = std::min(plain.find(']', last), plain.size() - 1) + 1;
+        plain.erase(at, last - at);
+    }
+}
+
+// `text` in upper case, without comments and dwells. If that is another text, it is made in `plain`.
+std::string_view PlainText(std::string_view text, std::string& plain, bool& bad_comment) {
     bad_comment = false;
+    if (IsPlain(text)) return text;
+    plain.clear();
+    bool in_comment = false;
     for (const char c : text) {
         if (in_comment) {
             bad_comment |= c == '(';
@@ -30,11 +45,7 @@ std::string WithoutComments(std::string_view text, bool& bad_comment) {
         }
     }
     bad_comment |= in_comment;
-    for (size_t at; (at = plain.find(kDwellMarker)) != std::string::npos;) {
-        size_t last = at + kDwellMarker.size();
-        if (last < plain.size() && plain[last] == '[') last = std::min(plain.find(']', last), plain.size() - 1) + 1;
-        plain.erase(at, last - at);
-    }
+    TakeOutDwells(plain);
     return plain;
 }
 
@@ -56,15 +67,12 @@ bool TakeExpression(std::string_view& text) {
 std::optional<double> TakeNumber(std::string_view& text) {
     size_t at = 0;
     while (at < text.size() && IsBlank(text[at])) ++at;
-    const bool plus = at < text.size() && text[at] == '+';
-    size_t last = plus ? at + 1 : at;
+    size_t last = at;
+    if (last < text.size() && text[last] == '+') ++last;
     if (last < text.size() && text[last] == '-') ++last;
     while (last < text.size() && ((text[last] >= '0' && text[last] <= '9') || text[last] == '.')) ++last;
-    double value = 0.0;
-    const char* const first = text.data() + at + (plus ? 1 : 0);
-    const auto [end, error] = std::from_chars(first, text.data() + last, value, std::chars_format::fixed);
-    if (error != std::errc() || end != text.data() + last) return std::nullopt;
-    text.remove_prefix(last);
+    const std::optional<double> value = ParseNumber(text.substr(at, last - at));
+    if (value) text.remove_prefix(last);
     return value;
 }
 
@@ -99,6 +107,7 @@ CNcLineReader::CNcLineReader(const RunOptions& options) {
     StandardCentres();
     std::stable_sort(addresses_.begin(), addresses_.end(),
                      [](const Address& a, const Address& b) { return a.text.size() > b.text.size(); });
+    for (const Address& address : addresses_) begins_address_[static_cast<unsigned char>(address.text[0])] = true;
 }
 
 // Where axes and centres have their usual letters, I belongs to X, whatever the tuning says.
@@ -126,6 +135,7 @@ void CNcLineReader::Add(const OptionText& option, NcAddress address) {
 }
 
 const CNcLineReader::Address* CNcLineReader::AddressAt(std::string_view text) const {
+    if (!begins_address_[static_cast<unsigned char>(text[0])]) return nullptr;
     const auto found = std::find_if(addresses_.begin(), addresses_.end(),
                                     [text](const Address& address) { return text.starts_with(address.text); });
     return found == addresses_.end() ? nullptr : &*found;
@@ -135,8 +145,7 @@ void CNcLineReader::Read(std::string_view text, NcLine& line) const {
     line.words.clear();
     line.unread.clear();
     line.label.clear();
-    const std::string plain = WithoutComments(text, line.bad_comment);
-    std::string_view rest = plain;
+    std::string_view rest = PlainText(text, line.plain, line.bad_comment);
     bool is_first = true;
     while (!rest.empty()) {
         if (IsBlank(rest[0]) || rest[0] == '/') {

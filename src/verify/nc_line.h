@@ -1,6 +1,7 @@
 // A line of NC text read as a controller of the RS-274 family reads it.
 #pragma once
 
+#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -23,6 +24,7 @@ struct NcLine {
     std::vector<NcWord> words;
     std::string unread;        // the first piece that is no word; empty if all is read
     bool bad_comment = false;  // one is not closed, or begins within another
+    std::string plain;         // memory for the line without comments
     std::string label;         // what follows an O or a colon at the front, as `100 SUB`; then there are no words
 };
 
@@ -46,7 +48,8 @@ private:
     void StandardCentres();
     const Address* AddressAt(std::string_view text) const;
 
-    std::vector<Address> addresses_;  // the longest ones first
+    std::vector<Address> addresses_;             // the longest ones first
+    std::array<bool, 256> begins_address_ = {};  // by character
     bool can_read_ = false;
 };
 

@@ -88,10 +88,10 @@ bool CRecordJudge::IsDrawn(const MadeCut& cut, const Circumstances& now, double&
         const DrawnRecord& drawn = open_[i];
         if (drawn.is_text) continue;
         const bool is_facet = drawn.curve.IsArc() && !cut.curve.IsArc();
-        const double deviation = DeviationFrom(drawn.curve, cut.curve);
+        const double limit = drawn.tolerance + (is_facet ? SagOf(drawn) : 0.0);
+        const double deviation = coverage_[i].Take(cut.curve, limit);
         off = std::min(off, deviation);
-        if (deviation > drawn.tolerance + (is_facet ? SagOf(drawn) : 0.0)) continue;
-        coverage_[i].Add(cut.curve);
+        if (deviation > limit) continue;
         JudgeHeading(cut, drawn, now);
         if (!cut.right_tool && cut.curve.Length() > drawn.tolerance) {
             const Cause cause = now.has_callees_tool ? Cause::kCalleesTool : Cause::kNoSelection;

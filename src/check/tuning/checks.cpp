@@ -9,6 +9,8 @@ void CheckAll(const CPlacedTuning& tuning, CDiagnostics& diagnostics) {
         CheckSpeeds,         CheckMissingDirectives,
         CheckTools,          CheckTextSyntax,
         CheckTemplateEvents, CheckEmptyAddressesAndCodes,
+        CheckEqualAddresses, CheckCutTemplates,
+        CheckLiterals,       CheckModalData,
         CheckCycles,         CheckUnreadKeys,
     };
     for (const auto check : kChecks) check(tuning, diagnostics);

@@ -37,6 +37,18 @@ void CheckTemplateEvents(const CPlacedTuning& tuning, CDiagnostics& diagnostics)
 // Addresses and codes that are empty though a directive writes them.
 void CheckEmptyAddressesAndCodes(const CPlacedTuning& tuning, CDiagnostics& diagnostics);
 
+// Words of one line that have the same address.
+void CheckEqualAddresses(const CPlacedTuning& tuning, CDiagnostics& diagnostics);
+
+// Templates of lines and arcs without the interpolation code, or without what makes an arc.
+void CheckCutTemplates(const CPlacedTuning& tuning, CDiagnostics& diagnostics);
+
+// Codes and speeds in fixed text, of which the memory of modal words does not know.
+void CheckLiterals(const CPlacedTuning& tuning, CDiagnostics& diagnostics);
+
+// Words without an address that are left out where they repeat.
+void CheckModalData(const CPlacedTuning& tuning, CDiagnostics& diagnostics);
+
 // Option texts that come back to themselves.
 void CheckCycles(const CPlacedTuning& tuning, CDiagnostics& diagnostics);
 

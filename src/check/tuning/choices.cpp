@@ -27,9 +27,20 @@ private:
     void CheckFurther(KeyRef key, KeyRef taken) {
         const PlacedItem* const item = tuning_.Find(key->name);
         if (item == nullptr || !IsTrue(key) || !WhyUnread(tuning_, item->match).empty()) return;
-        std::string text = std::string(key->name) + " has no effect: " + std::string(taken->name);
-        text += tuning_.Find(taken->name) == nullptr ? " is true by default" : " is true too";
-        diagnostics_.Add(Rule::kSeveralChosen, item->KeyPlace(), std::move(text));
+        std::string why(taken->name);
+        why += tuning_.Find(taken->name) == nullptr ? " is true by default" : " is true too";
+        if (key == Key("bInAbsCenIsAbs") && tuning_.options().ReadBool(Key("bArcDataModal"))) {
+            return diagnostics_.Add(Rule::kSeveralChosen, item->KeyPlace(), HalfAbsoluteText(taken, why),
+                                    "set " + std::string(taken->name) + " false for absolute centres");
+        }
+        diagnostics_.Add(Rule::kSeveralChosen, item->KeyPlace(), std::string(key->name) + " has no effect: " + why);
+    }
+
+    // A run asks for bInAbsCenIsAbs apart from how centres are measured, for how repeats are left out.
+    static std::string HalfAbsoluteText(KeyRef taken, const std::string& why) {
+        const bool from_start = taken == Key("bInAbsCenFromStart");
+        return why + ": centre words are offsets from the " + (from_start ? "start" : "end") +
+               " of the arc, and yet left out where they repeat the last ones";
     }
 
     void CheckLast(KeyRef last) {

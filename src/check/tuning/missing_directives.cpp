@@ -35,6 +35,7 @@ public:
                 "no template has @IncludeRotWord: turned calls are cut as if they were not turned");
         CheckFlyMode();
         CheckRotation();
+        CheckEntry();
         CheckCalls();
         CheckModeOfSubs();
         CheckSequence();
@@ -81,6 +82,22 @@ private:
             if (!tool.physical || !options_.IsTangential(prefix)) continue;
             return Add(Rule::kNoToolRotation, prefix + std::string(Key("bTangential")->name),
                        "no template has @AtAngle or @FinAngle: the tool is never turned");
+        }
+    }
+
+    // A tool that lifts to be turned goes down again where it is: no move turns it.
+    void CheckEntry() {
+        if (options_.ReadText(Key("ToolRot_sAddr")).empty() || !Writes({D::kAtAngle})) return;
+        for (const auto& [prefix, tool] : tuning_.tools()) {
+            if (!tool.physical || !options_.IsTangential(prefix)) continue;
+            const std::string on = TemplateKey(Event("ToolOn_"), prefix);
+            const bool goes_down = AnyText([&on](const PlacedText& text) { return text.item->key == on; });
+            const bool is_turned = AnyUse([&on](const DirectiveUse& use) {
+                return use.text->item->key == on && IsOneOf(use, {D::kAtAngle, D::kFinAngle});
+            });
+            if (!goes_down || is_turned) continue;
+            Add(Rule::kNoEntryAngle, on,
+                on + " has no @AtAngle: after a lift the tool goes down as it was, and turns in the material");
         }
     }
 

@@ -80,13 +80,14 @@ void CPlacedTuning::FindTexts() {
     for (PlacedText& text : texts_) {
         const std::string_view code = text.InTemplate() ? WithoutComment(text.word.text()) : text.word.text();
         text.pieces = PlacePieces(code);
-        for (const PlacedPiece& piece : text.pieces) {
-            if (piece.piece.kind != TemplatePiece::Kind::kDirective) continue;
-            std::string name = piece.piece.text;
+        for (size_t i = 0; i < text.pieces.size(); ++i) {
+            const PlacedPiece& placed = text.pieces[i];
+            if (placed.piece.kind != TemplatePiece::Kind::kDirective) continue;
+            std::string name = placed.piece.text;
             const CAtDirKeywords keywords(name);
             const DirectiveInfo* const directive = FindDirective(name);
             if (directive == nullptr) continue;
-            directives_.push_back({directive, keywords.words(), &text, text.word.PlaceOf(piece.at, name.size())});
+            directives_.push_back({directive, keywords.words(), &text, text.word.PlaceOf(placed.at, name.size()), i});
         }
     }
 }

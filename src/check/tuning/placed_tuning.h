@@ -77,7 +77,8 @@ struct DirectiveUse {
     const DirectiveInfo* directive = nullptr;
     KeywordSet keywords;
     const PlacedText* text = nullptr;
-    Place place;  // of its name
+    Place place;       // of its name
+    size_t piece = 0;  // its index in the text
 };
 
 // A tool prefix that the tuning has.

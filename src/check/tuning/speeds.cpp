@@ -52,6 +52,7 @@ public:
         for (const PlacedText& text : tuning_.texts()) CheckText(text);
         CheckSecondParameter();
         CheckToolsWithoutSpeed();
+        CheckMissingSpeeds();
     }
 
 private:
@@ -97,7 +98,8 @@ private:
             std::string text = Quoted(number.text) + " is no number that can be read: as a ";
             text += is_factor ? "factor on speeds" : "speed";
             text += " it counts as " + ShortNumber(counts_as_one ? 1.0 : read);
-            if (!is_factor && read == 0.0) text += ", which is not written";
+            // Decimals of 4545 have no smallest step below which a speed is left out.
+            if (!is_factor && read == 0.0 && SmallestFactor() > 0.0) text += ", which is not written";
             return diagnostics_.Add(Rule::kBadSpeed, number.line->PlaceOf(number.word), std::move(text));
         }
         if (!counts_as_one) return;
@@ -134,11 +136,7 @@ private:
         for (const PlacedText& text : tuning_.texts()) {
             if (!text.InTemplate() || text.item->match.tool_prefix.empty()) continue;
             with_templates.insert(text.item->match.tool_prefix);
-            for (const PlacedPiece& piece : text.pieces) {
-                const bool may_be_speed =
-                    piece.piece.kind == Kind::kRunValue || piece.piece.text.find(address) != address.npos;
-                if (may_be_speed) with_address.insert(text.item->match.tool_prefix);
-            }
+            if (MayHoldSpeed(text, address)) with_address.insert(text.item->match.tool_prefix);
         }
         for (const auto& [prefix, tool] : tuning_.tools()) {
             const std::string physical = options_.ToolKeyPrefix(tool.number, true);
@@ -148,6 +146,50 @@ private:
             diagnostics_.Add(
                 Rule::kToolWithoutSpeed, tool.first->KeyPlace(),
                 "tool " + std::to_string(tool.number) + " has no speed, other tools have: it goes at theirs");
+        }
+    }
+
+    static bool MayHoldSpeed(const PlacedText& text, const std::string& address) {
+        return std::any_of(text.pieces.begin(), text.pieces.end(), [&address](const PlacedPiece& placed) {
+            return placed.piece.kind == Kind::kRunValue || placed.piece.text.find(address) != address.npos;
+        });
+    }
+
+    // The speeds that a tool lacks although it has another one: those by direction, and that of arcs.
+    void CheckMissingSpeeds() {
+        if (!used_keys_.contains(kSpeeds[0][0]->name)) return;
+        if (!AnyToolHasSpeed(0)) return CheckNoSpeed();
+        const size_t values = options_.ReadBool(Key("Speed_b1")) ? 1 : options_.ReadBool(Key("Speed_b4")) ? 4 : 2;
+        for (const auto& [prefix, tool] : tuning_.tools()) {
+            if (!tool.own || !HasSpeed(prefix, 0)) continue;
+            for (size_t i = 0; i < values; ++i) {
+                CheckSpeed(
+                    prefix, kSpeeds[0][i],
+                    values == 1 ? "lines have no speed" : "cuts along one axis have no speed (Speed_b1 is false)");
+            }
+            if (!options_.ReadBool(Key("Speed_bSepForArcs"), options_.ToolKeyPrefix(tool.number, true))) continue;
+            CheckSpeed(prefix, kSpeeds[0][4], "arcs have no speed (Speed_bSepForArcs is true)");
+        }
+    }
+
+    void CheckSpeed(const std::string& prefix, KeyRef key, std::string_view effect) {
+        if (!options_.ReadText(key, prefix).empty()) return;
+        diagnostics_.Add(
+            Rule::kMissingSpeed, tuning_.Tool(prefix)->first->KeyPlace(),
+            prefix + std::string(key->name) + " is missing: " + std::string(effect) + " and go at the last one");
+    }
+
+    // None at all, unless fixed text has one.
+    void CheckNoSpeed() {
+        const std::string address = options_.ReadText(Key("Speed_sParam1Addr"));
+        const bool may_be_text =
+            std::any_of(tuning_.texts().begin(), tuning_.texts().end(),
+                        [&](const PlacedText& text) { return text.InTemplate() && MayHoldSpeed(text, address); });
+        if (address.empty() || may_be_text) return;
+        for (const DirectiveUse& use : tuning_.directives()) {
+            if (use.directive->id != DirectiveId::kSpeedWords || !IsRead(tuning_, *use.text)) continue;
+            return diagnostics_.Add(Rule::kMissingSpeed, use.place,
+                                    "@SpeedWords writes nothing: no tool in use has a speed");
         }
     }
 

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "check/tuning/checks.h"
 #include "check/tuning/conditions.h"
 #include "check/tuning/decimals.h"
@@ -121,6 +123,28 @@ void CheckMissingTemplates(const CPlacedTuning& tuning, CDiagnostics& diagnostic
     }
 }
 
+bool WritesAxisNumbers(const DirectiveUse& use) {
+    constexpr DirectiveId kWriters[] = {DirectiveId::kStartPtWords, DirectiveId::kEndPtWords,
+                                        DirectiveId::kIncludePtWords};
+    return std::find(std::begin(kWriters), std::end(kWriters), use.directive->id) != std::end(kWriters);
+}
+
+// The default of the grid to which numbers are rounded is not that of the decimals with which they are printed.
+void CheckAbsentDecimals(const CPlacedTuning& tuning, CDiagnostics& diagnostics) {
+    const bool has_numbers =
+        std::any_of(tuning.directives().begin(), tuning.directives().end(),
+                    [&tuning](const DirectiveUse& use) { return WritesAxisNumbers(use) && IsRead(tuning, *use.text); });
+    if (!has_numbers || !Holds(Condition::kMillimetres, tuning)) return;
+    std::string missing;
+    for (const KeyRef key : {Key("MM_AX1_nNDec"), Key("MM_AX2_nNDec")}) {
+        int32_t decimals = 0;
+        if (tuning.options().GetInt(key->name, decimals)) continue;
+        missing.append(missing.empty() ? "there is no " : " and no ").append(key->name);
+    }
+    if (missing.empty()) return;
+    diagnostics.Add(Rule::kNoDecimals, {}, missing + ": numbers are rounded to 2 decimals, but printed with 3");
+}
+
 }  // namespace
 
 void CheckValues(const CPlacedTuning& tuning, CDiagnostics& diagnostics) {
@@ -131,6 +155,7 @@ void CheckValues(const CPlacedTuning& tuning, CDiagnostics& diagnostics) {
         diagnostics.Add(check.rule, item->KeyPlace(), std::string(check.text));
     }
     CheckMissingTemplates(tuning, diagnostics);
+    CheckAbsentDecimals(tuning, diagnostics);
 }
 
 }  // namespace brindle

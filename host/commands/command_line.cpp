@@ -68,6 +68,7 @@ int RunCommandLine(int argc, char** argv) {
     AddDumpCommand(app, status);
     AddKeysCommand(app, status);
     AddDirectivesCommand(app, status);
+    AddRulesCommand(app, status);
     AddDataCommand(app, status);
     AddPlotCommand(app, status);
     AddEditCommand(app, status);

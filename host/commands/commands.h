@@ -18,6 +18,7 @@ void AddCheckCommand(CLI::App& app, int& status);
 void AddDumpCommand(CLI::App& app, int& status);
 void AddKeysCommand(CLI::App& app, int& status);
 void AddDirectivesCommand(CLI::App& app, int& status);
+void AddRulesCommand(CLI::App& app, int& status);
 void AddDataCommand(CLI::App& app, int& status);
 void AddPlotCommand(CLI::App& app, int& status);
 void AddEditCommand(CLI::App& app, int& status);

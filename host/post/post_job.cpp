@@ -1,8 +1,11 @@
 #include "host/post/post_job.h"
 
+#include <algorithm>
 #include <filesystem>
+#include <iterator>
 #include <new>
 
+#include "check/job_names.h"
 #include "host/console/messages.h"
 #include "host/console/progress_line.h"
 #include "host/files/input_file.h"
@@ -31,6 +34,7 @@ public:
         std::optional<LoadedDrawing> drawing =
             LoadDrawing(planned_.drawing, &tuning_.options, {options_.allowed, options_.comparison.skipped_tools});
         if (!drawing) return JobOutcome::kNotMade;
+        const size_t name_warnings = CheckJobNames();
         ExpressionValues values;
         if (!SettleExpressions(tuning_, options_.run_data, Values(drawing->survey), values)) {
             return JobOutcome::kNotMade;
@@ -49,7 +53,7 @@ public:
         PrintRunMessages(result, planned_.drawing, options_.verbose);
         const LossCounts counts = ReportLosses(comparison.losses(), options_.allowed, drawing->text, planned_.drawing);
         const size_t losses = drawing->losses + counts.losses;
-        if (options_.strict && losses + drawing->warnings + counts.warnings > 0) {
+        if (options_.strict && losses + drawing->warnings + counts.warnings + name_warnings > 0) {
             PrintError(InDrawing(0), "warnings count as errors (--strict): no NC file written");
             return JobOutcome::kNotMade;
         }
@@ -77,6 +81,24 @@ private:
                 .texts = Count(survey.texts),
                 .calls = Count(survey.calls),
                 .subs = Count(survey.subs)};
+    }
+
+    // Reports names that the tuning writes where they do harm; gives the number of warnings.
+    size_t CheckJobNames() const {
+        JobData job;
+        SetJobData(job);
+        const JobName names[] = {{"@CADFile", job.file_name},          {"@OutputFile", job.output_name},
+                                 {"@MaterialFile", job.material_file}, {"@TuneFile", job.tuning_file},
+                                 {"@TuneMenuPick", job.tuning_pick},   {"@DataSetName", job.dataset_name}};
+        // The tuning is taken apart only where a name is out of the ordinary.
+        if (std::none_of(std::begin(names), std::end(names),
+                         [](const JobName& name) { return IsRiskyName(name.text); }))
+            return 0;
+        CDiagnostics diagnostics(tuning_.file.path, tuning_.file.lines);
+        diagnostics.Allow(options_.allowed);
+        CheckNames(CPlacedTuning(tuning_.file.lines), names, diagnostics);
+        PrintDiagnostics(diagnostics);
+        return diagnostics.Count(Severity::kWarning);
     }
 
     void SetJobData(JobData& job) const {

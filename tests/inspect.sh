@@ -53,6 +53,21 @@ expect 'a run-time word' 0 "$("$BRINDLE" directives '<RTD(r,c)>')" directives 'R
 "$BRINDLE" directives CutWidth --markdown >/dev/null 2>&1
 [ $? = 2 ] || fail 'one entry as a page is wrong usage'
 
+expect 'a rule' 0 'modal-data
+  warning  A number without an address is left out where it repeats the last one, which leaves a gap.
+  way out  Set the option of the repeats false (bAxisDataModal, bArcDataModal), or write NONMODAL.
+
+  wrong, added to the plotter
+    BOOL bAxisDataModal true
+  right, added to the plotter
+    BOOL bAxisDataModal false' rules modal-data
+BRINDLE=$BRINDLE python3 -B "$SOURCE_DIR/scripts/modal_picture.py" | cmp -s - "$SOURCE_DIR/docs/pictures/modal_words.svg" ||
+    fail 'docs/pictures/modal_words.svg is not what scripts/modal_picture.py draws'
+expect 'no rule' 1 "brindle: no rule 'not-cutt' (did you mean not-cut?)" rules not-cutt
+while read -r name; do
+    "$BRINDLE" rules "$name" >/dev/null || fail "$name has no entry"
+done < <("$BRINDLE" rules | grep -o '^    [^ ]*')
+
 expect 'check of several files' 1 'brindle: bad/missing.tun: no such file
 brindle: bad/strict.tun:5: warning: unknown key '"'sNwordAddr'"' (did you mean sNWordAddr?)
     TEXT sNwordAddr N

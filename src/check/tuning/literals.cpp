@@ -199,12 +199,13 @@ private:
     }
 
     void Report(const PlacedItem& item, const Literal& literal, const Memory& memory) {
-        const std::string name(Info(memory.directive).name);
         const std::string event(item.key.substr(0, item.key.size() - Key("tTmpl")->name.size()));
-        diagnostics_.Add(
-            memory.rule, literal.word.place,
-            "this is fixed text, which " + name + " does not know of: it may leave out what is needed next",
-            "set " + event + std::string(memory.clear->name) + " true");
+        const bool is_mode = memory.rule == Rule::kLiteralMode;
+        diagnostics_.Add(memory.rule, literal.word.place,
+                         std::string(Info(memory.directive).name) +
+                             " does not know of this fixed text, and may leave out what is needed after it",
+                         is_mode ? "end the template with <@AbsIncCode[NONMODAL]>"
+                                 : "set " + event + std::string(memory.clear->name) + " true");
     }
 
     const CPlacedTuning& tuning_;

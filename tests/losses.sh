@@ -119,6 +119,24 @@ run 0 -t job.tun --strict --allow unknown-record note.cf2
 run 1 -t job.tun --strict good.cf2 note.cf2
 leaves good.nc
 
+# ---- Names in comments ----
+
+cp good.cf2 'good (2).cf2'
+{
+    cat job.tun
+    echo 'MSG TEXT Customer'
+    echo 'DATASETDEF Oak'
+    echo 'DSD Oak TEXT RTD(1) SMITH(2)'
+    echo 'MULTI FileStart_tTmpl NNUL (<@CADFile>) NNUL (<RTD(1)>)'
+} >named.tun
+run 0 -t named.tun 'good (2).cf2'
+mentions 'named.tun:13: warning: @CADFile' 'into a comment'
+mentions 'named.tun:13: warning: RTD(1)' 'into a comment'
+run 1 -t named.tun --strict good.cf2
+leaves ''
+run 0 -t named.tun --strict --set 'RTD(1)=SMITH' good.cf2
+silent
+
 # ---- Tolerance ----
 
 # The chord in the place of a quarter circle is 2.929 mm off.

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <iterator>
+#include <list>
 #include <new>
+#include <string>
+#include <vector>
 
 #include "check/job_names.h"
 #include "host/console/messages.h"
@@ -34,7 +36,6 @@ public:
         std::optional<LoadedDrawing> drawing =
             LoadDrawing(planned_.drawing, &tuning_.options, {options_.allowed, options_.comparison.skipped_tools});
         if (!drawing) return JobOutcome::kNotMade;
-        const size_t name_warnings = CheckJobNames();
         ExpressionValues values;
         if (!SettleExpressions(tuning_, options_.run_data, Values(drawing->survey), values)) {
             return JobOutcome::kNotMade;
@@ -50,6 +51,7 @@ public:
             if (options_.inches) session_.Job().auto_inches = *options_.inches;
             return RunJob(session_, &comparison);
         }();
+        const size_t name_warnings = CheckJobNames();
         PrintRunMessages(result, planned_.drawing, options_.verbose);
         const LossCounts counts = ReportLosses(comparison.losses(), options_.allowed, drawing->text, planned_.drawing);
         const size_t losses = drawing->losses + counts.losses;
@@ -83,16 +85,18 @@ private:
                 .subs = Count(survey.subs)};
     }
 
-    // Reports names that the tuning writes where they do harm; gives the number of warnings.
-    size_t CheckJobNames() const {
-        JobData job;
-        SetJobData(job);
-        const JobName names[] = {{"@CADFile", job.file_name},          {"@OutputFile", job.output_name},
-                                 {"@MaterialFile", job.material_file}, {"@TuneFile", job.tuning_file},
-                                 {"@TuneMenuPick", job.tuning_pick},   {"@DataSetName", job.dataset_name}};
+    // Reports names and run-time data that the tuning writes where they do harm; gives the number of warnings.
+    size_t CheckJobNames() {
+        const JobData& job = session_.Job();
+        std::vector<JobName> names = {{"@CADFile", job.file_name},          {"@OutputFile", job.output_name},
+                                      {"@MaterialFile", job.material_file}, {"@TuneFile", job.tuning_file},
+                                      {"@TuneMenuPick", job.tuning_pick},   {"@DataSetName", job.dataset_name}};
+        std::list<std::string> values;
+        for (const auto& [word, item] : session_.run_values.items()) {
+            if (session_.run_values.GetText(word, values.emplace_back())) names.push_back({word, values.back()});
+        }
         // The tuning is taken apart only where a name is out of the ordinary.
-        if (std::none_of(std::begin(names), std::end(names),
-                         [](const JobName& name) { return IsRiskyName(name.text); }))
+        if (std::none_of(names.begin(), names.end(), [](const JobName& name) { return IsRiskyName(name.text); }))
             return 0;
         CDiagnostics diagnostics(tuning_.file.path, tuning_.file.lines);
         diagnostics.Allow(options_.allowed);

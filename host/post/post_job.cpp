@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "check/job_names.h"
+#include "check/tuning/job_names.h"
 #include "host/console/messages.h"
 #include "host/console/progress_line.h"
 #include "host/files/input_file.h"

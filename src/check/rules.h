@@ -22,7 +22,7 @@ enum class RuleGroup : uint8_t {
     kLines, kRunTimeData, kRunTimeWords, kValues, kChoices, kSpeeds, kMissingDirectives, kTools, kTextSyntax,
     kTemplateEvents, kEmptyAddressesAndCodes, kEqualAddresses, kCutTemplates, kLiterals, kModalData, kCycles,
     kUnreadKeys,
-    kJobNames,  // the names that a job writes, with the tuning: in check/job_names.cpp
+    kJobNames,  // told when a job is run
     kPairing,  // a drawing and the tuning that it is run with: in check/drawing/survey.cpp and arcs.cpp
     kNcText,   // what a machine makes of the NC text: in verify
     // In check/drawing, each in the file of its name;

@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "check/drawing/survey.h"
-#include "check/job_names.h"
 #include "check/tuning/checks.h"
+#include "check/tuning/job_names.h"
 #include "host/reference/rule_examples.h"
 #include "host/reference/rule_reference.h"
 #include "platform/text_file.h"

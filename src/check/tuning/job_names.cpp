@@ -1,4 +1,4 @@
-#include "check/job_names.h"
+#include "check/tuning/job_names.h"
 
 #include <algorithm>
 

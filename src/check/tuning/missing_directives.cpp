@@ -91,7 +91,9 @@ private:
         for (const auto& [prefix, tool] : tuning_.tools()) {
             if (!tool.physical || !options_.IsTangential(prefix)) continue;
             const std::string on = TemplateKey(Event("ToolOn_"), prefix);
-            const bool goes_down = AnyText([&on](const PlacedText& text) { return text.item->key == on; });
+            // No turn is more than half a circle.
+            const bool lifts = options_.ReadReal(Key("rLiftAngDEG"), prefix) < 180.0;
+            const bool goes_down = lifts && AnyText([&on](const PlacedText& text) { return text.item->key == on; });
             const bool is_turned = AnyUse([&on](const DirectiveUse& use) {
                 return use.text->item->key == on && IsOneOf(use, {D::kAtAngle, D::kFinAngle});
             });

@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "geometry/rounding.h"
+#include "text/ascii.h"
+
 namespace brindle {
 namespace {
 
@@ -37,11 +40,27 @@ Rule RuleOf(NcFault fault) {
         case NcFault::kNoEnd: return Rule::kNoEnd;
         case NcFault::kUnusedWord: return Rule::kUnusedWord;
         case NcFault::kBadComment: return Rule::kBadComment;
+        case NcFault::kBadCall: return Rule::kBadCall;
+        case NcFault::kBadMachinePosition: return Rule::kBadMachinePosition;
+        case NcFault::kLongLine: return Rule::kLongLine;
         case NcFault::kUnknownCode: return Rule::kUnknownCode;
         case NcFault::kNoUnitCode: return Rule::kNoUnitCode;
         case NcFault::kUnread: break;
     }
     return Rule::kUnreadText;
+}
+
+// Whether one axis alone has a letter, or both have the same one.
+bool LacksLetter(const RunOptions& options) {
+    const auto letter_of = [&options](int axis) {
+        const OptionText& address = options.axes.address[axis];
+        const bool is_known = !address.empty && address.text.is_constant();
+        return is_known ? UpperCase(address.text.constant()) : std::string();
+    };
+    const std::string first = letter_of(0);
+    const std::string second = letter_of(1);
+    if (options.axes.start_end_on_block) return false;
+    return first.empty() != second.empty() || (!first.empty() && first == second);
 }
 
 Curve Shifted(Curve curve, Point by) {
@@ -66,10 +85,11 @@ void CJobFollower::ProgramStarts(int32_t) { now_.had_long_arc = now_.left_out_st
 void CJobFollower::RecordStarts(int32_t program, int32_t index) {
     if (!judge_.HasOpen()) Settle();
     records_.push_back({program, index});
-    now_.has_facets = now_.left_out_offset = now_.left_out_repeat = now_.wrote_cut = false;
+    now_.has_facets = now_.left_out_repeat = now_.wrote_cut = false;
     now_.cut_template = {};
     const CNCData& record = *run_.geometry.GetRecord(program, index);
     if (record.IsInclude()) return;
+    power_.Use(record.GetToolId());
     judge_.Open({CurveOf(record, placings_.back()), Here(), record.GetToolId(), &record, record.IsText()});
 }
 
@@ -146,6 +166,8 @@ void CJobFollower::CallStarts(const CNCIncludeData& record, int32_t variant) {
 }
 
 void CJobFollower::CallEnds() {
+    // What begins in its last line belongs to it.
+    if (call_ && !call_->is_carried_out && machine_.HasUnfinishedLine()) machine_.FinishLine();
     Settle();
     if (call_ && !call_->is_carried_out) {
         LoseProgram(run_.geometry.FindProgram(call_->record->GetIncludeName()), Rule::kNotCut, Cause::kNoCall);
@@ -153,11 +175,30 @@ void CJobFollower::CallEnds() {
     call_.reset();
 }
 
+// A line of the call's templates calls.
+void CJobFollower::Calls(size_t times) {
+    if (!call_ || is_blind_) return;
+    const bool is_again = call_->is_carried_out;
+    if (!is_again) CarryOutCall();
+    if (!is_again && times < 2) return;
+    const double length = SizeOf(run_.geometry.FindProgram(call_->record->GetIncludeName())).length;
+    Lose(Rule::kCutTwice, Cause::kUnknown, 0, 0.0, length);
+}
+
+// The turn that the word of the call has, radians.
+double CJobFollower::PrintedRotation() const {
+    const SubOptions& subs = run_.options.subs;
+    const double degrees = call_->record->GetIncludeRotation() / kRadiansPerDegree;
+    if (subs.rotation_factor == 0.0) return 0.0;
+    return RoundScaled(degrees, subs.rotation_factor, subs.rotation_decimals) / subs.rotation_factor *
+           kRadiansPerDegree;
+}
+
 // What the machine turns by itself; the rest is in the coordinates of the sub-program's text.
 PlaneTurn CJobFollower::TurnOfCall() const {
     const ProgramOptions& programs = run_.options.programs;
     CTrans trans;
-    if (programs.rotations_in_use && call_->has_rotation) trans.rotation = call_->record->GetIncludeRotation();
+    if (programs.rotations_in_use && call_->has_rotation) trans.rotation = PrintedRotation();
     if (programs.mirror_in_use && call_->has_mirror) {
         trans.mirror_x = call_->record->GetIncludeMirrorX();
         trans.mirror_y = call_->record->GetIncludeMirrorY();
@@ -168,7 +209,6 @@ PlaneTurn CJobFollower::TurnOfCall() const {
 }
 
 void CJobFollower::CarryOutCall() {
-    machine_.FinishLine();
     Settle();
     Call call = *call_;
     call_->is_carried_out = true;
@@ -183,10 +223,6 @@ void CJobFollower::CarryOutCall() {
         moves_in_calls_ > kMostMoves) {
         losses_.sums.is_whole = false;
         return;
-    }
-    const bool is_text = machine_.ReadsText();
-    if (is_text && at_.compiled->terminate && !machine_.HasCalled()) {
-        return LoseProgram(run_.geometry.FindProgram(call.record->GetIncludeName()), Rule::kNotCut, Cause::kNoCall);
     }
     const ProgramOptions& programs = run_.options.programs;
     const bool around_origin = programs.subs_absolute && !run_.options.axes.start_end_on_block;
@@ -211,7 +247,7 @@ void CJobFollower::CarryOutCall() {
     }
     machine_.FinishLine();
     Settle();
-    if (is_text) JudgeLabels(call.variant, called);
+    if (machine_.ReadsText()) JudgeLabels(call.variant, called);
     machine_.GoOnWith(std::move(caller));
     variants_under_way_.pop_back();
     placings_.pop_back();
@@ -289,7 +325,6 @@ void CJobFollower::TemplateLine(size_t line, std::string_view text) {
 
 void CJobFollower::Word(const LoggedWord& word) {
     if (word.fate == WordFate::kRepeat && word.kind == WordKind::kCentre) now_.left_out_repeat = true;
-    if (word.fate == WordFate::kNoDistance && word.kind == WordKind::kCentre) now_.left_out_offset = true;
     if (word.fate == WordFate::kNoDistance && word.kind == WordKind::kAxis) {
         now_.left_out_step |= word.text.find_first_of("123456789") != std::string_view::npos;
     }
@@ -328,10 +363,13 @@ void CJobFollower::TemplateEnds() {
     } else if (compiled.Is(Event("OriTransSet_"))) {
         if (call_ && machine_.ReadsText() && !machine_.MovedOrigin()) call_->origin_unread = true;
     } else if (compiled.Is(Event("SubCall_"))) {
-        if (call_) CarryOutCall();
+        // Where no line is known to call, the whole template does.
+        const bool may_call = !machine_.ReadsText() || (machine_.HasCalled() && !machine_.HasUnfinishedLine());
+        if (call_ && !call_->is_carried_out && may_call) CarryOutCall();
     } else if (compiled.event->per_tool) {
         const bool changes = compiled.Is(Event("ToolSel_")) && !power_.ByTWords();
-        if (changes && power_.IsAnyOn(machine_.Depth())) Lose(Rule::kPowerChange, Cause::kUnknown, template_tool_);
+        if (changes && !is_blind_ && power_.IsAnyOn(machine_.Depth()))
+            Lose(Rule::kPowerChange, Cause::kUnknown, template_tool_);
         power_.Wrote(compiled, template_tool_, machine_.Depth());
     }
 }
@@ -374,17 +412,23 @@ Point CJobFollower::OffsetOf(int32_t tool) const { return tool > 0 ? run_.tools.
 
 void CJobFollower::Moves(const Motion& motion) {
     if (!variants_under_way_.empty()) ++moves_in_calls_;
-    if (is_blind_ || machine_.HasEnded() || !power_.IsAnyOn(machine_.Depth())) return;
+    if (is_blind_ || machine_.HasEnded()) return;
+    const bool is_rapid = motion.code == MotionCode::kRapid;
+    const double highest = machine_.Highest();
+    const bool is_low =
+        is_rapid && (power_.IsAnyLow(motion.depth_before, highest) || power_.IsAnyLow(motion.depth_after, highest));
+    const bool is_on = power_.IsAnyOn(motion.depth_before) && power_.IsAnyOn(motion.depth_after);
+    if (!is_low && !is_on) return;
     const int32_t tool = CurrentTool();
     const Curve curve = Shifted(CurveOf(motion), OffsetOf(tool));
     const double length = curve.Length();
-    if (motion.code == MotionCode::kRapid) {
+    if (is_rapid) {
         if (length <= judge_.ToleranceOf(curve)) return;
         const Cause cause = now_.no_code          ? Cause::kNoLineCode
                             : power_.HasOff(tool) ? Cause::kUnknown
                                                   : Cause::kNoToolOff;
         Lose(Rule::kRapidWhileOn, cause, tool, length, length);
-        if (!kCuts.Has(PresentEvent())) return;  // where a cut should be, no more is said of it
+        if (!is_on || !kCuts.Has(PresentEvent())) return;  // where a cut should be, no more is said of it
     }
     if (length < kNoLength) return;
     if (variants_under_way_.empty() && (is_rotated_ || is_mirrored_)) {
@@ -400,9 +444,8 @@ void CJobFollower::Fails(NcFault fault, double amount, std::string_view text) {
     // Texts may hold anything, and the templates of a call are trusted to make it.
     if (Event("Text_").Is(PresentEvent())) return;
     if (call_ && (fault == NcFault::kUnread || fault == NcFault::kUnknownCode)) return;
-    Cause cause = Cause::kUnknown;
-    if (fault == NcFault::kNoCentre && now_.left_out_offset) cause = Cause::kSmallOffset;
-    if (fault == NcFault::kNoCentre && now_.left_out_repeat) cause = Cause::kCentreRepeat;
+    const bool is_repeat = fault == NcFault::kNoCentre && now_.left_out_repeat;
+    const Cause cause = is_repeat ? Cause::kCentreRepeat : Cause::kUnknown;
     Lose(RuleOf(fault), cause, CurrentTool(), amount, 0.0, text);
     if (fault != NcFault::kUnread) return;
     is_blind_ = true;
@@ -423,20 +466,18 @@ void CJobFollower::Turns(double turn, bool is_ambiguous) {
 
 void CJobFollower::SelectsTool(double t_word) {
     power_.TakeTWord(t_word, template_tool_);
-    if (!power_.WritesM6() && power_.IsAnyOn(machine_.Depth())) {
+    if (!is_blind_ && !power_.WritesM6() && power_.IsAnyOn(machine_.Depth())) {
         Lose(Rule::kPowerChange, Cause::kUnknown, template_tool_);
     }
 }
 
 void CJobFollower::ChangesTool() {
-    if (power_.IsAnyOn(machine_.Depth())) {
+    if (!is_blind_ && power_.IsAnyOn(machine_.Depth())) {
         const Cause cause = power_.HasOff(template_tool_) ? Cause::kUnknown : Cause::kNoToolOff;
         Lose(Rule::kChangedWhileOn, cause, template_tool_);
     }
     power_.ChangeTool();
 }
-
-void CJobFollower::SwitchesOutput(bool on) { power_.SwitchOutput(on); }
 
 void CJobFollower::Ends() {
     if (power_.IsAnyOn(machine_.Depth()) && !is_blind_) Lose(Rule::kEndWhileOn, Cause::kNoToolOff, 0);
@@ -448,6 +489,10 @@ void CJobFollower::Finish() {
     Settle();
     judge_.Finish();
     Ends();
+    const std::string& label = machine_.Marks().label;
+    if (machine_.ReadsText() && variant_of_label_.contains(label)) Fails(NcFault::kRepeatedLabel, 0.0, label);
+    if (machine_.ReadsText() && !machine_.HasEnded() && !is_blind_) Lose(Rule::kNoEndCode, Cause::kUnknown, 0);
+    if (LacksLetter(run_.options)) Lose(Rule::kAxisWithoutLetter, Cause::kUnknown, 0);
     if (!losses_.sums.is_whole) Lose(Rule::kNotJudged, Cause::kUnknown, 0);
 }
 

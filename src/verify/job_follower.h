@@ -78,7 +78,8 @@ private:
     void SelectsTool(double t_word) override;
     void ChangesTool() override;
     void SwitchesSpindle(bool on) override { power_.SwitchSpindle(on); }
-    void SwitchesOutput(bool on) override;
+    void SwitchesOutput(int32_t number, bool on) override { power_.SwitchOutput(number, on); }
+    void Calls(size_t times) override;
     void Ends() override;
 
     void TakeTemplateWords();
@@ -86,6 +87,7 @@ private:
     void CarryOutCall();
     void JudgeLabels(int32_t variant, const std::string& called);
     Point OffsetOf(int32_t tool) const;
+    double PrintedRotation() const;
     PlaneTurn TurnOfCall() const;
     void LoseProgram(int32_t program, Rule rule, Cause cause);
     ProgramSize SizeOf(int32_t program);

@@ -41,7 +41,6 @@ constexpr CauseInfo kCauses[] = {
      "let the controller call sub-programs (bUseSubs), or draw without nested calls"},
     {kCentreRepeat, "a centre word was left out as a repeat", "set bArcDataModal false"},
     {kSmallSteps, "increments below 0.0005 are left out and add up", "write absolute words (bOutModeAbs), or NONMODAL"},
-    {kSmallOffset, "a centre offset below 0.0005 is left out", "draw the arc as a line, or write NONMODAL"},
     {kLongArc, "an arc above 270 degrees ends beside its drawn end, and what follows is measured from there",
      "write absolute words (bOutModeAbs), or split the arc"},
     {kClosedAfterLong, "a closed arc after an arc above 270 degrees loses its end", "split the arc before it"},

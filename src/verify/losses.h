@@ -58,7 +58,6 @@ enum class Cause : uint8_t {
     kNestedExpansion,
     kCentreRepeat,
     kSmallSteps,
-    kSmallOffset,
     kLongArc,
     kClosedAfterLong,
     kSubsMode,

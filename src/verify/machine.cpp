@@ -15,6 +15,7 @@ constexpr double kRefusedRadii = 0.028;       // difference of the radii of star
 constexpr double kUnlikeRadii = 0.005;        // the same, by GRBL's gcode.c
 constexpr double kRefusedRadiiShare = 0.001;  // both only above this share of the radius
 constexpr double kSamePoint = 1e-9;
+constexpr size_t kLongestLine = 255;  // characters; LinuxCNC 2.9 refuses a longer one
 
 double Coordinate(const Point& p, int axis) { return axis == 0 ? p.x : p.y; }
 double& Coordinate(Point& p, int axis) { return axis == 0 ? p.x : p.y; }
@@ -48,7 +49,8 @@ enum class GDoes : uint8_t {
 
 // A line takes one code of each group.
 constexpr unsigned kNoGroup = 31, kMotionGroup = 0, kPlaneGroup = 1, kUnitGroup = 2, kSystemGroup = 3,
-                   kDistanceGroup = 4, kCentreGroup = 5, kFeedModeGroup = 6, kEndGroup = 8, kSpindleGroup = 9;
+                   kDistanceGroup = 4, kCentreGroup = 5, kFeedModeGroup = 6, kPathGroup = 7, kReturnGroup = 10,
+                   kOutputGroup = 11, kEndGroup = 8, kSpindleGroup = 9;
 
 struct GCode {
     int tenths;  // 901 is G90.1
@@ -99,17 +101,20 @@ constexpr GCode kGCodes[] = {
     {570, GDoes::kSystem, kSystemGroup},
     {580, GDoes::kSystem, kSystemGroup},
     {590, GDoes::kSystem, kSystemGroup},
+    {591, GDoes::kSystem, kSystemGroup},
+    {592, GDoes::kSystem, kSystemGroup},
+    {593, GDoes::kSystem, kSystemGroup},
     {600, GDoes::kNothing},  // how exactly the path is kept
-    {610, GDoes::kNothing},
-    {611, GDoes::kNothing},
-    {640, GDoes::kNothing},
+    {610, GDoes::kNothing, kPathGroup},
+    {611, GDoes::kNothing, kPathGroup},
+    {640, GDoes::kNothing, kPathGroup},
     {650, GDoes::kCall},
     {680, GDoes::kUnfollowed},  // a turned system
     {690, GDoes::kNothing},
     {700, GDoes::kInches, kUnitGroup},
     {710, GDoes::kMillimetres, kUnitGroup},
     {730, GDoes::kUnfollowed},  // cycles
-    {800, GDoes::kCancel, kMotionGroup},
+    {800, GDoes::kCancel},      // beside G0 it is taken
     {810, GDoes::kUnfollowed},
     {820, GDoes::kUnfollowed},
     {830, GDoes::kUnfollowed},
@@ -125,13 +130,15 @@ constexpr GCode kGCodes[] = {
     {911, GDoes::kIncrementalCentres, kCentreGroup},
     {920, GDoes::kShiftFromHere},
     {921, GDoes::kNoShift},
+    {922, GDoes::kNoShift},
+    {923, GDoes::kUnfollowed},
     {930, GDoes::kNothing, kFeedModeGroup},
     {940, GDoes::kNothing, kFeedModeGroup},
     {950, GDoes::kNothing, kFeedModeGroup},
     {960, GDoes::kNothing},
     {970, GDoes::kNothing},
-    {980, GDoes::kNothing},
-    {990, GDoes::kNothing},
+    {980, GDoes::kNothing, kReturnGroup},
+    {990, GDoes::kNothing, kReturnGroup},
 };
 
 // Null for a code that is not known.
@@ -195,6 +202,20 @@ void CMachine::TakeText(std::string_view text) {
     line_text_ += text;
 }
 
+void CMachine::StartFile() {
+    has_ended_ = false;
+    percents_ = 0;
+    if (!ReadsText()) return;
+    motion_.reset();
+    absolute_ = true;
+    absolute_centres_.reset();
+    inches_.reset();
+    has_feed_ = false;
+    systems_ = {};
+    system_ = 0;
+    shift_ = {};
+}
+
 void CMachine::FinishLine() {
     if (line_text_.empty()) return;
     std::string text;
@@ -206,6 +227,7 @@ void CMachine::FinishLine() {
 
 void CMachine::CarryOut(std::string_view text) {
     reader_.Read(text, line_);
+    if (text.size() > kLongestLine) user_.Fails(NcFault::kLongLine, 0.0, {});
     if (line_.bad_comment) user_.Fails(NcFault::kBadComment, 0.0, {});
     if (!line_.label.empty()) TakeLabel(line_.label);
     if (has_ended_) return;
@@ -219,18 +241,33 @@ void CMachine::CarryOut(std::string_view text) {
     if (block.is_repeated) user_.Fails(NcFault::kRepeatedWord, 0.0, {});
     if (block.feed) has_feed_ = *block.feed > 0.0;
     if (block.tool) user_.SelectsTool(*block.tool);
-    if (block.changes_tool) user_.ChangesTool();
-    if (block.spindle) user_.SwitchesSpindle(*block.spindle);
-    if (block.output) user_.SwitchesOutput(*block.output);
+    SetPower(block);
     if (block.cancels_motion) motion_.reset();
     if (block.origin != Block::Origin::kNone) {
         SetOrigin(block);
-    } else if (!block.dwells) {
+    } else if (!block.dwells || block.motion) {
         Move(block);
     }
     marks_.has_returned |= block.ends_sub;
-    has_called_ |= block.calls;
+    if (block.calls) CallSub(static_cast<size_t>(std::max(1.0, block.l_word)));
     if (block.ends) End();
+}
+
+// A tool is changed with the spindle at rest.
+void CMachine::SetPower(const Block& block) {
+    if (block.changes_tool) user_.ChangesTool();
+    if (block.speed) speed_ = block.speed;
+    const bool before = spindle_;
+    if (block.changes_tool) spindle_ = false;
+    if (block.spindle) spindle_ = *block.spindle;
+    const bool turns = spindle_ && speed_.value_or(1.0) != 0.0;
+    if (before || spindle_) user_.SwitchesSpindle(turns);
+    if (block.output) user_.SwitchesOutput(static_cast<int32_t>(std::lround(block.p_word)), *block.output);
+}
+
+void CMachine::CallSub(size_t times) {
+    has_called_ = true;
+    user_.Calls(times);
 }
 
 void CMachine::End() {
@@ -249,8 +286,11 @@ void CMachine::TakeLabel(std::string_view label) {
     name.erase(0, std::min(name.find_first_not_of('0'), name.size()));
     const std::string_view word = label.substr(std::min(label.find_first_not_of(' ', blank), label.size()));
     if (word.starts_with("CALL")) {
-        has_called_ = true;
+        const std::string_view rest = word.substr(4);
+        const bool is_call = rest.empty() || rest[0] == ' ' || rest[0] == '[';
+        if (!is_call) return user_.Fails(NcFault::kBadCall, 0.0, rest);
         called_label_ = name;
+        CallSub(1);
     } else if (word.starts_with("ENDSUB")) {
         marks_.has_returned = true;
         if (open_subs_.empty() || open_subs_.back() != name) return user_.Fails(NcFault::kNoSubStart, 0.0, name);
@@ -294,9 +334,20 @@ bool CMachine::Sort(const NcLine& line, Block& block) {
 }
 
 bool CMachine::TakeOther(const NcWord& word, Block& block) {
+    const bool is_code = word.letter == 'G' || word.letter == 'M';
+    const uint32_t letter = uint32_t{1} << static_cast<uint32_t>(word.letter - 'A');
+    block.is_repeated |= !is_code && (block.letters & letter) != 0;
+    block.letters |= letter;
     switch (word.letter) {
         case 'T': block.tool = word.value; break;
         case 'Z': block.z = word.value; break;
+        case 'A':
+        case 'B':
+        case 'C':
+        case 'U':
+        case 'V':
+        case 'W': block.has_other_axis = true; break;
+        case 'S': block.speed = word.value; break;
         case 'L': block.l_word = word.value; break;
         case 'P':
             block.p_word = word.value;
@@ -348,7 +399,7 @@ bool CMachine::TakeG(double number, Block& block) {
         case GDoes::kShiftFromHere: block.origin = Block::Origin::kG92; break;
         case GDoes::kNoShift: shift_ = {}; break;
         case GDoes::kSystem:
-            system_ = static_cast<size_t>(code->tenths / 10 - 54);
+            system_ = static_cast<size_t>(code->tenths / 10 - 54 + code->tenths % 10);
             moved_origin_ = true;
             break;
     }
@@ -357,6 +408,8 @@ bool CMachine::TakeG(double number, Block& block) {
 
 void CMachine::TakeM(double number, Block& block) {
     switch (static_cast<int>(std::lround(number))) {
+        case 0:
+        case 1: CountGroup(kEndGroup, block); break;
         case 2:
         case 30:
             CountGroup(kEndGroup, block);
@@ -373,9 +426,15 @@ void CMachine::TakeM(double number, Block& block) {
             break;
         case 6: block.changes_tool = true; break;
         case 62:
-        case 64: block.output = true; break;
+        case 64:
+            CountGroup(kOutputGroup, block);
+            block.output = true;
+            break;
         case 63:
-        case 65: block.output = false; break;
+        case 65:
+            CountGroup(kOutputGroup, block);
+            block.output = false;
+            break;
         case 97:
         case 98: block.calls = true; break;
         case 17:
@@ -394,7 +453,8 @@ void CMachine::SetOrigin(const Block& block) {
     if (block.radius) user_.Fails(NcFault::kUnread, 0.0, "R");  // turns the system
     const bool is_system = block.origin == Block::Origin::kG10;
     if (is_system && block.l_word != 2.0 && block.l_word != 20.0) return;  // a table of tools
-    const auto number = static_cast<size_t>(std::clamp(std::lround(block.p_word), 0L, 6L));
+    const auto number =
+        static_cast<size_t>(std::clamp(std::lround(block.p_word), 0L, static_cast<long>(systems_.size())));
     const size_t system = number == 0 ? system_ : number - 1;
     Point& origin = is_system ? systems_[system] : shift_;
     const bool from_position = block.origin == Block::Origin::kG92 || (is_system && block.l_word == 20.0);
@@ -442,23 +502,53 @@ double CMachine::TakeAngle(double value, bool is_negative, bool absolute) {
     return rotation.positive_is_cw ? -turn : turn;
 }
 
+void CMachine::GoHome(const Block& block) {
+    Point to = at_;
+    const bool has_axis = block.axis[0] || block.axis[1];
+    const bool all = !has_axis && !block.z && !block.has_other_axis;
+    if (block.z || all) z_ = 0.0;
+    if (block.axis[0] || all) to.x = 0.0;
+    if (block.axis[1] || all) to.y = 0.0;
+    if (!has_axis && !all) return;
+    if (has_axis) Finish(Motion(MotionCode::kRapid), Target(block));
+    Finish(Motion(MotionCode::kRapid), to);
+}
+
+void CMachine::JudgeBare(const Block& block) {
+    if (!ReadsText()) return;
+    const bool moves = block.z || (block.motion && motion_ && IsArc(*motion_));
+    if (!moves) return;
+    if (!motion_) {
+        user_.Fails(NcFault::kNoMotionCode, 0.0, {});
+        motion_ = MotionCode::kLinear;
+    }
+    if (IsArc(*motion_)) return user_.Fails(NcFault::kNoCentre, 0.0, {});
+    JudgeFeed();
+}
+
+void CMachine::JudgeFeed() {
+    if (*motion_ == MotionCode::kRapid || has_feed_) return;
+    user_.Fails(NcFault::kNoFeed, 0.0, {});
+    has_feed_ = true;
+}
+
 void CMachine::Move(const Block& block) {
     before_turn_ = heading_;
+    before_z_ = z_;
     if (block.angle) heading_ += TakeAngle(*block.angle, block.angle_is_negative, absolute_);
     const bool has_axis = block.axis[0] || block.axis[1];
     const bool has_arc_words = block.centre[0] || block.centre[1] || block.radius || block.subtended;
     if (block.motion) motion_ = block.motion;
+    if (block.goes_home) return GoHome(block);
     if (block.z) z_ = absolute_ || block.absolute_position ? *block.z : z_ + *block.z;
-    if (block.goes_home) {
-        if (has_axis) Finish(Motion(MotionCode::kRapid), Target(block));
-        return Finish(Motion(MotionCode::kRapid), {});
-    }
+    highest_ = std::max(highest_, z_);
     const bool is_arc = motion_ && IsArc(*motion_);
+    const bool is_refused = block.absolute_position && (!motion_ || is_arc || !absolute_);
+    if (is_refused) user_.Fails(NcFault::kBadMachinePosition, 0.0, {});
     if (has_arc_words && !is_arc && ReadsText()) user_.Fails(NcFault::kUnusedWord, 0.0, {});
     if (!has_axis && !(is_arc && has_arc_words)) {
         if (block.angle) user_.Turns(heading_ - before_turn_, passed_zero_);
-        if (block.motion && is_arc && ReadsText()) user_.Fails(NcFault::kNoCentre, 0.0, {});
-        return;
+        return JudgeBare(block);
     }
     const bool is_inches = ReadsText() && run_.controller.in_inches && !inches_;
     if (is_inches) {
@@ -469,10 +559,7 @@ void CMachine::Move(const Block& block) {
         user_.Fails(NcFault::kNoMotionCode, 0.0, {});
         motion_ = MotionCode::kLinear;
     }
-    if (*motion_ != MotionCode::kRapid && !has_feed_) {
-        user_.Fails(NcFault::kNoFeed, 0.0, {});
-        has_feed_ = true;
-    }
+    JudgeFeed();
     const Point to = Target(block);
     if (is_arc) return MoveOnArc(block, to);
     Finish(Motion(*motion_), to);
@@ -512,6 +599,9 @@ void CMachine::JudgeRadii(double from, double to, bool by_radius) {
 }
 
 bool CMachine::FindCentre(const Block& block, Point to, Point& center) {
+    if (block.radius && (block.centre[0] || block.centre[1]) && ReadsText()) {
+        user_.Fails(NcFault::kRepeatedWord, 0.0, {});
+    }
     if (block.radius) return CentreByRadius(*block.radius * UnitRatio(0), to, center);
     if (!block.centre[0] && !block.centre[1]) {
         user_.Fails(NcFault::kNoCentre, 0.0, {});
@@ -574,6 +664,8 @@ void CMachine::Finish(Motion motion, Point to) {
     motion.end = ToPlane(to);
     motion.center = ToPlane(motion.center);
     if (turn_.Mirrors()) motion.sweep = -motion.sweep;
+    motion.depth_before = before_z_;
+    motion.depth_after = z_;
     motion.heading_before = before_turn_;
     motion.heading_after = heading_;
     at_ = to;
@@ -581,10 +673,7 @@ void CMachine::Finish(Motion motion, Point to) {
 }
 
 // A controller takes the numbers for millimetres or inches, whatever factors its axes have.
-Point CMachine::Seen(Point p) const {
-    const bool is_plane = ReadsText() && !in_degrees_[0] && !in_degrees_[1];
-    return is_plane ? Point{p.x * mm_per_unit_, p.y * mm_per_unit_} : Scaled(p);
-}
+Point CMachine::Seen(Point p) const { return ReadsText() ? Point{p.x * mm_per_unit_, p.y * mm_per_unit_} : Scaled(p); }
 
 Point CMachine::Scaled(Point p) const { return {p.x * plane_per_unit_[0], p.y * plane_per_unit_[1]}; }
 

@@ -22,6 +22,7 @@ struct Motion {
     Point start, end;
     Point center;        // of an arc
     double sweep = 0.0;  // of an arc, radians, positive counter-clockwise; a full turn for a circle
+    double depth_before = 0.0, depth_after = 0.0;      // Z
     double heading_before = 0.0, heading_after = 0.0;  // of a tangential tool, radians; their difference is its turn
 };
 
@@ -46,9 +47,12 @@ enum class NcFault : uint8_t {
     kNoEnd,           // a main program that runs on into its sub-programs
     kUnusedWord,      // a centre or radius without an arc
     kBadComment,
-    kUnknownCode,  // a G code that is not known
-    kNoUnitCode,   // inches, and nothing says so
-    kUnread,       // literal text that can't be read
+    kLongLine,            // one that some refuse
+    kBadCall,             // text directly after a call
+    kBadMachinePosition,  // G53 where it is not taken
+    kUnknownCode,         // a G code that is not known
+    kNoUnitCode,          // inches, and nothing says so
+    kUnread,              // literal text that can't be read
 };
 
 // Who is told what the machine does.
@@ -61,11 +65,12 @@ public:
     // A tangential tool turns by so many radians where it is. `is_ambiguous`: absolute words pass the zero of the axis,
     // so that an axis without a shortest way takes the long one.
     virtual void Turns(double turn, bool is_ambiguous) = 0;
-    virtual void SelectsTool(double t_word) = 0;  // a T word
-    virtual void ChangesTool() = 0;               // M6
-    virtual void SwitchesSpindle(bool on) = 0;    // M3, M4, M5
-    virtual void SwitchesOutput(bool on) = 0;     // M62 to M65
-    virtual void Ends() = 0;                      // M2, M30, the second %
+    virtual void SelectsTool(double t_word) = 0;               // a T word
+    virtual void ChangesTool() = 0;                            // M6
+    virtual void SwitchesSpindle(bool on) = 0;                 // M3, M4, M5, a speed of 0
+    virtual void SwitchesOutput(int32_t number, bool on) = 0;  // M62 to M65
+    virtual void Calls(size_t times) = 0;                      // a line that calls a sub-program has been carried out
+    virtual void Ends() = 0;                                   // M2, M30, the second %
 };
 
 // How calls turn, mirror and shift what the machine does in them.
@@ -113,11 +118,8 @@ public:
     PlaneTurn Turn(const PlaneTurn& turn, bool around_origin);
     // Turns back to what Turn gave. The machine stays where it is.
     void TurnBack(const PlaneTurn& before);
-    // A new file begins, in which nothing has ended.
-    void StartFile() {
-        has_ended_ = false;
-        percents_ = 0;
-    }
+    // A new file begins: all modes are those of a machine after power-on. It stays where it is.
+    void StartFile();
     bool HasEnded() const { return has_ended_; }
     // Whether a line since ForgetCall has called a sub-program, or may have; and its label, if that is known.
     bool HasCalled() const { return has_called_; }
@@ -136,6 +138,7 @@ public:
     const ProgramMarks& Marks() const { return marks_; }
     void GoOnWith(ProgramMarks marks) { marks_ = std::move(marks); }
     double Depth() const { return z_; }  // the last Z, 0 before the first
+    double Highest() const { return highest_; }
     bool HasMotionCode() const { return motion_.has_value(); }
     bool IsAbsolute() const { return absolute_; }
     bool IsTurned() const { return turn_.xx != 1.0 || turn_.yy != 1.0; }
@@ -147,7 +150,7 @@ private:
     // A line sorted by what its words do.
     struct Block {
         std::array<std::optional<double>, 2> axis, centre;
-        std::optional<double> radius, subtended, angle, feed, tool;
+        std::optional<double> radius, subtended, angle, feed, tool, speed;
         bool angle_is_negative = false;
         std::optional<MotionCode> motion;
         enum class Origin : uint8_t { kNone, kG10, kG52, kG92 } origin = Origin::kNone;
@@ -157,6 +160,8 @@ private:
         bool has_p = false;
         bool cancels_motion = false, ends_sub = false, calls = false;
         std::optional<double> z;
+        bool has_other_axis = false;
+        uint32_t letters = 0;  // that have been seen, a bit each
         std::optional<bool> output;
         unsigned groups = 0;  // of codes that have been seen
         bool is_repeated = false;
@@ -175,6 +180,12 @@ private:
     bool TakeG(double number, Block& block);
     void TakeM(double number, Block& block);
     void SetOrigin(const Block& block);
+    void SetPower(const Block& block);
+    void CallSub(size_t times);
+    void JudgeFeed();
+    void GoHome(const Block& block);
+    // Fails where a line without a position can't be carried out.
+    void JudgeBare(const Block& block);
     void Move(const Block& block);
     void MoveOnArc(const Block& block, Point to);
     // Of start and end, millimetres.
@@ -213,9 +224,12 @@ private:
     std::optional<bool> inches_;
     bool has_feed_ = false;
 
-    Point at_;  // in output units, origins included
-    double z_ = 0.0;
-    std::array<Point, 6> systems_;  // G54 to G59, output units
+    Point at_;                         // in output units, origins included
+    double z_ = 0.0, before_z_ = 0.0;  // before: of the present line
+    double highest_ = 0.0;
+    std::optional<double> speed_;
+    bool spindle_ = false;
+    std::array<Point, 9> systems_;  // G54 to G59, G59.1 to G59.3, output units
     size_t system_ = 0;             // in force
     Point shift_;                   // G52, G92
     double axis_angle_ = 0.0;       // of the tool's axis, as its words count it

@@ -10,6 +10,7 @@ namespace brindle {
 namespace {
 
 bool IsLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 
 bool IsPlain(std::string_view text) {
@@ -49,18 +50,26 @@ std::string_view PlainText(std::string_view text, std::string& plain, bool& bad_
     return plain;
 }
 
-// Takes an expression in brackets or a parameter off the front of `text`, as `[600*0.5]` or `#100`.
+// Takes an expression in brackets or a parameter off the front of `text`, as `[600*0.5]`, `#100` or `#<feed>`.
 bool TakeExpression(std::string_view& text) {
     if (text.empty() || (text[0] != '[' && text[0] != '#')) return false;
+    const bool is_named = text.starts_with("#<");
     size_t depth = 0;
     size_t last = 0;
     do {
-        if (text[last] == '[') ++depth;
-        if (text[last] == ']') --depth;
+        if (text[last] == '[' || (is_named && text[last] == '<')) ++depth;
+        if (text[last] == ']' || (is_named && text[last] == '>')) --depth;
         ++last;
-    } while (last < text.size() && (depth > 0 || (text[0] == '#' && text[last] >= '0' && text[last] <= '9')));
+    } while (last < text.size() && (depth > 0 || last == 1 || (!is_named && text[0] == '#' && IsDigit(text[last]))));
     text.remove_prefix(last);
     return depth == 0;
+}
+
+// Whether a line only gives a parameter a value.
+bool IsAssignment(std::string_view text) {
+    if (!text.starts_with('#') || !TakeExpression(text)) return false;
+    while (!text.empty() && IsBlank(text[0])) text.remove_prefix(1);
+    return text.starts_with('=');
 }
 
 // Takes a number off the front of `text`.
@@ -70,7 +79,7 @@ std::optional<double> TakeNumber(std::string_view& text) {
     size_t last = at;
     if (last < text.size() && text[last] == '+') ++last;
     if (last < text.size() && text[last] == '-') ++last;
-    while (last < text.size() && ((text[last] >= '0' && text[last] <= '9') || text[last] == '.')) ++last;
+    while (last < text.size() && (IsDigit(text[last]) || text[last] == '.')) ++last;
     const std::optional<double> value = ParseNumber(text.substr(at, last - at));
     if (value) text.remove_prefix(last);
     return value;
@@ -152,6 +161,7 @@ void CNcLineReader::Read(std::string_view text, NcLine& line) const {
             rest.remove_prefix(1);
             continue;
         }
+        if (rest[0] == '#' && IsAssignment(rest)) return;
         const Address* const known = AddressAt(rest);
         const bool is_label = is_first && known == nullptr && (rest[0] == '%' || rest[0] == 'O' || rest[0] == ':');
         if (is_label) {

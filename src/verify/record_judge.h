@@ -44,7 +44,6 @@ struct MadeCut {
 struct Circumstances {
     // Of the record.
     bool has_facets = false;
-    bool left_out_offset = false;     // a centre word, since it is too small
     bool left_out_repeat = false;     // of a centre word
     bool no_code = false;             // the last interpolation code is empty
     TemplatePlace cut_template = {};  // of lines, arcs or texts, the last one that was executed for the record

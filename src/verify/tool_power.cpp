@@ -1,32 +1,17 @@
 #include "verify/tool_power.h"
 
 #include <algorithm>
-#include <cstdlib>
+#include <initializer_list>
 
 #include "text/ascii.h"
+#include "text/numbers.h"
 
 namespace brindle {
 namespace {
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
-// Whether `text` holds a word of that letter and one of the numbers, 0 to 9; any number if `numbers` is empty.
-bool HasWord(std::string_view text, char letter, std::string_view numbers) {
-    for (size_t i = 0; i + 1 < text.size(); ++i) {
-        if (text[i] != letter && text[i] != letter - 'A' + 'a') continue;
-        size_t digit = i + 1;
-        if (!IsDigit(text[digit])) continue;
-        if (numbers.empty()) return true;
-        while (digit + 1 < text.size() && text[digit] == '0' && IsDigit(text[digit + 1])) ++digit;
-        const bool ends = digit + 1 >= text.size() || !IsDigit(text[digit + 1]);
-        if (ends && numbers.find(text[digit]) != std::string_view::npos) return true;
-    }
-    return false;
-}
-
 constexpr double kSameDepth = 1e-6;
 
-// The words of a text, without regard to what they mean.
+// The words of a text outside its comments, without regard to what they mean.
 class NcWords {
 public:
     explicit NcWords(std::string_view text) {
@@ -35,32 +20,47 @@ public:
             const char c = UpperAscii(text[i]);
             if (c == '(') in_comment = true;
             if (c == ')') in_comment = false;
-            if (in_comment || c < 'A' || c > 'Z') continue;
-            words_.push_back(
-                {c, static_cast<int>(std::strtol(std::string(text.substr(i + 1, 8)).c_str(), nullptr, 10))});
+            if (!in_comment && c >= 'A' && c <= 'Z') words_.push_back({c, LeadingDouble(text.substr(i + 1))});
         }
     }
     bool Has(char letter) const {
         return std::any_of(words_.begin(), words_.end(), [=](const Word& word) { return word.letter == letter; });
     }
-    bool HasM(int number) const {
-        return std::any_of(words_.begin(), words_.end(),
-                           [=](const Word& word) { return word.letter == 'M' && word.number == number; });
+    // Whether there is an M code of these.
+    bool HasM(std::initializer_list<int> numbers) const {
+        return std::any_of(words_.begin(), words_.end(), [=](const Word& word) {
+            return word.letter == 'M' && std::find(numbers.begin(), numbers.end(), word.number) != numbers.end();
+        });
     }
-    // Whether there is a word of another letter, or an M code that neither changes tools nor stops nor, unless it
-    // counts, cools.
+    // The number of the last word of that letter, 0 if there is none.
+    double Last(char letter) const {
+        double number = 0.0;
+        for (const Word& word : words_) number = word.letter == letter ? word.number : number;
+        return number;
+    }
+    // The P words.
+    std::vector<int32_t> Outputs() const {
+        std::vector<int32_t> outputs;
+        for (const Word& word : words_) {
+            if (word.letter == 'P') outputs.push_back(TruncateToInt32(word.number));
+        }
+        return outputs;
+    }
+    // Whether there is a word of another letter, or an M code that neither changes tools nor stops nor switches off
+    // nor, unless it counts, cools.
     bool HasOtherThan(std::string_view letters, bool cooling_is_none) const {
         return std::any_of(words_.begin(), words_.end(), [=](const Word& word) {
             if (word.letter != 'M') return letters.find(word.letter) == std::string_view::npos;
-            const bool cools = word.number >= 7 && word.number <= 9;
-            return word.number > 1 && word.number != 6 && !(cools && cooling_is_none);
+            const bool cools = word.number == 7 || word.number == 8;
+            const bool is_off = word.number == 5 || word.number == 9 || word.number == 63 || word.number == 65;
+            return word.number > 1 && word.number != 6 && !is_off && !(cools && cooling_is_none);
         });
     }
 
 private:
     struct Word {
         char letter;
-        int number;
+        double number;
     };
     std::vector<Word> words_;
 };
@@ -73,26 +73,28 @@ CToolPower::CToolPower(RunContext& run, bool reads_text) : run_(run), reads_text
     for (int32_t tool = 1; tool <= last && reads_text; ++tool) {
         const Tool& data = run.tools.Get(tool);
         for (const ToolData* level : {data.own, data.physical}) {
-            const std::string on = level->on.Source();
-            const std::string source = level->select.Source() + on;
-            by_t_words_ |= HasWord(source, 'T', {});
-            writes_m6_ |= HasWord(source, 'M', "6");
-            has_spindle_tools_ |= HasWord(on, 'M', "34");
+            const NcWords on(level->on.Source());
+            const NcWords select(level->select.Source());
+            by_t_words_ |= on.Has('T') || select.Has('T');
+            writes_m6_ |= on.HasM({6}) || select.HasM({6});
+            has_spindle_tools_ |= on.HasM({3, 4});
         }
-    }
-    for (int32_t tool = 1; tool <= last; ++tool) {
-        const Traits& traits = TraitsOf(tool);
-        if (traits.own->exists()) kinds_ |= 1U << static_cast<unsigned>(traits.kind);
     }
 }
 
-PowerKind CToolPower::KindOf(const std::string& source) const {
-    if (source.empty()) return PowerKind::kNothing;
+PowerKind CToolPower::KindOf(const std::string& on, const std::string& off) const {
+    if (on.empty()) return PowerKind::kNothing;
     if (!reads_text_) return PowerKind::kTemplate;
-    NcWords words(source);
+    const NcWords words(on);
+    const NcWords off_words(off);
+    // Above the material Z only brings a beam or torch into place, and something else fires it.
+    const bool cuts_by_depth = words.Has('Z') && words.Last('Z') <= 0.0;
+    if (cuts_by_depth) return PowerKind::kDepth;
+    if (words.HasM({62, 64})) return PowerKind::kOutput;
+    if (words.HasM({3, 4})) return PowerKind::kSpindle;
+    if (words.Has('Z') && off_words.HasM({63, 65})) return PowerKind::kOutput;
+    if (words.Has('Z') && off_words.HasM({5})) return PowerKind::kSpindle;
     if (words.Has('Z')) return PowerKind::kDepth;
-    if (words.HasM(62) || words.HasM(64)) return PowerKind::kOutput;
-    if (words.HasM(3) || words.HasM(4)) return PowerKind::kSpindle;
     // What selects tools, sets speeds or cools switches nothing on, at least not where others do it by a spindle.
     return words.HasOtherThan(has_spindle_tools_ ? "TFNGS" : "TFNG", has_spindle_tools_) ? PowerKind::kTemplate
                                                                                          : PowerKind::kNothing;
@@ -108,16 +110,27 @@ const CToolPower::Traits& CToolPower::TraitsOf(int32_t tool) const {
     const bool has_master = data.physical != data.own;
     const std::string own_on = data.own->on.Source();
     const std::string physical_on = has_master ? data.physical->on.Source() : std::string();
-    traits.kind = KindOf(own_on + physical_on);
-    traits.own_on = KindOf(own_on) != PowerKind::kNothing;
-    traits.physical_on = KindOf(physical_on) != PowerKind::kNothing;
-    traits.has_off = !data.own->off.Source().empty() || !data.physical->off.Source().empty();
+    const std::string off = data.own->off.Source() + data.physical->off.Source();
+    traits.kind = KindOf(own_on + physical_on, off);
+    traits.own_on = KindOf(own_on, off) != PowerKind::kNothing;
+    traits.physical_on = KindOf(physical_on, off) != PowerKind::kNothing;
+    traits.has_off = !off.empty();
+    traits.needs_spindle = NeedsSpindle(traits);
+    if (traits.kind == PowerKind::kOutput) traits.outputs = NcWords(own_on + physical_on).Outputs();
     traits.select_key = data.own->select.Source();
-    if (has_master) traits.select_key += "|" + data.physical->select.Source();
+    if (has_master) traits.select_key += data.physical->select.Source();
     if (data.own->select.Has(DirectiveId::kToolId) || data.physical->select.Has(DirectiveId::kToolId)) {
         traits.select_key += std::to_string(tool);
     }
     return traits;
+}
+
+// A router cuts only while its spindle turns; a knife has none, and says so, or is the only tool.
+bool CToolPower::NeedsSpindle(const Traits& traits) const {
+    const NcWords of_tool(traits.own->select.Source() + traits.own->on.Source() + traits.physical->select.Source() +
+                          traits.physical->on.Source());
+    const NcWords of_start(run_.file_start.Source() + run_.main_init.Source());
+    return of_tool.HasM({3, 4}) || (of_start.HasM({3, 4}) && !of_tool.HasM({5}));
 }
 
 void CToolPower::Wrote(const CompiledTemplate& compiled, int32_t tool, double depth) {
@@ -130,7 +143,8 @@ void CToolPower::Wrote(const CompiledTemplate& compiled, int32_t tool, double de
     }
     if (compiled.Is(Event("ToolOn_"))) {
         on_.insert(level);
-        on_depth_ = depth;
+        spindle_by_tool_ |= spindle_ && traits.kind == PowerKind::kSpindle;
+        if (traits.kind == PowerKind::kDepth) first_depth_.try_emplace(traits.physical, depth);
         if (std::find(switched_on_.begin(), switched_on_.end(), tool) == switched_on_.end()) {
             switched_on_.push_back(tool);
         }
@@ -150,13 +164,27 @@ void CToolPower::TakeTWord(double t_word, int32_t tool) {
 void CToolPower::ChangeTool() {
     if (!pending_t_) return;
     loaded_t_ = pending_t_;
-    if (pending_tool_ >= 0) t_of_tool_[pending_tool_] = *pending_t_;
+    if (pending_tool_ >= 0) t_of_key_[TraitsOf(pending_tool_).select_key] = *pending_t_;
+}
+
+void CToolPower::SwitchSpindle(bool on) {
+    spindle_ = on;
+    spindle_by_tool_ &= on;
+}
+
+void CToolPower::SwitchOutput(int32_t number, bool on) {
+    if (on) {
+        outputs_.insert(number);
+    } else {
+        outputs_.erase(number);
+    }
 }
 
 void CToolPower::SwitchAllOff() {
     on_.clear();
-    spindle_ = output_ = false;
-    on_depth_.reset();
+    SwitchSpindle(false);
+    outputs_.clear();
+    first_depth_.clear();
     on_by_selection_ = nullptr;
 }
 
@@ -166,39 +194,54 @@ bool CToolPower::IsTemplateOn(const Traits& traits) const {
     return !traits.physical_on || on_.contains(traits.physical);
 }
 
+bool CToolPower::IsDeep(const Traits& traits, double depth) const {
+    const auto first = first_depth_.find(traits.physical);
+    return first != first_depth_.end() && depth <= first->second + kSameDepth;
+}
+
+// Without a number in its template any output may be meant.
+bool CToolPower::HasOutput(const Traits& traits) const {
+    if (traits.outputs.empty()) return !outputs_.empty();
+    return std::any_of(traits.outputs.begin(), traits.outputs.end(),
+                       [this](int32_t number) { return outputs_.contains(number); });
+}
+
 bool CToolPower::IsOn(int32_t tool, double depth) const {
     const Traits& traits = TraitsOf(tool);
     switch (traits.kind) {
         case PowerKind::kNothing:
-            return spindle_ || output_ || (reads_text_ && depth < 0.0) ||
+            return spindle_ || !outputs_.empty() || (reads_text_ && depth < 0.0) ||
                    (on_by_selection_ != nullptr && on_by_selection_ == traits.physical);
         case PowerKind::kTemplate: return IsTemplateOn(traits);
         case PowerKind::kSpindle: return spindle_;
-        case PowerKind::kOutput: return output_;
+        case PowerKind::kOutput: return HasOutput(traits);
         case PowerKind::kDepth: break;
     }
-    return on_depth_ && depth <= *on_depth_ + kSameDepth;
+    return IsDeep(traits, depth) && (spindle_ || !traits.needs_spindle);
 }
 
 bool CToolPower::IsAnyOn(double depth) const {
-    const auto has = [this](PowerKind kind) { return (kinds_ >> static_cast<unsigned>(kind) & 1U) != 0; };
-    const bool by_nothing = has(PowerKind::kNothing);
-    if (spindle_ && ((by_nothing && !has(PowerKind::kDepth)) || has(PowerKind::kSpindle))) return true;
-    if (output_ && (by_nothing || has(PowerKind::kOutput))) return true;
-    if (reads_text_ && by_nothing && !has(PowerKind::kDepth) && depth < 0.0) return true;
-    if (has(PowerKind::kDepth) && on_depth_ && depth <= *on_depth_ + kSameDepth) return true;
-    if (on_by_selection_ != nullptr) return true;
-    if (!has(PowerKind::kTemplate) || on_.empty()) return false;
-    return std::any_of(switched_on_.begin(), switched_on_.end(), [this](int32_t tool) {
-        const Traits& traits = TraitsOf(tool);
-        return traits.kind == PowerKind::kTemplate && IsTemplateOn(traits);
+    if (on_by_selection_ != nullptr || spindle_by_tool_ || IsOn(used_, depth)) return true;
+    return std::any_of(switched_on_.begin(), switched_on_.end(), [this, depth](int32_t tool) {
+        const PowerKind kind = TraitsOf(tool).kind;
+        return kind != PowerKind::kNothing && kind != PowerKind::kSpindle && IsOn(tool, depth);
     });
+}
+
+bool CToolPower::IsAnyLow(double depth, double highest) const {
+    if (IsAnyOn(depth)) return true;
+    const Traits& traits = TraitsOf(used_);
+    const auto first = first_depth_.find(traits.physical);
+    if (first == first_depth_.end()) return false;
+    // A machine that lifts above 0 has its material below.
+    const bool is_below = highest > 0.0 && first->second < -kSameDepth && depth < -kSameDepth;
+    return is_below || IsDeep(traits, depth);
 }
 
 bool CToolPower::Holds(int32_t tool) const {
     if (by_t_words_) {
-        const auto found = t_of_tool_.find(tool);
-        return found != t_of_tool_.end() && loaded_t_ == found->second;
+        const auto found = t_of_key_.find(TraitsOf(tool).select_key);
+        return found != t_of_key_.end() && loaded_t_ == found->second;
     }
     const std::string& key = TraitsOf(tool).select_key;
     return loaded_key_ ? *loaded_key_ == key : key.empty();

@@ -24,6 +24,27 @@ const Lines kKnife = host::MachineLines("knife");
 // The X axis turns a cylinder of 100 mm.
 const Lines kRotary = {"BOOL bAx1IsRot true", "BOOL bRotAxisInDegrees true", "REAL rDefRotRadiusMM 50"};
 
+// A torch that is fired above the material, and a router that goes into it.
+const Lines kTorch = {"MULTI FileStart_tTmpl NNUL G0Z10", "MULTI T1_ToolOn_tTmpl NNUL G0Z4 NNUL M3 NNUL G1Z1.5",
+                      "MULTI T1_ToolOff_tTmpl NNUL M5 NNUL G0Z10"};
+const Lines kRouter = {"MULTI FileStart_tTmpl NNUL G0Z5", "MULTI T1_ToolSel_tTmpl NNUL T1M6 NNUL M3S9000",
+                       "MULTI T1_ToolOn_tTmpl NNUL G1Z-2", "MULTI T1_ToolOff_tTmpl NNUL G0Z5"};
+
+// Sub-programs in absolute words, whose origin is moved.
+const Lines kAbsoluteCalls = {"BOOL bUseSubs true",
+                              "BOOL bSubsInAbs true",
+                              "BOOL bOutputSubsFirst true",
+                              "BOOL SubNum_bUseSequence true",
+                              "MULTI SubInit_tTmpl NNUL o<@CurProgNum>!#SP#!sub",
+                              "MULTI SubTerm_tTmpl NNUL o<@CurProgNum>!#SP#!endsub",
+                              "MULTI OriTransSet_tTmpl NNUL G52<@IncludePtWords>",
+                              "MULTI OriTransReset_tTmpl NNUL G52X0Y0",
+                              "MULTI SubCall_tTmpl NNUL o<@IncludeNum>!#SP#!call",
+                              "MULTI T1_ToolOn_tTmpl NNUL T1M6 NNUL M3S100"};
+
+// Increments, in files of a few lines.
+const Lines kSegments = {"BOOL bOutModeAbs false", "BOOL bUseFileSeg true", "INT nMaxBytes 60"};
+
 std::string Drawing(const Lines& main, const Lines& subs) {
     std::string text = "MAIN,JOB\nUM,x\nUR,100,100\n";
     for (const std::string& line : main) text += line + "\n";
@@ -73,6 +94,8 @@ const std::string kSquare = "L,1,1,0,60,10,60,60,0,0";
 const std::string kLong = "A,1,1,0,50,40,40,50,40,40,-10,0,0";  // 270.0 and more: three quarters, counter-clockwise
 const std::string kCircle = "A,1,1,0,50,40,50,40,40,40,-10,0,0";
 const Lines kTwoLines = {kLine, kSquare};
+const Lines kToolsInTurns = {kLine, "L,1,2,0,60,10,60,60,0,0", "L,1,2,0,60,70,60,80,0,0", "L,1,2,0,60,90,10,90,0,0"};
+const Lines kApart = {kLine, "L,1,1,0,60,20,90,20,0,0"};
 
 // Above 270 degrees, with an end that is on no grid.
 const std::string kOffGrid = "A,1,1,0,61.199,111.4973,76.924,84.8925,31.1723,75.8003,-46.6464,0,0";
@@ -200,7 +223,7 @@ const Row kRows[] = {
      {{}, {"A,1,1,0,50,40,49.999,40.14,40,40,-10,0,0"}}},
     {"CentreOffsetsBelowAnIncrement",
      {{"INT MM_AX1_nNDec 5", "INT MM_AX2_nNDec 5"}, {kLine, "A,1,1,0,60.0004,10,60,10.0004,60,10,-0.0004,0,0"}},
-     {"no-arc-centre: a centre offset below 0.0005 is left out"},
+     {"no-arc-centre"},
      {{"INT MM_AX1_nNDec 5", "INT MM_AX2_nNDec 5"}, {kLine, "A,1,1,0,60.04,10,60,10.04,60,10,-0.04,0,0"}}},
     {"UnequalFactors",
      {{"REAL MM_AX2_rFactor 1.01"}, {kLong}},
@@ -248,7 +271,7 @@ const Row kRows[] = {
      {{"MULTI MainInit_tTmpl NNUL G21G90F500 NNUL M3 NNUL G1X70Y70", "MULTI T1_ToolOn_tTmpl NNUL",
        "MULTI T1_ToolOff_tTmpl NNUL M5"},
       {kLine}},
-     {"stray-cut", "changed-while-on", "rapid-while-on"},
+     {"stray-cut", "changed-while-on", "not-cut: nothing switches the tool on"},
      {{}, {kLine}}},
     {"FlyModeThatMoves",
      {{"BOOL Fly_bSupport true", "BOOL T1_Fly_bUse true", "REAL T1_Fly_rDEG_MaxAngDeviation 100",
@@ -276,6 +299,81 @@ const Row kRows[] = {
       {"SUB,S", kLine, kSquare, "END"}},
      {"cut-elsewhere: no word of the call says that it is turned or mirrored"},
      {kCalls, {"C,S,20,20,0.5,0,0"}, {"SUB,S", kLine, kSquare, "END"}}},
+
+    // What switches tools on and off.
+    {"OutputOfAnotherNumber",
+     {{"MULTI T1_ToolOn_tTmpl NNUL M62P0", "MULTI T1_ToolOff_tTmpl NNUL M63P1"}, kApart},
+     {"rapid-while-on", "end-while-on: nothing switches the tool off"},
+     {{"MULTI FileStart_tTmpl NNUL M64P2", "MULTI T1_ToolOn_tTmpl NNUL M62P0", "MULTI T1_ToolOff_tTmpl NNUL M63P0"},
+      kApart}},
+    {"SpindleWithoutSpeed",
+     {{"MULTI T1_ToolOn_tTmpl NNUL M3S0"}, {kLine}},
+     {"not-cut: the master tool is not switched on again"},
+     {{"MULTI T1_ToolOff_tTmpl NNUL M3S0", "MULTI FileEnd_tTmpl NNUL M5 NNUL M2"}, kApart}},
+    {"OnCodeThatIsNone",
+     {{"MULTI T1_ToolOn_tTmpl NNUL M5"}, {kLine}},
+     {"not-cut: nothing switches the tool on"},
+     {{}, {kLine}}},
+    {"TorchThatOnlyLifts",
+     {Joined(kTorch, {"MULTI T1_ToolOff_tTmpl NNUL G0Z10"}), kApart},
+     {"rapid-while-on", "end-while-on: nothing switches the tool off"},
+     {kTorch, kApart}},
+    {"SpindleStoppedByAChange",
+     {Joined(kRouter, {"MULTI FileStart_tTmpl NNUL M3S9000", "MULTI T1_ToolSel_tTmpl NNUL T1M6"}), {kLine}},
+     {"not-cut: the master tool is not switched on again"},
+     {kRouter, {kLine}}},
+    {"LiftInPartOnly",
+     {Joined(kRouter, {"MULTI T1_ToolOff_tTmpl NNUL G0Z-1", "MULTI FileEnd_tTmpl NNUL G0Z5 NNUL M2"}), kApart},
+     {"rapid-while-on"},
+     {kRouter, kApart}},
+    {"LiftOnTheWay",
+     {Joined(kRouter, {"MULTI T1_ToolOff_tTmpl NNUL", "MULTI Move_tTmpl NNUL <@InterpCode><@StartPtWords>Z5",
+                       "MULTI FileEnd_tTmpl NNUL G0Z5 NNUL M2"}),
+      kApart},
+     {"rapid-while-on: nothing switches the tool off"},
+     {Joined(kRouter, {"MULTI T1_ToolOff_tTmpl NNUL G91G28Z0 NNUL G90"}), kApart}},
+    {"DeeperEachTime",
+     {Joined(kRouter,
+             {"BOOL bOutModeAbs false", "MULTI T1_ToolOn_tTmpl NNUL G1Z-7", "MULTI T1_ToolOff_tTmpl NNUL G0Z9"}),
+      kApart},
+     {"not-cut: the master tool is not switched on again"},
+     {Joined(kRouter,
+             {"BOOL bOutModeAbs false", "MULTI T1_ToolOn_tTmpl NNUL G1Z-7", "MULTI T1_ToolOff_tTmpl NNUL G0Z7"}),
+      kApart}},
+    {"ToolsInComments",
+     {{"MULTI T1_ToolSel_tTmpl NNUL S1", "MULTI T2_ToolSel_tTmpl NNUL"}, {kLine, "L,1,2,0,60,20,60,60,0,0"}},
+     {"other-tool: nothing selects the tool"},
+     {{"MULTI T1_ToolSel_tTmpl NNUL M0(CUT1)", "MULTI T2_ToolSel_tTmpl NNUL M0(CUT2)"},
+      {kLine, "L,1,2,0,60,20,60,60,0,0"}}},
+
+    // What a controller refuses.
+    {"DepthAfterAnArc",
+     {Joined(kRouter, {"MULTI T1_ToolOff_tTmpl NNUL Z5"}), {kLong}},
+     {"no-arc-centre"},
+     {kRouter, {kLong}}},
+    {"PlungeWithoutFeed",
+     {Joined(kRouter, {"MULTI MainInit_tTmpl NNUL G21G90"}), {kLine}},
+     {"no-feed"},
+     {kRouter, {kLine}}},
+    {"RadiusAndCentre",
+     {{"MULTI Arc_tTmpl NNUL <@InterpCode><@EndPtWords><@ArcDataWords>R10"}, {kLong}},
+     {"repeated-word"},
+     {{}, {kLong}}},
+
+    // Lines of a call.
+    {"OriginAfterTheCall",
+     {Joined(kAbsoluteCalls,
+             {"MULTI OriTransSet_tTmpl NNUL", "MULTI SubCall_tTmpl NNUL o<@IncludeNum>!#SP#!call NNUL G52X20Y20"}),
+      {"C,S,20,20,0,0,0"},
+      {"SUB,S", kLine, kSquare, "END"}},
+     {"cut-elsewhere"},
+     {kAbsoluteCalls, {"C,S,20,20,0,0,0"}, {"SUB,S", kLine, kSquare, "END"}}},
+    {"ModeOfAnEarlierFile",
+     {Joined(kSegments, {"MULTI T1_ToolSel_tTmpl NNUL T1M6 NNUL G91", "MULTI MainInit_tTmpl NNUL F500"}),
+      kToolsInTurns},
+     {"not-cut: the tuning has no code for absolute or incremental words",
+      "cut-elsewhere: the tuning has no code for absolute or incremental words"},
+     {kSegments, kToolsInTurns}},
 
     // A plotter.
     {"PenNeverDown",

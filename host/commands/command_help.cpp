@@ -59,7 +59,8 @@ void AddRow(const std::string& label, size_t label_width, const std::string& des
 void AddOptions(const std::string& heading, const std::vector<const CLI::Option*>& options, std::string& text) {
     if (options.empty()) return;
     text.append("\n").append(heading).append(":\n");
-    for (const CLI::Option* const option : options) AddRow(LabelOf(*option), kOptionWidth, option->get_description(), text);
+    for (const CLI::Option* const option : options)
+        AddRow(LabelOf(*option), kOptionWidth, option->get_description(), text);
 }
 
 void AddCommands(const CLI::App& app, std::string& text) {
@@ -88,9 +89,11 @@ public:
                    text);
         for (const std::string& group : app->get_groups()) {
             if (group.empty()) continue;
-            AddOptions(group, OptionsOf(*app, [&group](const CLI::Option* option) {
-                           return option->nonpositional() && option->get_group() == group;
-                       }),
+            AddOptions(group,
+                       OptionsOf(*app,
+                                 [&group](const CLI::Option* option) {
+                                     return option->nonpositional() && option->get_group() == group;
+                                 }),
                        text);
         }
         AddCommands(*app, text);
@@ -122,9 +125,7 @@ CLI::App& AddCommand(CLI::App& app, const char* name, const char* does, CommandH
     return command;
 }
 
-void SetHelp(CLI::App& app, CommandHelp help) {
-    app.formatter(std::make_shared<CHelpFormatter>(std::move(help)));
-}
+void SetHelp(CLI::App& app, CommandHelp help) { app.formatter(std::make_shared<CHelpFormatter>(std::move(help))); }
 
 std::string UsageLine(const CLI::App& command) {
     const auto* const formatter = dynamic_cast<const CHelpFormatter*>(command.get_formatter().get());

@@ -8,10 +8,10 @@ namespace brindle::host {
 
 // What the help of a command says that its options do not.
 struct CommandHelp {
-    const char* usage = "";   // what follows the name and [OPTIONS]
+    const char* usage = "";    // what follows the name and [OPTIONS]
     std::string notes = {};    // in lines as they are printed
     const char* example = "";  // lines to type
-    const char* status = "";  // what the exit statuses mean, a sentence that follows "Exit status:"
+    const char* status = "";   // what the exit statuses mean, a sentence that follows "Exit status:"
 };
 
 // The exit statuses of most commands.

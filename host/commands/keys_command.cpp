@@ -28,8 +28,8 @@ int PrintKeys(const KeysOptions& options) {
     std::string text = KeyEntry(pattern, ScreenWidth());
     if (text.empty()) text = KeyList(pattern, ScreenWidth());
     if (text.empty()) {
-        PrintError({}, "no key is or holds " + Quoted(pattern) + ", nor does its meaning" +
-                           Suggestion(IntendedKey(pattern)));
+        PrintError(
+            {}, "no key is or holds " + Quoted(pattern) + ", nor does its meaning" + Suggestion(IntendedKey(pattern)));
         return kBadInput;
     }
     std::cout << text;
@@ -40,16 +40,16 @@ int PrintKeys(const KeysOptions& options) {
 
 void AddKeysCommand(CLI::App& app, int& status) {
     const auto options = std::make_shared<KeysOptions>();
-    CLI::App& command = AddCommand(
-        app, "keys", "Explains the keys that a tuning can hold",
-        {.usage = "[WORD...]",
-         .notes = "default  what a run uses for a key that is missing, - if it needs none\n"
-                  "editor   what the tuning editor stores for it\n"
-                  "scope    how the key is written: alone; per tool: after T1_, T2_ and so on, or\n"
-                  "         T_ for the default tool; per event: after the event, as in Line_tTmpl,\n"
-                  "         or after tool and event, as in T1_ToolOn_tTmpl",
-         .example = "brindle keys block number\nbrindle keys T3_Speed_P1_sV1",
-         .status = "0 if all went well, 1 if no key is found, 2 for wrong usage."});
+    CLI::App& command =
+        AddCommand(app, "keys", "Explains the keys that a tuning can hold",
+                   {.usage = "[WORD...]",
+                    .notes = "default  what a run uses for a key that is missing, - if it needs none\n"
+                             "editor   what the tuning editor stores for it\n"
+                             "scope    how the key is written: alone; per tool: after T1_, T2_ and so on, or\n"
+                             "         T_ for the default tool; per event: after the event, as in Line_tTmpl,\n"
+                             "         or after tool and event, as in T1_ToolOn_tTmpl",
+                    .example = "brindle keys block number\nbrindle keys T3_Speed_P1_sV1",
+                    .status = "0 if all went well, 1 if no key is found, 2 for wrong usage."});
     CLI::Option* const words =
         command
             .add_option("WORD", options->words,

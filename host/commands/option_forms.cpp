@@ -36,9 +36,9 @@ void SetWholeNumber(CLI::Option& option, int least, int most) {
         const std::optional<double> number = ParseNumber(text);
         const bool is_good = number && *number == std::floor(*number) && *number >= least && *number <= most &&
                              text.find_first_of(".eE") == text.npos;
-        return is_good ? std::string()
-                       : Quoted(text) + " is no whole number from " + std::to_string(least) + " to " +
-                             std::to_string(most);
+        return is_good
+                   ? std::string()
+                   : Quoted(text) + " is no whole number from " + std::to_string(least) + " to " + std::to_string(most);
     });
 }
 

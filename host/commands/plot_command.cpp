@@ -79,8 +79,8 @@ int CheckPath(const std::string& path, const PlotArguments& arguments) {
 PictureStyle StyleOf(const PlotArguments& arguments) {
     PictureStyle style;
     style.dark = arguments.dark;
-    style.title =
-        fs::path(arguments.input.drawing).filename().string() + ", " + fs::path(arguments.input.tuning).filename().string();
+    style.title = fs::path(arguments.input.drawing).filename().string() + ", " +
+                  fs::path(arguments.input.tuning).filename().string();
     if (const std::optional<Point> size = PairText(arguments.size, 'x')) {
         style.width = static_cast<int>(size->x);
         style.height = static_cast<int>(size->y);
@@ -128,10 +128,9 @@ int Plot(PlotArguments& arguments) {
 
 void AddPlotCommand(CLI::App& app, int& status) {
     const auto arguments = std::make_shared<PlotArguments>();
-    CLI::App& command = AddCommand(app, "plot", "Draws the tool path of a drawing",
-                                   {.usage = "TUNING DRAWING",
-                                    .example = "brindle plot laser.tun box.cf2 -o box.png",
-                                    .status = kUsualStatus});
+    CLI::App& command = AddCommand(
+        app, "plot", "Draws the tool path of a drawing",
+        {.usage = "TUNING DRAWING", .example = "brindle plot laser.tun box.cf2 -o box.png", .status = kUsualStatus});
     AddTuning(command, arguments->input, "Tuning of the machine; - is standard input");
     AddDrawing(command, arguments->input, "CFF2 drawing; - is standard input");
     command

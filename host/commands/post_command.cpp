@@ -13,6 +13,7 @@
 #include "host/console/date_text.h"
 #include "host/console/messages.h"
 #include "host/load/tuning_report.h"
+#include "host/post/given_values.h"
 #include "host/post/post_jobs.h"
 #include "platform/local_time.h"
 #include "text/numbers.h"
@@ -112,11 +113,12 @@ void AddComparisonOptions(CLI::App& command, PostArguments& arguments) {
 }
 
 void AddJobOptions(CLI::App& command, PostArguments& arguments) {
-    auto* const inches = command.add_flag("--inches", arguments.inches,
-                                          "NC text in inches, whatever the drawing's unit, if bOutUnitsAuto is true; the "
-                                          "lengths of the drawing stay as they are");
-    auto* const millimetres = command.add_flag("--mm", arguments.millimetres,
-                                               "The same in millimetres; not together with --inches");
+    auto* const inches =
+        command.add_flag("--inches", arguments.inches,
+                         "NC text in inches, whatever the drawing's unit, if bOutUnitsAuto is true; the "
+                         "lengths of the drawing stay as they are");
+    auto* const millimetres =
+        command.add_flag("--mm", arguments.millimetres, "The same in millimetres; not together with --inches");
     inches->excludes(millimetres);
     const auto add = [&command](const char* name, std::string& text, const char* form, auto is_good, const char* help) {
         CLI::Option* const option = command.add_option(name, text, help)->group(kJobGroup);
@@ -183,7 +185,8 @@ std::string ExpressionHelp() {
 }
 
 constexpr char kStatusHelp[] =
-    "0 if nothing is lost, 1 if there is no NC file, 2 for wrong usage, and 3 if the NC text does not cut what is drawn. "
+    "0 if nothing is lost, 1 if there is no NC file, 2 for wrong usage, and 3 if the NC text does not cut what is "
+    "drawn. "
     "Of several drawings it is 1 if one is not made, else 3 if one loses something, else 0.";
 
 // ---- Work ----
@@ -213,7 +216,7 @@ int Post(PostArguments& arguments) {
     if (!LoadTuning(arguments.tuning, arguments.definition, tuning) || !ReportOnTuning(tuning)) return kBadInput;
     if (!ChooseDataset(tuning, job.dataset, job.run_data.dataset)) return kBadInput;
     if (!job.dataset.empty()) job.dataset = job.run_data.dataset;
-    if (!CheckSettings(tuning, job.run_data)) return kBadInput;
+    if (!CheckGivenValues(tuning, job.run_data)) return kBadInput;
     const size_t at_a_time = arguments.jobs == 0 ? std::thread::hardware_concurrency() : arguments.jobs;
     switch (RunPostJobs(plan, tuning, job, at_a_time)) {
         case JobOutcome::kMade: return kGood;

@@ -8,7 +8,7 @@ namespace brindle::host {
 
 void AddTuning(CLI::App& command, TuningArgument& arguments, const char* help) {
     command.add_option("TUNING", arguments.tuning, help)->type_name("FILE");
-    command.add_option("-t,--tuning", arguments.option, "The tuning too, in place of the first argument")
+    command.add_option("-t,--tuning", arguments.option, "The tuning, in place of the first argument")
         ->type_name("FILE");
 }
 

@@ -22,15 +22,9 @@ struct FileStart {
 };
 
 constexpr FileStart kFileStarts[] = {
-    {"\xFF\xFE"sv, "UTF-16 text"},
-    {"\xFE\xFF"sv, "UTF-16 text"},
-    {"AutoCAD Binary DXF"sv, "a DXF drawing"},
-    {"AC10"sv, "a DWG drawing"},
-    {"%PDF"sv, "a PDF file"},
-    {"%!PS"sv, "a PostScript file"},
-    {"PK\x03\x04"sv, "a ZIP archive"},
-    {"\x1F\x8B"sv, "a gzip archive"},
-    {"\x89PNG"sv, "a PNG picture"},
+    {"\xFF\xFE"sv, "UTF-16 text"},     {"\xFE\xFF"sv, "UTF-16 text"},    {"AutoCAD Binary DXF"sv, "a DXF drawing"},
+    {"AC10"sv, "a DWG drawing"},       {"%PDF"sv, "a PDF file"},         {"%!PS"sv, "a PostScript file"},
+    {"PK\x03\x04"sv, "a ZIP archive"}, {"\x1F\x8B"sv, "a gzip archive"}, {"\x89PNG"sv, "a PNG picture"},
 };
 
 struct NameEnd {
@@ -39,10 +33,10 @@ struct NameEnd {
 };
 
 constexpr NameEnd kNameEnds[] = {{".SVG", "an SVG drawing"}, {".DXF", "a DXF drawing"}, {".DWG", "a DWG drawing"},
-                                 {".PDF", "a PDF file"},     {".AI", "an AI drawing"},   {".EPS", "a PostScript file"}};
+                                 {".PDF", "a PDF file"},     {".AI", "an AI drawing"},  {".EPS", "a PostScript file"}};
 
-constexpr std::string_view kRecordWords[] = {"$BOF", "V2", "ORDER", "END", "$EOF", "MAIN", "SUB", "UR", "LL",
-                                             "UM",   "UI", "SCL",   "L",   "A",    "T",    "C"};
+constexpr std::string_view kRecordWords[] = {"$BOF", "V2", "ORDER", "END", "$EOF", "MAIN", "SUB", "UR",
+                                             "LL",   "UM", "UI",    "SCL", "L",    "A",    "T",   "C"};
 
 constexpr std::string_view kTuning = "a tuning", kDrawing = "a CFF2 drawing";
 

@@ -202,23 +202,24 @@ std::string EntryOf(const std::string& key, const KeyMatch& match, size_t width)
 constexpr char kIntroduction[] =
     "# The keys of a tuning\n"
     "\n"
-    "Made by `brindle keys --markdown`. `brindle keys WORD` searches names and meanings, `brindle keys KEY` prints one\n"
+    "Made by `brindle keys --markdown`. `brindle keys WORD` searches names and meanings, `brindle keys KEY` prints "
+    "one\n"
     "key with a line to copy, and `brindle check` finds mistakes in a tuning.\n"
     "\n"
-    "A line of a tuning is a type, a key and a value, such as `BOOL bTrimZeros true`. *Default* is what a run takes for\n"
+    "A line of a tuning is a type, a key and a value, such as `BOOL bTrimZeros true`. *Default* is what a run takes "
+    "for\n"
     "a key that is missing, *Editor* what the tuning editor stores for it; - is no value. `Tn_` stands for the prefix\n"
     "of a tool, `T1_`, `T2_` and so on, or `T_` for the default tool, and `EVENT_` for that of an event, which for an\n"
     "event of a tool follows the tool's, as in `T1_ToolOn_tTmpl`.\n";
 
 std::string WrittenKey(const KeyInfo& info) {
-    const char* const prefix = info.scope == KeyScope::kTool    ? "Tn_"
-                               : info.scope == KeyScope::kEvent ? "EVENT_"
-                                                                : "";
+    const char* const prefix = info.scope == KeyScope::kTool ? "Tn_" : info.scope == KeyScope::kEvent ? "EVENT_" : "";
     return std::string(prefix).append(info.name);
 }
 
 std::string GroupPage(std::string_view group) {
-    std::string page = "\n## " + std::string(group) + "\n\n| Key | Type | Default | Editor | Meaning |\n|---|---|---|---|---|\n";
+    std::string page =
+        "\n## " + std::string(group) + "\n\n| Key | Type | Default | Editor | Meaning |\n|---|---|---|---|---|\n";
     for (const KeyInfo& info : KeyCatalogue()) {
         if (info.group != group) continue;
         page.append("| `").append(WrittenKey(info)).append("` | ").append(TypeWord(info.kind)).append(" | ");

@@ -65,12 +65,12 @@ void AddCheckCommand(CLI::App& app, int& status) {
         AddCommand(app, "check", "Reports what is wrong with a tuning, with file and line",
                    {.usage = "TUNING...",
                     .notes = "error    a line that is dropped, or a value that is read differently than it\n"
-                  "         looks\n"
-                  "warning  what has another effect than it seems to, or none; a dropped line that\n"
-                  "         looks like a comment, which a tuning can't have\n"
-                  "info     what has no effect under the options of the tuning; keys that hold\n"
-                  "         their default value are not reported",
-         .example = "brindle check laser.tun",
+                             "         looks\n"
+                             "warning  what has another effect than it seems to, or none; a dropped line that\n"
+                             "         looks like a comment, which a tuning can't have\n"
+                             "info     what has no effect under the options of the tuning; keys that hold\n"
+                             "         their default value are not reported",
+                    .example = "brindle check laser.tun",
                     .status = "0 without errors, 1 with errors or if a file can't be read, 2 for wrong usage."});
     command.add_option("TUNING", options->paths, "Tunings; - is standard input")->type_name("FILE");
     command.add_option("-t,--tuning", options->tuning, "Another way to name a tuning")->type_name("FILE");

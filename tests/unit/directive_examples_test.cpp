@@ -144,8 +144,12 @@ TEST(KeyReference, LinesToCopyAreLinesOfATuning) {
         EXPECT_EQ(tuning.items().size(), 1u) << line;
         std::string text;
         int32_t number = 0;
-        if (tuning.GetText(key, text)) EXPECT_EQ(text, DefaultOf(info).Text()) << line;
-        if (tuning.GetInt(key, number)) EXPECT_EQ(number, DefaultOf(info).Int()) << line;
+        if (tuning.GetText(key, text)) {
+            EXPECT_EQ(text, DefaultOf(info).Text()) << line;
+        }
+        if (tuning.GetInt(key, number)) {
+            EXPECT_EQ(number, DefaultOf(info).Int()) << line;
+        }
     }
 }
 

@@ -122,7 +122,7 @@ offered() {
     # shellcheck disable=SC2016
     bash -c '. "$0"; COMP_WORDS=(brindle "$@"); COMP_CWORD=$#
         _brindle brindle "${COMP_WORDS[-1]}" "${COMP_WORDS[-2]}" && printf "%s\n" "${COMPREPLY[@]}"' \
-        "$prefix/share/bash-completion/completions/brindle" "$@" | sort | paste -sd ' '
+        "$prefix/share/bash-completion/completions/brindle" "$@" | LC_ALL=C sort | paste -sd ' '
 }
 
 PATH="$(dirname "$brindle"):$PATH"

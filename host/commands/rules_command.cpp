@@ -49,8 +49,9 @@ void AddRulesCommand(CLI::App& app, int& status) {
     CLI::App& command =
         AddCommand(app, "rules", "Explains what is looked for in tunings, drawings and NC text",
                    {.usage = "[NAME]",
-                    .notes = "Without NAME all rules are listed, with NAME its entry is printed: what it means,\n"
-                             "the way out, and an example that it finds, with a twin that it leaves alone.",
+                    .notes = "Without NAME all rules are listed, with NAME its entry is printed: what it\n"
+                             "means, the way out, and an example that it finds, with a twin that it leaves\n"
+                             "alone.",
                     .example = "brindle rules not-cut",
                     .status = "0 if all went well, 1 if there is no such rule, 2 for wrong usage."});
     CLI::Option* const name =

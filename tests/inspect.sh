@@ -26,20 +26,34 @@ expect 'dump of a template that is not there' 1 "brindle: data/dump.tun: no temp
 expect 'dump of no tuning' 1 'brindle: bad/bytes.tun:7: the line holds a NUL byte: this is no tuning' dump bad/bytes.tun
 expect 'dump of a missing file' 1 'brindle: data/missing.tun: no such file' dump data/missing.tun
 
-expect 'one key' 0 "Tools
-  key            type  default  editor  scope     meaning
-  nPhysicalTool  INT   -        -       per tool  Number of the master tool if bToolSubordinate is true; without this key or at 0 it is the tool itself." \
-    keys T3_nPhysicalTool
+expect 'one key' 0 "T3_nPhysicalTool
+  meaning  Number of the master tool if bToolSubordinate is true; without this key or at 0 it is the tool itself.
+  group    Tools
+  type     INT
+  default  -
+  editor   -
+  scope    per tool
+  line     INT T3_nPhysicalTool 0" keys T3_nPhysicalTool
+[ "$("$BRINDLE" keys sRTCode | grep '^  line')" = $'  line     TEXT sRTCode !#EMPTY#!\n  line     TEXT T1_sRTCode !#EMPTY#!' ] ||
+    fail 'a key that is there alone and per tool'
 expect 'keys by a part in any case' 0 "$("$BRINDLE" keys facettol)" keys FacetTol
-expect 'no key' 1 "brindle: no key is or holds 'bUseSubz' (did you mean bUseSubs?)" keys bUseSubz
+expect 'no key' 1 "brindle: no key is or holds 'bUseSubz', nor does its meaning (did you mean bUseSubs?)" keys bUseSubz
 [ "$("$BRINDLE" keys | grep -c 'SmFacet_')" -ge 3 ] || fail 'the list of all keys lacks some'
-expect 'a key without the prefix of its tool' 0 "$("$BRINDLE" keys T7_ToolOn_tTmpl)" keys ToolOn_tTmpl
-expect 'a key with a prefix too much' 1 "brindle: no key is or holds 'T1_Line_tTmpl' (did you mean Line_tTmpl?)" \
+expect 'a key without the prefix of its tool' 0 "$("$BRINDLE" keys T1_ToolOn_tTmpl)" keys ToolOn_tTmpl
+expect 'a key with a prefix too much' 1 "brindle: no key is or holds 'T1_Line_tTmpl', nor does its meaning (did you mean Line_tTmpl?)" \
     keys T1_Line_tTmpl
 while read -r name; do
     "$BRINDLE" keys "$name" >/dev/null || fail "$name is listed, but not found"
 done < <("$BRINDLE" keys | sed -n '/^Lines of/,$p' | grep -o '^  [A-Z]*')
 "$BRINDLE" keys Fly | grep -q '^  Fly_PreCheck_ ' || fail 'an event is not found by a part of its name'
+
+"$BRINDLE" keys first NUMBER counted | grep -q '^  nNWordInitVal ' || fail 'a key is not found by words of its meaning'
+for width in 80 100; do
+    COLUMNS=$width "$BRINDLE" keys | awk -v width=$width 'length > width { bad = 1 } END { exit bad }' ||
+        fail "keys do not fit $width columns"
+done
+diff <("$BRINDLE" keys | tr -s ' \n' '\n' | sort) <(COLUMNS=70 "$BRINDLE" keys | tr -s ' \n' '\n' | sort) >/dev/null ||
+    fail 'wrapped, the list of keys says something else'
 
 expect 'directive without @' 0 "$("$BRINDLE" directives @CutWidth)" directives CutWidth
 "$BRINDLE" directives CutWidth | grep -q '^  prints    D2.000$' || fail 'the entry of a directive lacks its example'

@@ -99,12 +99,12 @@ fi
 # ---- Man page: the options that the command's help names, and no other ----
 
 man_page=$prefix/share/man/man1/brindle.1
-commands=$("$brindle" --help | sed -nE '/^Subcommands:/,$s/^  ([a-z]+) .*/\1/p')
+commands=$("$brindle" --help | sed -nE '/^Commands:/,/^$/s/^  ([a-z]+) .*/\1/p')
 [ "$(wc -w <<<"$commands")" -ge 6 ] || fail "commands: $commands"
 for command in $commands; do
     section=$(awk -v command="$command" '/^\.S[hs]/ { inside = $0 == ".Ss " command } inside' "$man_page")
     told=$(grep '^\.It Fl ' <<<"$section" | grep -oE -- ' -[a-z-]+' | tr -d ' ' | sort)
-    known=$("$brindle" "$command" --help | grep -oE '^  (-.,)?--[a-z-]+' | sed 's/.*--/-/' |
+    known=$("$brindle" "$command" --help | grep -oE '^  (    |-., )--[a-z-]+' | sed 's/.*--/-/' |
         grep -vx -e -help -e -version | sort)
     [[ -n $section && $told == "$known" ]] ||
         fail "man page, $command: $(diff <(echo "$told") <(echo "$known"))"
@@ -122,12 +122,12 @@ offered() {
     # shellcheck disable=SC2016
     bash -c '. "$0"; COMP_WORDS=(brindle "$@"); COMP_CWORD=$#
         _brindle brindle "${COMP_WORDS[-1]}" "${COMP_WORDS[-2]}" && printf "%s\n" "${COMPREPLY[@]}"' \
-        "$prefix/share/bash-completion/completions/brindle" "$@" | sort | paste -sd ' '
+        "$prefix/share/bash-completion/completions/brindle" "$@" | LC_ALL=C sort | paste -sd ' '
 }
 
 PATH="$(dirname "$brindle"):$PATH"
 mkdir -p "$work/files/nc" && cd "$work/files" || exit 1
-touch a.tun 'b c.tun' a.cf2 a.nc
+touch a.tun 'b c.tun' a.cf2 B.CF2 a.nc
 for command in $commands; do
     [ "$(offered "${command:0:3}")" = "$command" ] || fail "completion of ${command:0:3}: $(offered "${command:0:3}")"
 done
@@ -139,14 +139,18 @@ done <<'END'
 post --tu|--tune-pick --tuning --tuning-name
 post -t .|a.tun b c.tun nc
 post --tuning a|a.tun
-post -t a.tun .|a.cf2 nc
+post -t a.tun .|B.CF2 a.cf2 nc
+post -t a.tun B|B.CF2
 post -o a|a.cf2 a.nc a.tun
 post --encoding .|latin1 utf8
 post --encoding = u|utf8
 post --date .|
 check .|a.tun b c.tun nc
 check --st|--strict
-dump --t|--template
+dump --t|--template --tuning
+dump -t .|a.tun b c.tun nc
+plot B|B.CF2
+help pl|plot
 END
 
 if command -v zsh >/dev/null; then

@@ -264,8 +264,10 @@ END
 echo 'A,0.5,1,0,25.4,0,35.4,0,30.4,0,5,0,0' >>box.cf2
 run 0 post -t plain.tun box.cf2
 says
-run 0 post -t plain.tun --verbose box.cf2
-mentions 'brindle: box.cf2: note: maxratio: '
+for option in --fly-ratios --verbose; do
+    run 0 post -t plain.tun $option box.cf2
+    mentions 'box.cf2: note: maxratio: '
+done
 
 begin 'what is wrong with a drawing'
 printf 'L,0.5,9,0,0,0,1e400,1,0,0\nL,0.5\n' >>box.cf2
@@ -322,11 +324,19 @@ run 1 post -t nul.tun box.cf2
 says 'brindle: nul.tun:2: the line holds a NUL byte: this is no tuning'
 
 begin 'output that cannot be written'
-run 1 post -t plain.tun -o none/out.nc box.cf2
-says "brindle: none/out.nc: can't be written: No such file or directory"
+while read -r arguments; do
+    # shellcheck disable=SC2086
+    run 1 $arguments
+    says 'brindle: none: no such folder'
+done <<'END'
+post -t plain.tun -o none/out.nc box.cf2
+post -t plain.tun -o none/ box.cf2
+post -t plain.tun -o none box.cf2 lid.cf2
+post -t plain.tun --trace none/trace box.cf2
+plot plain.tun box.cf2 -o none/box.svg
+END
 leaves
 mkdir taken.nc trace
-run 1 post -t plain.tun -o out.nc --trace none/trace box.cf2
 "$brindle" post -t plain.tun -o - --trace out.trace box.cf2 >/dev/full 2>"$folder.err"
 [ $? -eq 1 ] || fail 'exit status on a full device'
 leaves taken.nc trace
@@ -338,6 +348,35 @@ mkdir box-2.nc
 run 1 post -t plain.tun box.cf2
 says "brindle: box-2.nc: can't be written: Is a directory"
 leaves box-2.nc
+
+begin 'files that are something else'
+printf '<?xml version="1.0"?>\n<svg xmlns="http://www.w3.org/2000/svg"/>\n' >a.svg
+printf '  0\nSECTION\n  2\nHEADER\n' >a.dxf
+printf 'nothing\n' >empty.dxf
+iconv -t UTF-16 box.cf2 >wide.cf2
+iconv -t UTF-16LE plain.tun >wide.tun
+printf '%%PDF-1.7\n' >a.pdf
+while IFS='|' read -r tuning drawing expected; do
+    run 1 post -t "$tuning" -o - "$drawing"
+    says "brindle: $expected"
+done <<'END'
+box.cf2|box.cf2|box.cf2: is a CFF2 drawing, not a tuning
+a.svg|box.cf2|a.svg: is an SVG drawing, not a tuning
+wide.tun|box.cf2|wide.tun: is UTF-16 text: save it as UTF-8
+plain.tun|plain.tun|plain.tun: is a tuning, not a drawing
+plain.tun|a.svg|a.svg: is an SVG drawing: only CFF2 drawings are read
+plain.tun|a.dxf|a.dxf: is a DXF drawing: only CFF2 drawings are read
+plain.tun|empty.dxf|empty.dxf: is a DXF drawing: only CFF2 drawings are read
+plain.tun|a.pdf|a.pdf: is a PDF file: only CFF2 drawings are read
+plain.tun|wide.cf2|wide.cf2: is UTF-16 text: save it as UTF-8
+END
+for command in check dump data; do
+    run 1 $command box.cf2
+    says 'brindle: box.cf2: is a CFF2 drawing, not a tuning'
+done
+cp box.cf2 odd.svg
+run 0 post -t plain.tun -o - odd.svg
+box_nc | holds "$folder.out"
 
 # ---- Usage ----
 
@@ -353,7 +392,7 @@ post
 post box.cf2
 post -t plain.tun
 post -t plain.tun --nonesuch box.cf2
-post -t plain.tun -o out.nc box.cf2 lid.cf2
+post -t plain.tun -o plain.tun box.cf2 lid.cf2
 post -t plain.tun -o - box.cf2 lid.cf2
 post -t plain.tun box.cf2 box.cf2
 post -t plain.tun -o box.cf2 box.cf2
@@ -372,17 +411,89 @@ post -t - -
 END
 leaves
 
-begin 'help and version'
-for command in '' post data check dump keys directives; do
-    for option in --help --version; do
-        # shellcheck disable=SC2086
-        run 0 $command $option
-        [ -s "$folder.out" ] || fail "$command $option says nothing"
-        says
-    done
+begin 'what is said of wrong usage'
+while IFS='|' read -r arguments expected; do
+    # shellcheck disable=SC2086
+    run 2 $arguments
+    [ "$(head -n 1 "$folder.err")" = "brindle: $expected" ] || fail "$arguments: $(cat "$folder.err")"
+done <<'END'
+|a command is missing
+pots -t plain.tun|no command 'pots' (did you mean post?)
+help keyz|no command 'keyz' (did you mean keys?)
+post --tunning plain.tun box.cf2|no option '--tunning' (did you mean --tuning?)
+post -t plain.tun --dattaset=Steel box.cf2|no option '--dattaset' (did you mean --dataset?)
+post -t plain.tun -Z box.cf2|no option '-Z'
+--strict post -t plain.tun box.cf2|'--strict' belongs after the command
+post box.cf2|--tuning is missing
+post -t plain.tun|DRAWING is missing
+post -t plain.tun box.cf2 -o|--output needs a value: PATH
+post -t plain.tun -t plain.tun box.cf2|--tuning can be given once only
+post -t plain.tun --inches --mm box.cf2|--inches and --mm can't be given together
+post -t plain.tun --strict=maybe box.cf2|--strict can't be maybe
+post -t plain.tun --jobs 2000 box.cf2|--jobs: '2000' is no whole number from 0 to 1024
+post -t plain.tun --jobs 1e2 box.cf2|--jobs: '1e2' is no whole number from 0 to 1024
+post -t plain.tun --tolerance=-1 box.cf2|--tolerance: '-1' is no number of at least 0
+post -t plain.tun --skip-tool x box.cf2|--skip-tool: 'x' is no whole number from -32768 to 32767
+post -t plain.tun --encoding utf16 box.cf2|--encoding: 'utf16' is none of utf8, latin1
+data plain.tun --tune-pick X|--tune-pick needs --edit
+plot plain.tun box.cf2 lid.cf2|'lid.cf2' is an argument too many
+plot -t plain.tun plain.tun box.cf2|--tuning: the tuning is given as an argument already
+dump -t plain.tun plain.tun|--tuning: the tuning is given as an argument already
+edit -|TUNING must be a file
+END
+
+begin 'the tuning by -t, in all commands'
+for command in check dump data plot; do
+    drawing=
+    [ $command != plot ] || drawing='box.cf2 -o -'
+    # shellcheck disable=SC2086
+    run 0 $command plain.tun $drawing
+    cp "$folder.out" "$folder.first"
+    # shellcheck disable=SC2086
+    run 0 $command $drawing --tuning plain.tun
+    holds "$folder.out" <"$folder.first"
 done
+
+begin 'help and version'
+commands=$("$brindle" help | sed -nE '/^Commands:/,/^$/s/^  ([a-z]+) .*/\1/p')
+for command in '' $commands; do
+    # shellcheck disable=SC2086
+    run 0 $command --version
+    grep -q '^brindle [0-9]' "$folder.out" || fail "$command: $(cat "$folder.out")"
+    # shellcheck disable=SC2086
+    run 0 $command --help
+    says
+    cp "$folder.out" "$folder.help"
+    for wanted in '^Usage: brindle ' '^Example:' '^Exit status: '; do
+        grep -q "$wanted" "$folder.help" || fail "help of $command has no $wanted"
+    done
+    # What the parser knows of its options for itself.
+    ! grep -E 'REQUIRED|Needs:|Excludes:|:INT|NONNEGATIVE|:[{]|SUBCOMMAND' "$folder.help" || fail "help of $command"
+    [ -z "$(awk 'length > 80' "$folder.help")" ] || fail "help of $command is wide: $(awk 'length > 80' "$folder.help")"
+    # shellcheck disable=SC2086
+    run 0 help $command
+    holds "$folder.out" <"$folder.help"
+done
+[ "$(wc -w <<<"$commands")" -ge 9 ] || fail "commands: $commands"
+COLUMNS=55 "$brindle" plot --help | awk 'length > 55 { bad = 1 } END { exit bad }' || fail 'help does not fit the screen'
 run 0 post --help
 grep -q 'BLANK_X' "$folder.out" || fail 'no names of job values'
+! grep -q -e '--verbose' "$folder.out" || fail 'an old name is shown'
+
+begin 'a reader that goes away'
+{ yes 'L,0.5,1,0,0,0,25.4,0,0,0' | head -n 20000; } >>box.cf2
+# Nobody reads: the reader has gone before anything is written.
+while read -r expected arguments; do
+    # shellcheck disable=SC2086
+    { sleep 0.2; "$brindle" $arguments 2>"$folder.err"; echo $? >"$folder.status"; } | :
+    says
+    [ "$(cat "$folder.status")" = "$expected" ] || fail "$arguments: exit status $(cat "$folder.status")"
+done <<'END'
+0 keys
+0 directives
+0 post --help
+1 post -t plain.tun -o - box.cf2
+END
 
 # ---- Run-time data ----
 
@@ -416,8 +527,30 @@ mentions "expression 'Customer' of RTD(1) has no value"
 mentions "--expr 'Customer=TEXT'"
 run 1 post -t data.tun --dataset Wood box.cf2
 says "brindle: data.tun: there is no dataset 'Wood'; there are 'Steel', 'Card'"
-run 1 post -t data.tun --dataset Card --set 'RTD(9,9)=1' box.cf2
-says 'brindle: data.tun: --set RTD(9,9): no template uses this word and no dataset has it'
+run 3 post -t data.tun --dataset card -o - box.cf2
+mentions "data.tun: note: dataset 'card' is taken as 'Card'"
+grep -q '^Card F4000' "$folder.out" || fail "a dataset in another case: $(cat "$folder.out")"
+run 0 data data.tun --dataset CARD
+mentions "data.tun: note: dataset 'CARD' is taken as 'Card'"
+! grep -q 'Dataset Steel' "$folder.out" || fail 'data: a dataset that was not asked for'
+# Values that would be read as something else.
+while IFS='|' read -r arguments expected; do
+    # shellcheck disable=SC2086
+    run 1 post -t data.tun -o - $arguments box.cf2
+    says "brindle: $expected"
+    [ ! -s "$folder.out" ] || fail "$arguments: NC text is written"
+done <<'END'
+--dataset Card --set RTD(9,9)=1|--set 'RTD(9,9)=1': no template uses this word and no dataset has it
+--dataset Card --set RTD(1,1)=90,5|--set 'RTD(1,1)=90,5': '90,5' is no number, and RTD(1,1) takes numbers (did you mean 90.5?)
+--dataset Card --set RTD(1,1)=fast|--set 'RTD(1,1)=fast': 'fast' is no number, and RTD(1,1) takes numbers
+--dataset Card --set RTD(1,1)=1e3|--set 'RTD(1,1)=1e3': '1e3' is no number, and RTD(1,1) takes numbers
+--dataset Card --set RTD(1,1)=|--set 'RTD(1,1)=': '' is no number, and RTD(1,1) takes numbers
+--expr Customer=S --expr 100*TOOLS+BLANK_X=many|--expr '100*TOOLS+BLANK_X=many': 'many' is no number, and RTD(1,1) takes numbers
+--expr Customer=S --expr BLANK_X=1,5|--expr 'BLANK_X=1,5': '1,5' is no number, and expressions take BLANK_X for one (did you mean 1.5?)
+--expr Customer=S --expr BLANK=5|--expr 'BLANK=5': no dataset has this expression, nor one that uses its name
+END
+run 1 post -t data.tun --dataset Card --set $'RTD(1)=a\nM30' box.cf2
+mentions 'the value has a control character'
 leaves data.tun
 run 0 data data.tun
 holds "$folder.out" <<'END'
@@ -454,6 +587,29 @@ says
 [ "$(tr -d '\r' <"$folder.out")" = 'Steel F100 Smith' ] || fail "--rtd with a byte order mark: $(cat "$folder.out")"
 run 1 post -t items.tun --rtd none box.cf2
 says 'brindle: none: no such file'
+
+begin 'speeds of the command line'
+sed -i 's/F500/<@SpeedWords>/' plain.tun
+cat >>plain.tun <<'END'
+TEXT Speed_sParam1Addr F
+BOOL Speed_b1 true
+BOOL Speed_bAsValue true
+BOOL Speed_bAsExpress false
+INT  Speed_nNDec 1
+TEXT T1_Speed_P1_sV1 <RTD(1)>
+MSG TEXT Speed
+DATASETDEF A!#SP#!B
+DSD A!#SP#!B T_EXPR RTD(1) SPEED
+END
+while read -r option word; do
+    run 1 post -t plain.tun -o - "$option" "$word=90,5" box.cf2
+    says "brindle: $option '$word=90,5': '90,5' is no number that can be read: as a speed it counts as 90"
+    run 0 post -t plain.tun -o - "$option" "$word=90.5" box.cf2
+    grep -q 'F90\.5' "$folder.out" || fail "$option: $(cat "$folder.out")"
+done <<'END'
+--set RTD(1)
+--expr SPEED
+END
 
 # ---- Locale ----
 

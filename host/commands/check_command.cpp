@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "check/tuning/checks.h"
+#include "host/commands/command_help.h"
 #include "host/commands/commands.h"
 #include "host/console/messages.h"
 #include "host/files/tuning_file.h"
@@ -13,6 +14,7 @@ namespace {
 
 struct CheckOptions {
     std::vector<std::string> paths;
+    std::string tuning;  // of -t
     bool strict = false;
 };
 
@@ -41,7 +43,9 @@ void AddCount(size_t count, const char* what, std::string& summary) {
     summary += Counted(count, what);
 }
 
-int Check(const CheckOptions& options) {
+int Check(CheckOptions& options) {
+    if (!options.tuning.empty()) options.paths.insert(options.paths.begin(), options.tuning);
+    if (options.paths.empty()) throw CLI::RequiredError("TUNING");
     Counts counts;
     for (const std::string& path : options.paths) CheckFile(path, counts);
     std::string summary;
@@ -57,17 +61,21 @@ int Check(const CheckOptions& options) {
 
 void AddCheckCommand(CLI::App& app, int& status) {
     const auto options = std::make_shared<CheckOptions>();
-    CLI::App* const command = app.add_subcommand("check", "Reports what is wrong with a tuning, with file and line");
-    command->add_option("TUNING", options->paths, "Tunings; - is standard input")->required()->type_name("FILE");
-    command->add_flag("--strict", options->strict, "Warnings count as errors in the exit status");
-    command->footer(
-        "error    a line that is dropped, or a value that is read differently than it looks\n"
-        "warning  what has another effect than it seems to, or none; a dropped line that looks\n"
-        "         like a comment, which a tuning can't have\n"
-        "info     what has no effect under the options of the tuning; keys that hold their default\n"
-        "         value are not reported\n"
-        "Exit status 0 without errors, 1 with errors, 2 for wrong usage.");
-    command->callback([options, &status] { status = Check(*options); });
+    CLI::App& command =
+        AddCommand(app, "check", "Reports what is wrong with a tuning, with file and line",
+                   {.usage = "TUNING...",
+                    .notes = "error    a line that is dropped, or a value that is read differently than it\n"
+                             "         looks\n"
+                             "warning  what has another effect than it seems to, or none; a dropped line that\n"
+                             "         looks like a comment, which a tuning can't have\n"
+                             "info     what has no effect under the options of the tuning; keys that hold\n"
+                             "         their default value are not reported",
+                    .example = "brindle check laser.tun",
+                    .status = "0 without errors, 1 with errors or if a file can't be read, 2 for wrong usage."});
+    command.add_option("TUNING", options->paths, "Tunings; - is standard input")->type_name("FILE");
+    command.add_option("-t,--tuning", options->tuning, "Another way to name a tuning")->type_name("FILE");
+    command.add_flag("--strict", options->strict, "Warnings count as errors in the exit status");
+    command.callback([options, &status] { status = Check(*options); });
 }
 
 }  // namespace brindle::host

@@ -1,5 +1,8 @@
 #include "host/commands/command_line.h"
 
+#include <poll.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
@@ -8,21 +11,35 @@
 #include <system_error>
 #include <vector>
 
+#include "host/commands/command_help.h"
 #include "host/commands/commands.h"
+#include "host/commands/usage_fault.h"
 #include "host/console/messages.h"
 #include "platform/version.h"
 
 namespace brindle::host {
 namespace {
 
+constexpr char kStatuses[] =
+    "0 if all went well, though there may be warnings; 1 for bad input or a failed job, of which nothing half-written "
+    "is left; 2 for wrong usage, as a missing command; 3 if post has made the NC file, but it does not cut what is "
+    "drawn.";
+
 std::string VersionText() { return "brindle " + std::to_string(kVersionMajor) + "." + std::to_string(kVersionMinor); }
 
-std::string FailureText(const CLI::App* app, const CLI::Error& error) {
-    const CLI::App* command = app;
-    for (const CLI::App* sub : app->get_subcommands()) command = sub;
-    std::string name = app->get_name();
-    if (command != app) name += " " + command->get_name();
-    return "brindle: " + PrintableText(error.what()) + "\nRun `" + name + " --help` for the usage.\n";
+// The options that every command has.
+void AddQuestions(CLI::App& command) {
+    command.set_help_flag("-h,--help", "Print this help");
+    command.set_version_flag("--version", VersionText(), "Print the version");
+}
+
+void PrintFault(const CLI::App& app, const CLI::ParseError& error) {
+    const CLI::App& command = AskedCommand(app);
+    const std::string usage = UsageLine(command);
+    const std::string name = &command == &app ? app.get_name() : app.get_name() + " " + command.get_name();
+    PrintError({}, UsageFault(app, error));
+    if (!usage.empty()) std::cerr << usage << "\n";
+    std::cerr << "Run `" << name << " --help` for more.\n";
 }
 
 // The arguments, last one first, as the parser takes them. It would give `--date=` the argument after it as its value.
@@ -42,11 +59,22 @@ std::vector<std::string> ReversedArguments(int argc, char** argv) {
 int Parse(CLI::App& app, int argc, char** argv, const int& status) {
     try {
         app.parse(ReversedArguments(argc, argv));
-        if (app.get_subcommands().empty()) throw CLI::RequiredError("A command");
+        if (!app.get_subcommands().empty()) return status;
+        PrintError({}, "a command is missing");
+        std::cerr << app.help();
+    } catch (const CLI::Success& question) {
+        app.exit(question);
+        return kGood;
     } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? kGood : kBadUsage;
+        PrintFault(app, error);
     }
-    return status;
+    return kBadUsage;
+}
+
+// Whether standard output is a pipe that nobody reads any more, as after `| head`.
+bool IsReaderGone() {
+    pollfd output = {STDOUT_FILENO, POLLOUT, 0};
+    return ::poll(&output, 1, 0) == 1 && (output.revents & POLLERR) != 0;
 }
 
 // What was printed is only now written to the end, so it is only now known whether it could be.
@@ -54,6 +82,7 @@ int WriteOutput(int status) {
     int error = std::fflush(stdout) == 0 ? 0 : errno;
     if (error == 0 && !std::cout) error = EIO;
     if (error == 0) return status;
+    if (IsReaderGone()) return status;  // it has seen enough
     PrintError({"standard output"}, "can't be written: " + std::generic_category().message(error));
     return status == kGood ? kBadInput : status;
 }
@@ -61,21 +90,25 @@ int WriteOutput(int status) {
 }  // namespace
 
 int RunCommandLine(int argc, char** argv) {
-    CLI::App app("Configurable NC post-processor for flat cutting jobs.", "brindle");
+    CLI::App app("Configurable NC post-processor for flat cutting jobs", "brindle");
     int status = kGood;
     AddPostCommand(app, status);
     AddCheckCommand(app, status);
+    AddPlotCommand(app, status);
+    AddEditCommand(app, status);
     AddDumpCommand(app, status);
+    AddDataCommand(app, status);
     AddKeysCommand(app, status);
     AddDirectivesCommand(app, status);
     AddRulesCommand(app, status);
-    AddDataCommand(app, status);
-    AddPlotCommand(app, status);
-    AddEditCommand(app, status);
+    AddHelpCommand(app, status);
     app.require_subcommand(0, 1);
-    app.failure_message(FailureText);
-    app.set_version_flag("--version", VersionText());
-    for (CLI::App* command : app.get_subcommands({})) command->set_version_flag("--version", VersionText());
+    AddQuestions(app);
+    for (CLI::App* const command : app.get_subcommands({})) AddQuestions(*command);
+    SetHelp(app, {.usage = "COMMAND ...",
+                  .notes = "`brindle help COMMAND` explains one.",
+                  .example = "brindle post -t laser.tun box.cf2",
+                  .status = kStatuses});
     return WriteOutput(Parse(app, argc, argv, status));
 }
 

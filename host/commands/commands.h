@@ -15,12 +15,13 @@ inline constexpr int kLosses = 3;  // NC files are written, but do not cut what 
 // Each takes the parser and where to put the exit status.
 void AddPostCommand(CLI::App& app, int& status);
 void AddCheckCommand(CLI::App& app, int& status);
+void AddPlotCommand(CLI::App& app, int& status);
+void AddEditCommand(CLI::App& app, int& status);
 void AddDumpCommand(CLI::App& app, int& status);
+void AddDataCommand(CLI::App& app, int& status);
 void AddKeysCommand(CLI::App& app, int& status);
 void AddDirectivesCommand(CLI::App& app, int& status);
 void AddRulesCommand(CLI::App& app, int& status);
-void AddDataCommand(CLI::App& app, int& status);
-void AddPlotCommand(CLI::App& app, int& status);
-void AddEditCommand(CLI::App& app, int& status);
+void AddHelpCommand(CLI::App& app, int& status);
 
 }  // namespace brindle::host

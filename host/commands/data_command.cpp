@@ -5,7 +5,9 @@
 
 #include "check/tuning/run_time_words.h"
 #include "editor/run_time_data/nc_run_time_dlg.h"
+#include "host/commands/command_help.h"
 #include "host/commands/commands.h"
+#include "host/commands/tuning_argument.h"
 #include "host/console/date_text.h"
 #include "host/console/messages.h"
 #include "host/console/text_table.h"
@@ -19,7 +21,8 @@ namespace brindle::host {
 namespace {
 
 struct DataArguments {
-    std::string tuning, definition, dataset, tuning_pick;
+    TuningArgument input;
+    std::string definition, dataset, tuning_pick;
     bool edit = false;
 };
 
@@ -102,35 +105,38 @@ int EditData(const LoadedTuning& tuning, const std::string& dataset, const std::
     return kGood;
 }
 
-int RunData(const DataArguments& arguments) {
+int RunData(DataArguments& arguments) {
+    SettleTuning(arguments.input);
     LoadedTuning tuning;
     std::string chosen;
-    if (!LoadTuning(arguments.tuning, arguments.definition, tuning) || !ReportOnTuning(tuning)) return kBadInput;
+    if (!LoadTuning(arguments.input.tuning, arguments.definition, tuning) || !ReportOnTuning(tuning)) return kBadInput;
     if (!ChooseDataset(tuning, arguments.dataset, chosen)) return kBadInput;
     if (arguments.edit) return EditData(tuning, chosen, arguments.tuning_pick);
     if (IsEmpty(tuning.definition())) {
         PrintNote({tuning.definition_name}, "defines no run-time data");
     }
-    PrintDefinition(tuning.definition(), arguments.dataset);
+    PrintDefinition(tuning.definition(), arguments.dataset.empty() ? std::string() : chosen);
     return kGood;
 }
 
 }  // namespace
 
 void AddDataCommand(CLI::App& app, int& status) {
-    CLI::App& command = *app.add_subcommand("data", "Prints the run-time data of a tuning, or edits its values");
     const auto arguments = std::make_shared<DataArguments>();
-    command.add_option("TUNING", arguments->tuning, "Tuning; - is standard input")->required();
+    CLI::App& command =
+        AddCommand(app, "data", "Prints the run-time data of a tuning, or edits its values",
+                   {.usage = "TUNING", .example = "brindle data laser.tun --dataset Plywood", .status = kUsualStatus});
+    AddTuning(command, arguments->input);
     command.add_option("--rtd", arguments->definition, "Definition file, in place of the tuning's own definition")
         ->type_name("FILE");
     command.add_option("--dataset", arguments->dataset, "Print this dataset alone, or edit it first")
         ->type_name("NAME");
     CLI::Option& edit = *command.add_flag("--edit", arguments->edit,
-                                          "Let the user edit the values of the next jobs in a dialog, and print the\n"
+                                          "Let the user edit the values of the next jobs in a dialog, and print the "
                                           "chosen dataset");
     command
         .add_option("--tune-pick", arguments->tuning_pick,
-                    "Name of the tuning in a host's menu; the values last used are stored under it")
+                    "Name of the tuning in a host's menu; the values last used are stored under it; with --edit only")
         ->type_name("TEXT")
         ->needs(&edit);
     command.callback([arguments, &status] { status = RunData(*arguments); });

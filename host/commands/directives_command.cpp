@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "check/tuning/nearest_name.h"
+#include "host/commands/command_help.h"
 #include "host/commands/commands.h"
 #include "host/console/messages.h"
 #include "host/reference/directive_reference.h"
@@ -41,14 +42,18 @@ int PrintDirectives(const DirectivesOptions& options) {
 
 void AddDirectivesCommand(CLI::App& app, int& status) {
     const auto options = std::make_shared<DirectivesOptions>();
-    CLI::App* const command = app.add_subcommand("directives", "Explains the words of templates");
+    CLI::App& command =
+        AddCommand(app, "directives", "Explains the words of templates",
+                   {.usage = "[NAME]",
+                    .notes = "Without NAME all directives, keywords and other words are listed, with NAME its\n"
+                             "entry is printed, that of a directive with examples.",
+                    .example = "brindle directives EndPtWords",
+                    .status = "0 if all went well, 1 if there is no such word, 2 for wrong usage."});
     CLI::Option* const name =
-        command->add_option("NAME", options->name, "One directive, with or without its @, or another word of the list");
-    command->add_flag("--markdown", options->markdown, "The whole reference as a page in Markdown")->excludes(name);
-    command->footer(
-        "Without NAME all directives, keywords and other words are listed, with NAME its entry is printed,\n"
-        "that of a directive with examples.");
-    command->callback([options, &status] { status = PrintDirectives(*options); });
+        command.add_option("NAME", options->name, "One directive, with or without its @, or another word of the list")
+            ->type_name("NAME");
+    command.add_flag("--markdown", options->markdown, "The whole reference as a page in Markdown")->excludes(name);
+    command.callback([options, &status] { status = PrintDirectives(*options); });
 }
 
 }  // namespace brindle::host

@@ -6,7 +6,9 @@
 #include <tuple>
 #include <vector>
 
+#include "host/commands/command_help.h"
 #include "host/commands/commands.h"
+#include "host/commands/tuning_argument.h"
 #include "host/console/messages.h"
 #include "host/load/loaded_tuning.h"
 #include "language/compiled_text.h"
@@ -18,7 +20,8 @@ namespace brindle::host {
 namespace {
 
 struct DumpOptions {
-    std::string path, key;
+    TuningArgument input;
+    std::string key;
 };
 
 // `text` between double quotes, with what can't be seen as escapes.
@@ -165,14 +168,15 @@ private:
     CTextCompiler compiler_;
 };
 
-int Dump(const DumpOptions& options) {
+int Dump(DumpOptions& options) {
+    SettleTuning(options.input);
     LoadedTuning tuning;
-    if (!LoadTuning(options.path, {}, tuning)) return kBadInput;
+    if (!LoadTuning(options.input.tuning, {}, tuning)) return kBadInput;
     Dumper dumper(tuning.options);
     if (options.key.empty()) {
         dumper.PrintAll();
     } else if (!dumper.PrintOne(options.key)) {
-        PrintError({options.path}, "no template " + Quoted(options.key));
+        PrintError({options.input.tuning}, "no template " + Quoted(options.key));
         return kBadInput;
     }
     return kGood;
@@ -182,14 +186,18 @@ int Dump(const DumpOptions& options) {
 
 void AddDumpCommand(CLI::App& app, int& status) {
     const auto options = std::make_shared<DumpOptions>();
-    CLI::App* const command = app.add_subcommand("dump", "Prints the templates of a tuning as a run compiles them");
-    command->add_option("TUNING", options->path, "Tuning; - is standard input")->required()->type_name("FILE");
-    command->add_option("--template", options->key, "This template alone, such as Line_tTmpl or T1_ToolOn_tTmpl");
-    command->footer(
-        "Each line of a template is printed as its pieces: text, directives with the keywords that they\n"
-        "read, and values of run-time data, taken from the first dataset. Option texts follow that hold\n"
-        "more than text.");
-    command->callback([options, &status] { status = Dump(*options); });
+    CLI::App& command =
+        AddCommand(app, "dump", "Prints the templates of a tuning as a run compiles them",
+                   {.usage = "TUNING",
+                    .notes = "Each line of a template is printed as its pieces: text, directives with the\n"
+                             "keywords that they read, and values of run-time data, taken from the first\n"
+                             "dataset. Option texts follow that hold more than text.",
+                    .example = "brindle dump laser.tun --template Line_tTmpl",
+                    .status = kUsualStatus});
+    AddTuning(command, options->input);
+    command.add_option("--template", options->key, "This template alone, such as Line_tTmpl or T1_ToolOn_tTmpl")
+        ->type_name("KEY");
+    command.callback([options, &status] { status = Dump(*options); });
 }
 
 }  // namespace brindle::host

@@ -3,7 +3,9 @@
 #include <string>
 
 #include "editor/pages/params_sheet.h"
+#include "host/commands/command_help.h"
 #include "host/commands/commands.h"
+#include "host/commands/tuning_argument.h"
 #include "host/console/messages.h"
 #include "host/edit/find_toolkit.h"
 #include "host/edit/tuning_edits.h"
@@ -19,7 +21,7 @@ namespace {
 namespace fs = std::filesystem;
 
 struct EditArguments {
-    std::string tuning, drawing;
+    TuningArgument input;
     bool inches = false;
 };
 
@@ -93,23 +95,25 @@ int ReportCancel(const LoadedTuning& tuning, const CBrindleOpts& edited) {
     return kGood;
 }
 
-int Edit(const EditArguments& arguments) {
+int Edit(EditArguments& arguments) {
+    SettleTuning(arguments.input, DrawingUse::kMayBe);
+    if (arguments.input.tuning == kStandardInput) throw CLI::ParseError("TUNING must be a file", kBadUsage);
     LoadedTuning tuning;
     CToolkit* const toolkit = FindToolkit();
-    if (toolkit == nullptr || !LoadOrBegin(arguments.tuning, tuning)) return kBadInput;
+    if (toolkit == nullptr || !LoadOrBegin(arguments.input.tuning, tuning)) return kBadInput;
     WarnOfDroppedLines(tuning.file);
     CSession session;
     SetTuning(session, tuning);
-    session.Job().tuning_file = NameOf(arguments.tuning);
-    if (!arguments.drawing.empty()) {
+    session.Job().tuning_file = NameOf(arguments.input.tuning);
+    if (!arguments.input.drawing.empty()) {
         // Which tools the drawing needs is for the user to see in the preview.
-        const std::optional<LoadedDrawing> drawing = LoadDrawing(arguments.drawing, nullptr);
+        const std::optional<LoadedDrawing> drawing = LoadDrawing(arguments.input.drawing, nullptr);
         if (!drawing) return kBadInput;
-        session.Job().file_name = NameOf(arguments.drawing);
+        session.Job().file_name = NameOf(arguments.input.drawing);
         session.TakeDrawing(drawing->text);
     }
     CNCParamsSheet sheet(*toolkit, &session, arguments.inches,
-                         NameOf(arguments.tuning) + " - Brindle Parameter Editor");
+                         NameOf(arguments.input.tuning) + " - Brindle Parameter Editor");
     sheet.AddPages();
     return sheet.RunModal() ? Save(tuning, session.tuning) : ReportCancel(tuning, session.tuning);
 }
@@ -117,14 +121,18 @@ int Edit(const EditArguments& arguments) {
 }  // namespace
 
 void AddEditCommand(CLI::App& app, int& status) {
-    CLI::App& command = *app.add_subcommand("edit", "Opens the tuning editor");
     const auto arguments = std::make_shared<EditArguments>();
-    command.add_option("TUNING", arguments->tuning, "Tuning file; one that does not exist begins empty")
-        ->required()
-        ->check([](const std::string& path) { return path == kStandardInput ? "TUNING must be a file" : ""; });
-    command.add_option("DRAWING", arguments->drawing, "Drawing for the preview");
+    CLI::App& command = AddCommand(
+        app, "edit", "Opens the tuning editor",
+        {.usage = "TUNING [DRAWING]",
+         .notes = "OK saves the tuning and keeps the file as it was as TUNING~; Cancel leaves it\n"
+                  "alone.",
+         .example = "brindle edit laser.tun box.cf2",
+         .status = "0 if all went well, cancelled or not; 1 if there is no display, or a file can't be read or "
+                   "written; 2 for wrong usage."});
+    AddTuning(command, arguments->input, "Tuning file; one that does not exist begins empty");
+    AddDrawing(command, arguments->input, "Drawing for the preview");
     command.add_flag("--inches", arguments->inches, "Show lengths in inches");
-    command.footer("OK saves the tuning and keeps the file as it was as TUNING~; Cancel leaves it alone.");
     command.callback([arguments, &status] { status = Edit(*arguments); });
 }
 

@@ -5,8 +5,10 @@
 #include <string>
 
 #include "generator/path_recorder.h"
+#include "host/commands/command_help.h"
 #include "host/commands/commands.h"
 #include "host/commands/number_pair.h"
+#include "host/commands/tuning_argument.h"
 #include "host/console/messages.h"
 #include "host/files/input_file.h"
 #include "host/files/output_files.h"
@@ -29,7 +31,8 @@ constexpr double kLeastPixels = 100.0;
 constexpr double kMostPixels = 10000.0;
 
 struct PlotArguments {
-    std::string tuning, drawing, output, size;
+    TuningArgument input;
+    std::string output, size;
     bool dark = false;
 };
 
@@ -52,28 +55,32 @@ std::string ExtensionOf(const std::string& path) {
 // By default the drawing's name in the current folder, as of an NC file.
 std::string PathOfPicture(const PlotArguments& arguments) {
     if (arguments.output == "/dev/stdout") return kStandardOutput;
-    const bool from_stream = arguments.drawing == kStandardInput;
+    const bool from_stream = arguments.input.drawing == kStandardInput;
     if (arguments.output.empty() && from_stream) return kStandardOutput;
-    const std::string name = (from_stream ? "stdin" : fs::path(arguments.drawing).stem().string()) + ".svg";
+    const std::string name = (from_stream ? "stdin" : fs::path(arguments.input.drawing).stem().string()) + ".svg";
     if (arguments.output.empty()) return name;
     std::error_code error;
     return fs::is_directory(arguments.output, error) ? (fs::path(arguments.output) / name).string() : arguments.output;
 }
 
-// What is wrong with writing there, empty if nothing is.
-std::string FaultOfPath(const std::string& path, const PlotArguments& arguments) {
+// kGood, or the exit status with a message printed if the picture can't be written there.
+int CheckPath(const std::string& path, const PlotArguments& arguments) {
+    const OutputPlan plan = PlanOutput({{arguments.input.drawing}, path, {}, {arguments.input.tuning}});
     const std::string extension = ExtensionOf(path);
-    if (!IsStream(path) && extension != ".svg" && extension != ".png") {
-        return path + ": a picture is .svg or .png";
+    if (!plan.lacks_folder && !IsStream(path) && extension != ".svg" && extension != ".png") {
+        PrintError({path}, "a picture is .svg or .png");
+        return kBadUsage;
     }
-    return PlanOutput({{arguments.drawing}, path, {}, {arguments.tuning}}).fault;
+    if (plan.fault.empty()) return kGood;
+    PrintError({}, plan.fault);
+    return plan.lacks_folder ? kBadInput : kBadUsage;
 }
 
 PictureStyle StyleOf(const PlotArguments& arguments) {
     PictureStyle style;
     style.dark = arguments.dark;
-    style.title =
-        fs::path(arguments.drawing).filename().string() + ", " + fs::path(arguments.tuning).filename().string();
+    style.title = fs::path(arguments.input.drawing).filename().string() + ", " +
+                  fs::path(arguments.input.tuning).filename().string();
     if (const std::optional<Point> size = PairText(arguments.size, 'x')) {
         style.width = static_cast<int>(size->x);
         style.height = static_cast<int>(size->y);
@@ -85,28 +92,26 @@ PictureStyle StyleOf(const PlotArguments& arguments) {
 
 bool RunForScene(const PlotArguments& arguments, PathScene& scene) {
     LoadedTuning tuning;
-    if (!LoadTuning(arguments.tuning, {}, tuning) || !ReportOnTuning(tuning)) return false;
-    const std::optional<LoadedDrawing> drawing = LoadDrawing(arguments.drawing, &tuning.options);
+    if (!LoadTuning(arguments.input.tuning, {}, tuning) || !ReportOnTuning(tuning)) return false;
+    const std::optional<LoadedDrawing> drawing = LoadDrawing(arguments.input.drawing, &tuning.options);
     if (!drawing) return false;
     CSession session;
     SetTuning(session, tuning);
     session.TakeDrawing(drawing->text);
     CPathRecorder recorder;
     const JobResult result = RunJob(session, &recorder);
-    PrintRunMessages(result, arguments.drawing, false);
+    PrintRunMessages(result, arguments.input.drawing, false);
     const ToolPath path = recorder.TakePath();
-    if (!path.complete) PrintWarning({arguments.drawing}, "the calls lead to more than can be drawn");
+    if (!path.complete) PrintWarning({arguments.input.drawing}, "the calls lead to more than can be drawn");
     scene = MakeScene(path);
-    if (scene.strokes.empty()) PrintWarning({arguments.drawing}, "the tool goes nowhere");
+    if (scene.strokes.empty()) PrintWarning({arguments.input.drawing}, "the tool goes nowhere");
     return true;
 }
 
-int Plot(const PlotArguments& arguments) {
+int Plot(PlotArguments& arguments) {
+    SettleTuning(arguments.input, DrawingUse::kMustBe);
     const std::string path = PathOfPicture(arguments);
-    if (const std::string fault = FaultOfPath(path, arguments); !fault.empty()) {
-        PrintError({}, fault);
-        return kBadUsage;
-    }
+    if (const int status = CheckPath(path, arguments); status != kGood) return status;
     PathScene scene;
     if (!RunForScene(arguments, scene)) return kBadInput;
     const PictureStyle style = StyleOf(arguments);
@@ -122,18 +127,16 @@ int Plot(const PlotArguments& arguments) {
 }  // namespace
 
 void AddPlotCommand(CLI::App& app, int& status) {
-    CLI::App& command = *app.add_subcommand("plot", "Draws the tool path of a drawing");
     const auto arguments = std::make_shared<PlotArguments>();
-    command.add_option("TUNING", arguments->tuning, "Tuning of the machine; - is standard input")
-        ->required()
-        ->type_name("FILE");
-    command.add_option("DRAWING", arguments->drawing, "CFF2 drawing; - is standard input")
-        ->required()
-        ->type_name("FILE");
+    CLI::App& command = AddCommand(
+        app, "plot", "Draws the tool path of a drawing",
+        {.usage = "TUNING DRAWING", .example = "brindle plot laser.tun box.cf2 -o box.png", .status = kUsualStatus});
+    AddTuning(command, arguments->input, "Tuning of the machine; - is standard input");
+    AddDrawing(command, arguments->input, "CFF2 drawing; - is standard input");
     command
         .add_option("-o,--output", arguments->output,
-                    "Picture, .svg or .png, or a folder for it; - is standard output, which gets\n"
-                    "SVG. By default the drawing's name with .svg in the current folder")
+                    "Picture, .svg or .png, or a folder for it; - is standard output, which gets SVG. By default the "
+                    "drawing's name with .svg in the current folder")
         ->type_name("PATH");
     command.add_option("--size", arguments->size, "Size of the picture, pixels; by default 1200x900")
         ->type_name("WIDTHxHEIGHT")

@@ -1,14 +1,19 @@
+#include <cstdint>
+#include <limits>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <thread>
 #include <vector>
 
+#include "host/commands/command_help.h"
 #include "host/commands/commands.h"
 #include "host/commands/number_pair.h"
+#include "host/commands/option_forms.h"
 #include "host/console/date_text.h"
 #include "host/console/messages.h"
 #include "host/load/tuning_report.h"
+#include "host/post/given_values.h"
 #include "host/post/post_jobs.h"
 #include "platform/local_time.h"
 #include "text/numbers.h"
@@ -36,14 +41,6 @@ constexpr char kDataGroup[] = "Run-time data";
 
 // ---- Forms of arguments ----
 
-// An argument that must be good; `form` is what help and messages call it.
-void SetForm(CLI::Option& option, const char* form, bool (*is_good)(const std::string&)) {
-    option.type_name(form);
-    option.check([form, is_good](const std::string& text) {
-        return is_good(text) ? std::string() : Quoted(text) + " is not of the form " + form;
-    });
-}
-
 bool IsSize(const std::string& text) {
     const std::optional<Point> size = PairText(text, 'x');
     return size && size->x >= 0.0 && size->y >= 0.0;
@@ -65,48 +62,45 @@ void AddFileOptions(CLI::App& command, PostArguments& arguments) {
         ->type_name("FILE");
     command
         .add_option("-o,--output", arguments.output,
-                    "NC file, or a folder for it; - is standard output. By default the drawing's\n"
-                    "name with .nc in the current folder, and standard output for a drawing from\n"
-                    "standard input. Several segments are numbered before the extension: box-1.nc,\n"
+                    "NC file, or a folder for it; - is standard output. By default the drawing's "
+                    "name with .nc in the current folder, and standard output for a drawing from "
+                    "standard input. Several segments are numbered before the extension: box-1.nc, "
                     "box-2.nc")
         ->type_name("PATH");
     command
         .add_option("--trace", arguments.trace,
-                    "Write which template made which block, and the messages where they\n"
+                    "Write which template made which block, and the messages where they "
                     "happened, into a file or folder")
         ->type_name("PATH");
-    command
-        .add_option("--encoding", arguments.encoding,
-                    "Characters of the NC file: utf8 (the default), or latin1, which has one byte\n"
-                    "for each and fails at a character above U+00FF")
-        ->check(CLI::IsMember({"utf8", "latin1"}))
-        ->type_name("NAME");
-    command
-        .add_option("-j,--jobs", arguments.jobs,
-                    "Drawings to work on at the same time; 0: as many as there are processor cores.\n"
-                    "By default one after the other")
-        ->check(CLI::Range(0, kMostJobs))
-        ->type_name("NUMBER");
-    command.add_flag("--verbose", arguments.job.verbose, "Print what fly mode measures, too");
+    SetChoices(*command.add_option("--encoding", arguments.encoding,
+                                   "Characters of the NC file; by default utf8. latin1 has one byte for each and fails "
+                                   "at a character above U+00FF"),
+               {"utf8", "latin1"});
+    SetWholeNumber(*command.add_option("-j,--jobs", arguments.jobs,
+                                       "Drawings to work on at the same time; 0: as many as there are processor cores. "
+                                       "By default one after the other"),
+                   0, kMostJobs);
+    command.add_flag("--fly-ratios", arguments.job.fly_ratios, "Print the ratios that fly mode measures at its tests");
+    command.add_flag("--verbose", arguments.job.fly_ratios)->group("");  // its name before
 }
 
 void AddComparisonOptions(CLI::App& command, PostArguments& arguments) {
-    command
-        .add_option("--tolerance", arguments.job.comparison.tolerance,
-                    "How far a cut may lie beside what is drawn, beyond what decimals cost, mm; by\n"
-                    "default 0.02")
-        ->check(CLI::NonNegativeNumber)
-        ->type_name("NUMBER")
-        ->group(kComparisonGroup);
-    command
-        .add_option("--skip-tool", arguments.job.comparison.skipped_tools,
-                    "Tools that this machine lacks on purpose: nothing is said of their records; may\nbe repeated")
-        ->allow_extra_args(false)
-        ->type_name("NUMBER")
-        ->group(kComparisonGroup);
+    CLI::Option* const tolerance =
+        command
+            .add_option("--tolerance", arguments.job.comparison.tolerance,
+                        "How far a cut may lie beside what is drawn, beyond what decimals cost, mm; by default 0.02")
+            ->group(kComparisonGroup);
+    SetSize(*tolerance);
+    CLI::Option* const skipped =
+        command
+            .add_option("--skip-tool", arguments.job.comparison.skipped_tools,
+                        "A tool that this machine lacks on purpose: nothing is said of its records; may be repeated")
+            ->allow_extra_args(false)
+            ->group(kComparisonGroup);
+    SetWholeNumber(*skipped, std::numeric_limits<int16_t>::min(), std::numeric_limits<int16_t>::max());
     command
         .add_option("--allow", arguments.allowed,
-                    "Findings that are meant, by the names of their rules, as not-cut,stray-cut:\n"
+                    "Findings that are meant, by the names of their rules, as not-cut,stray-cut: "
                     "nothing is said of them")
         ->delimiter(',')
         ->type_name("RULE,...")
@@ -119,10 +113,12 @@ void AddComparisonOptions(CLI::App& command, PostArguments& arguments) {
 }
 
 void AddJobOptions(CLI::App& command, PostArguments& arguments) {
-    auto* const inches = command.add_flag("--inches", arguments.inches,
-                                          "NC text in inches, whatever the drawing's unit, if bOutUnitsAuto is true");
-    auto* const millimetres = command.add_flag("--mm", arguments.millimetres,
-                                               "The same in millimetres; the lengths of the drawing stay as they are");
+    auto* const inches =
+        command.add_flag("--inches", arguments.inches,
+                         "NC text in inches, whatever the drawing's unit, if bOutUnitsAuto is true; the "
+                         "lengths of the drawing stay as they are");
+    auto* const millimetres =
+        command.add_flag("--mm", arguments.millimetres, "The same in millimetres; not together with --inches");
     inches->excludes(millimetres);
     const auto add = [&command](const char* name, std::string& text, const char* form, auto is_good, const char* help) {
         CLI::Option* const option = command.add_option(name, text, help)->group(kJobGroup);
@@ -133,12 +129,12 @@ void AddJobOptions(CLI::App& command, PostArguments& arguments) {
     add("--blank", arguments.blank, "WIDTHxHEIGHT", IsSize, "Size of the blank, mm");
     add("--final", arguments.final_position, "X,Y", IsPosition, "Where the machine goes at the end, mm");
     add("--rotary-radius", arguments.rotary_radius, "NUMBER", IsLength, "Radius of the rotary axis, mm");
-    command
-        .add_option("--tile", arguments.job.tile,
-                    "Other than 0: output a tile, the main program alone with its calls expanded")
-        ->check(CLI::Range(-32768, 32767))
-        ->type_name("NUMBER")
-        ->group(kJobGroup);
+    CLI::Option* const tile =
+        command
+            .add_option("--tile", arguments.job.tile,
+                        "Other than 0: output a tile, the main program alone with its calls expanded")
+            ->group(kJobGroup);
+    SetWholeNumber(*tile, std::numeric_limits<int16_t>::min(), std::numeric_limits<int16_t>::max());
 }
 
 void AddTextOptions(CLI::App& command, PostArguments& arguments) {
@@ -176,21 +172,22 @@ void AddRunDataOptions(CLI::App& command, PostArguments& arguments) {
 
 std::string ExpressionHelp() {
     std::string text =
-        "Expressions of run-time data that give a number are computed, unless --expr gives their\n"
-        "value. They may use + - * / ^, comparisons, ?:, functions such as sqrt, round, min and\n"
-        "max, the names that --expr gives numbers to, and these:\n";
+        "Expressions of run-time data that give a number are computed, unless --expr\n"
+        "gives their value. They may use + - * / ^, comparisons, ?:, functions such as\n"
+        "sqrt, round, min and max, the names that --expr gives numbers to, and these:\n";
     for (const JobValueInfo& info : JobValueTable()) {
         std::string name(info.name);
         name.resize(10, ' ');
         text.append("  ").append(name).append(info.meaning).append("\n");
     }
+    text.pop_back();
     return text;
 }
 
 constexpr char kStatusHelp[] =
-    "\nThe exit status is 0 if nothing is lost, 1 if there is no NC file, 2 for wrong usage, and 3\n"
-    "if the NC text does not cut what is drawn. Of several drawings it is 1 if one is not made,\n"
-    "else 3 if one loses something, else 0.\n";
+    "0 if nothing is lost, 1 if there is no NC file, 2 for wrong usage, and 3 if the NC text does not cut what is "
+    "drawn. "
+    "Of several drawings it is 1 if one is not made, else 3 if one loses something, else 0.";
 
 // ---- Work ----
 
@@ -211,14 +208,15 @@ int Post(PostArguments& arguments) {
     OutputPlan plan = PlanOutput(request);
     if (!plan.fault.empty()) {
         PrintError({}, plan.fault);
-        return kBadUsage;
+        return plan.lacks_folder ? kBadInput : kBadUsage;
     }
     TakeArguments(arguments);
     JobOptions& job = arguments.job;
     LoadedTuning tuning;
     if (!LoadTuning(arguments.tuning, arguments.definition, tuning) || !ReportOnTuning(tuning)) return kBadInput;
     if (!ChooseDataset(tuning, job.dataset, job.run_data.dataset)) return kBadInput;
-    if (!CheckSettings(tuning, job.run_data)) return kBadInput;
+    if (!job.dataset.empty()) job.dataset = job.run_data.dataset;
+    if (!CheckGivenValues(tuning, job.run_data)) return kBadInput;
     const size_t at_a_time = arguments.jobs == 0 ? std::thread::hardware_concurrency() : arguments.jobs;
     switch (RunPostJobs(plan, tuning, job, at_a_time)) {
         case JobOutcome::kMade: return kGood;
@@ -231,7 +229,12 @@ int Post(PostArguments& arguments) {
 }  // namespace
 
 void AddPostCommand(CLI::App& app, int& status) {
-    CLI::App& command = *app.add_subcommand("post", "Makes NC files from drawings");
+    CLI::App& command = AddCommand(app, "post", "Makes NC files from drawings",
+                                   {.usage = "-t TUNING DRAWING...",
+                                    .notes = ExpressionHelp(),
+                                    .example = "brindle post -t laser.tun box.cf2\n"
+                                               "brindle post -t laser.tun -o nc -j 0 drawings/*.cf2",
+                                    .status = kStatusHelp});
     const auto arguments = std::make_shared<PostArguments>();
     DateText now = LocalDateText(Now());
     arguments->job.date = std::move(now.date);
@@ -241,7 +244,6 @@ void AddPostCommand(CLI::App& app, int& status) {
     AddJobOptions(command, *arguments);
     AddTextOptions(command, *arguments);
     AddRunDataOptions(command, *arguments);
-    command.footer(ExpressionHelp() + kStatusHelp);
     command.callback([arguments, &status] { status = Post(*arguments); });
 }
 

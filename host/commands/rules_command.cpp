@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "check/tuning/nearest_name.h"
+#include "host/commands/command_help.h"
 #include "host/commands/commands.h"
 #include "host/console/messages.h"
 #include "host/reference/rule_reference.h"
@@ -45,14 +46,18 @@ int PrintRules(const RulesOptions& options) {
 
 void AddRulesCommand(CLI::App& app, int& status) {
     const auto options = std::make_shared<RulesOptions>();
-    CLI::App* const command =
-        app.add_subcommand("rules", "Explains what is looked for in tunings, drawings and NC text");
-    CLI::Option* const name = command->add_option("NAME", options->name, "One rule, or one tuning of the examples");
-    command->add_flag("--markdown", options->markdown, "The whole reference as a page in Markdown")->excludes(name);
-    command->footer(
-        "Without NAME all rules are listed, with NAME its entry is printed: what it means, the way out, and an\n"
-        "example that it finds, with a twin that it leaves alone.");
-    command->callback([options, &status] { status = PrintRules(*options); });
+    CLI::App& command =
+        AddCommand(app, "rules", "Explains what is looked for in tunings, drawings and NC text",
+                   {.usage = "[NAME]",
+                    .notes = "Without NAME all rules are listed, with NAME its entry is printed: what it\n"
+                             "means, the way out, and an example that it finds, with a twin that it leaves\n"
+                             "alone.",
+                    .example = "brindle rules not-cut",
+                    .status = "0 if all went well, 1 if there is no such rule, 2 for wrong usage."});
+    CLI::Option* const name =
+        command.add_option("NAME", options->name, "One rule, or one tuning of the examples")->type_name("NAME");
+    command.add_flag("--markdown", options->markdown, "The whole reference as a page in Markdown")->excludes(name);
+    command.callback([options, &status] { status = PrintRules(*options); });
 }
 
 }  // namespace brindle::host

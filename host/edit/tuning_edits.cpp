@@ -1,5 +1,6 @@
 #include "host/edit/tuning_edits.h"
 
+#include "host/reference/key_line.h"
 #include "tuning/key_catalogue.h"
 
 namespace brindle::host {
@@ -13,16 +14,7 @@ std::string LineOf(const CKVItemContainer& tuning, const std::string& key) {
 std::string DefaultLine(const std::string& key) {
     const KeyInfo* const info = MatchKey(key).info;
     if (info == nullptr || !info->editor_default.HasValue()) return {};
-    const KeyDefault& value = info->editor_default;
-    CKVItemContainer scratch;
-    switch (info->kind) {
-        case KeyKind::kBool: scratch.SetBool(key, value.Bool() ? 1 : 0); break;
-        case KeyKind::kInt: scratch.SetInt(key, value.Int()); break;
-        case KeyKind::kReal: scratch.SetReal(key, value.Real()); break;
-        case KeyKind::kText: scratch.SetText(key, std::string(value.Text()), TextKind::kPlain); break;
-        case KeyKind::kTemplate: break;
-    }
-    return LineOf(scratch, key);
+    return LineOfDefault(key, info->kind, info->editor_default);
 }
 
 std::vector<std::string> DefinitionLines(const CBrindleOpts& tuning) {

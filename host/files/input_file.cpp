@@ -32,7 +32,8 @@ std::optional<std::string> ReadStandardInput() {
 std::optional<std::string> ReadInputFile(const std::string& path) {
     if (path == kStandardInput) return ReadStandardInput();
     std::optional<std::string> text = ReadWholeFile(path);
-    if (!text) PrintError({path}, WhyUnreadable(path));
+    if (!text && path.empty()) PrintError({}, "the name of a file is empty");
+    if (!text && !path.empty()) PrintError({path}, WhyUnreadable(path));
     return text;
 }
 

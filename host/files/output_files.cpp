@@ -16,7 +16,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
+// A reader of standard output that goes away, as after `| head`, knows it and need not be told.
 bool Fail(const std::string& path, int error) {
+    if (path == kStandardOutput && error == EPIPE) return false;
     PrintError({path == kStandardOutput ? "standard output" : path},
                "can't be written: " + std::generic_category().message(error));
     return false;

@@ -34,9 +34,23 @@ std::string PathFor(const std::string& drawing, const std::string& asked, const 
     return IsFolder(asked) ? (fs::path(asked) / NameWith(drawing, extension)).string() : asked;
 }
 
+bool Exists(const std::string& path) {
+    std::error_code error;
+    return fs::exists(path, error);
+}
+
+// Of a file there for several drawings; one that is not there at all may be meant as a folder.
 std::string FaultOfSeveral(const OutputRequest& request, const std::string& asked, const char* option) {
-    if (request.drawings.size() < 2 || asked.empty() || IsFolder(asked)) return {};
-    return std::string(option) + " " + asked + ": with several drawings this must be a folder that exists";
+    if (request.drawings.size() < 2 || asked.empty() || IsFolder(asked) || !Exists(asked)) return {};
+    return std::string(option) + " " + asked + ": with several drawings this must be a folder";
+}
+
+// The name of the folder that is not there for `asked`, empty if none is missing.
+std::string MissingFolder(const OutputRequest& request, const std::string& asked) {
+    if (asked.empty() || IsFolder(asked) || IsStream(asked)) return {};
+    if (request.drawings.size() > 1 && !Exists(asked)) return asked;
+    const fs::path folder = fs::path(asked).parent_path();
+    return folder.empty() || IsFolder(folder.string()) ? std::string() : folder.string();
 }
 
 std::string FaultOfStandardInput(const OutputRequest& request) {
@@ -70,6 +84,12 @@ OutputPlan PlanOutput(const OutputRequest& request) {
     plan.fault = FaultOfStandardInput(request);
     if (plan.fault.empty()) plan.fault = FaultOfSeveral(request, request.nc, "--output");
     if (plan.fault.empty()) plan.fault = FaultOfSeveral(request, request.trace, "--trace");
+    for (const std::string& asked : {request.nc, request.trace}) {
+        const std::string folder = plan.fault.empty() ? MissingFolder(request, asked) : std::string();
+        if (folder.empty()) continue;
+        plan.fault = folder + ": no such folder";
+        plan.lacks_folder = true;
+    }
     for (const std::string& input : request.inputs) plan.roles.AddInput(input);
     for (const std::string& drawing : request.drawings) plan.roles.AddInput(drawing);
     for (const std::string& drawing : request.drawings) {

@@ -47,12 +47,13 @@ struct OutputPlan {
     std::vector<PlannedJob> jobs;
     CFileRoles roles;  // with the inputs and with what `jobs` name
     std::string fault;
+    bool lacks_folder = false;  // what is wrong is the disk, where a folder is not there, and not the request
 };
 
 // One drawing goes to the file that was asked for, or into the folder, or into the current folder under its own name
 // with the extension `.nc` (a trace: `.trace`); several can't go to one file. A drawing from standard input goes to
 // standard output. No two jobs may write the same file, none may write what the call reads, and standard input is read
-// once.
+// once. Folders must be there.
 OutputPlan PlanOutput(const OutputRequest& request);
 
 // The file of segment `number`, from 1, of `count`: the path itself if there is one, else `box-1.nc`, `box-2.nc`. All

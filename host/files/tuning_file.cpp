@@ -2,7 +2,9 @@
 
 #include <algorithm>
 
+#include "host/console/messages.h"
 #include "host/files/input_file.h"
+#include "host/files/input_kind.h"
 #include "platform/text_file.h"
 
 namespace brindle::host {
@@ -10,6 +12,10 @@ namespace brindle::host {
 bool ReadTuningFile(const std::string& path, TuningFile& file) {
     std::optional<std::string> text = ReadInputFile(path);
     if (!text) return false;
+    if (const std::string fault = FaultOfKind(*text, WantedInput::kTuning); !fault.empty()) {
+        PrintError({path}, fault);
+        return false;
+    }
     file.path = path;
     file.text = std::move(*text);
     file.lines = SplitLines(file.text);

@@ -19,7 +19,8 @@ struct TuningFile {
     std::vector<std::string_view> lines;
 };
 
-// Reads the file at `path`, `-` for standard input. False, with a message printed, if it can't be read.
+// Reads the file at `path`, `-` for standard input. False, with a message printed, if it can't be read
+// or is something else, such as a drawing.
 bool ReadTuningFile(const std::string& path, TuningFile& file);
 
 // The number of the first line that holds a NUL byte, 0 if there is none. Such a line can't be handed to the library,

@@ -2,6 +2,7 @@
 
 #include "host/console/messages.h"
 #include "host/files/input_file.h"
+#include "host/files/input_kind.h"
 
 namespace brindle::host {
 
@@ -15,6 +16,12 @@ std::optional<LoadedDrawing> LoadDrawing(const std::string& path, const CBrindle
     pairing.Allow(meant.rules);
     drawing.survey = SurveyDrawing(drawing.text, diagnostics);
     if (!drawing.survey.has_records) {
+        std::string fault = FaultOfKind(drawing.text, WantedInput::kDrawing);
+        if (fault.empty()) fault = FaultOfName(path);
+        if (!fault.empty()) {
+            PrintError({path}, fault);
+            return std::nullopt;
+        }
         for (const Diagnostic& diagnostic : diagnostics.Sorted()) {
             if (diagnostic.severity == Severity::kError) PrintError({path, diagnostic.place.line}, diagnostic.message);
         }

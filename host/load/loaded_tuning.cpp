@@ -2,7 +2,9 @@
 
 #include "host/console/messages.h"
 #include "host/files/input_file.h"
+#include "host/files/input_kind.h"
 #include "platform/text_encoding.h"
+#include "text/ascii.h"
 
 namespace brindle::host {
 namespace {
@@ -15,13 +17,22 @@ bool LoadDefinition(const std::string& path, LoadedTuning& tuning) {
     tuning.options.definition().ReadFromText(*tuning.definition_text, ReadMode::kTuning);
     tuning.definition_name = path;
     if (!IsEmpty(tuning.definition())) return true;
-    PrintError({path}, "holds no definition of run-time data");
+    const std::string fault = FaultOfKind(*tuning.definition_text, WantedInput::kTuning);
+    PrintError({path}, fault.empty() ? "holds no definition of run-time data" : fault);
     return false;
 }
 
 std::string DatasetNames(const CDataSetContainer& datasets) {
     std::string names;
     for (size_t i = 0; i < datasets.size(); ++i) names.append(i == 0 ? "" : ", ").append(Quoted(datasets.NameAt(i)));
+    return names;
+}
+
+std::vector<std::string> NamesInOtherCase(const CDataSetContainer& datasets, const std::string& asked) {
+    std::vector<std::string> names;
+    for (size_t i = 0; i < datasets.size(); ++i) {
+        if (EqualNoCase(datasets.NameAt(i), asked)) names.push_back(datasets.NameAt(i));
+    }
     return names;
 }
 
@@ -42,6 +53,12 @@ bool ChooseDataset(const LoadedTuning& tuning, const std::string& asked, std::st
     const CDataSetContainer& datasets = tuning.definition().datasets();
     dataset = asked.empty() ? tuning.definition().FirstDatasetName() : asked;
     if (asked.empty() || datasets.Exists(asked)) return true;
+    const std::vector<std::string> meant = NamesInOtherCase(datasets, asked);
+    if (meant.size() == 1) {
+        dataset = meant[0];
+        PrintNote({tuning.definition_name}, "dataset " + Quoted(asked) + " is taken as " + Quoted(dataset));
+        return true;
+    }
     PrintError({tuning.definition_name},
                "there is no dataset " + Quoted(asked) +
                    (datasets.size() == 0 ? ", nor any other" : "; there are " + DatasetNames(datasets)));

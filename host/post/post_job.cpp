@@ -52,7 +52,7 @@ public:
             return RunJob(session_, &comparison);
         }();
         const size_t name_warnings = CheckJobNames();
-        PrintRunMessages(result, planned_.drawing, options_.verbose);
+        PrintRunMessages(result, planned_.drawing, options_.fly_ratios);
         const LossCounts counts = ReportLosses(comparison.losses(), options_.allowed, drawing->text, planned_.drawing);
         const size_t losses = drawing->losses + counts.losses;
         if (options_.strict && losses + drawing->warnings + counts.warnings + name_warnings > 0) {

@@ -22,7 +22,7 @@ struct JobOptions {
     std::optional<double> rotary_radius;
     short tile = 0;
     std::string date, time;
-    std::string dataset;  // as asked for, checked
+    std::string dataset;  // that was asked for, as the tuning spells it
     std::string material, tuning_pick;
     // In the place of the names of the files themselves.
     std::optional<std::string> drawing_name, output_name, tuning_name;
@@ -33,7 +33,7 @@ struct JobOptions {
 
     RunDataRequest run_data;
     Encoding encoding = Encoding::kUtf8;
-    bool verbose = false;
+    bool fly_ratios = false;  // those that fly mode measures are printed
 };
 
 // What has become of a job, the worst last.

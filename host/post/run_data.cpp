@@ -4,7 +4,6 @@
 #include <set>
 
 #include "host/console/messages.h"
-#include "language/template_text.h"
 #include "text/ascii.h"
 #include "text/numbers.h"
 
@@ -14,35 +13,6 @@ namespace {
 bool IsPlainNumber(std::string_view text) {
     return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
 }
-
-// ---- Words of the tuning ----
-
-bool TextHasWord(std::string_view text, std::string_view word) {
-    const std::vector<TemplatePiece> pieces = CutTemplateText(text);
-    return std::any_of(pieces.begin(), pieces.end(), [word](const TemplatePiece& piece) {
-        return piece.kind == TemplatePiece::Kind::kRunValue && piece.text == word;
-    });
-}
-
-bool ItemHasWord(const CKVItem& item, std::string_view word) {
-    if (const auto* const text = dynamic_cast<const CTextKVItem*>(&item)) return TextHasWord(text->value(), word);
-    const auto* const lines = dynamic_cast<const CMultiLineKVItem*>(&item);
-    if (lines == nullptr) return false;
-    return std::any_of(lines->lines().begin(), lines->lines().end(),
-                       [word](const CTemplateLine& line) { return TextHasWord(WithoutComment(line.text), word); });
-}
-
-bool IsKnownWord(const LoadedTuning& tuning, const std::string& word) {
-    const CDataSetContainer& datasets = tuning.definition().datasets();
-    for (size_t i = 0; i < datasets.size(); ++i) {
-        if (datasets.ValuesAt(i)->items().Find(word) != nullptr) return true;
-    }
-    const CKVItemMapObj& items = tuning.options.items();
-    return std::any_of(items.begin(), items.end(),
-                       [&word](const auto& entry) { return ItemHasWord(*entry.second, word); });
-}
-
-// ---- Expressions ----
 
 struct Expression {
     std::string text;
@@ -97,10 +67,7 @@ public:
 
     // The value, or nothing with a message printed.
     std::optional<std::string> Settle(const Expression& expression) const {
-        if (std::optional<std::string> given = GivenValue(request_.given, expression.text)) {
-            if (expression.is_text || ParseNumber(*given)) return given;
-            return Complain(expression, Quoted(*given) + " is no number");
-        }
+        if (std::optional<std::string> given = GivenValue(request_.given, expression.text)) return given;
         if (expression.is_text) {
             if (ParseNumber(expression.text)) return expression.text;
             return Complain(expression, "the text is not known here");
@@ -135,16 +102,6 @@ std::optional<RunDataSetting> ParseSetting(std::string_view text) {
     const std::vector<std::string_view> numbers = PartsOfRunTimeWord(word);
     if (numbers.empty() || !std::all_of(numbers.begin(), numbers.end(), IsPlainNumber)) return std::nullopt;
     return RunDataSetting{std::move(word), std::string(text.substr(equals + 1))};
-}
-
-bool CheckSettings(const LoadedTuning& tuning, const RunDataRequest& request) {
-    bool good = true;
-    for (const RunDataSetting& setting : request.settings) {
-        if (IsKnownWord(tuning, setting.word)) continue;
-        PrintError({tuning.file.path}, "--set " + setting.word + ": no template uses this word and no dataset has it");
-        good = false;
-    }
-    return good;
 }
 
 bool SettleExpressions(const LoadedTuning& tuning, const RunDataRequest& request, const JobValues& job,

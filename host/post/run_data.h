@@ -29,13 +29,10 @@ struct RunDataRequest {
     std::vector<std::string> given;  // `EXPRESSION=VALUE`
 };
 
-// False, with messages printed, if a setting is for a word that neither a template or option text of the tuning nor one
-// of its datasets has.
-bool CheckSettings(const LoadedTuning& tuning, const RunDataRequest& request);
-
-// Settles every expression of the request's dataset: with the value that the user gave; a number by arithmetic over
-// `job` and over the numbers that the user gave names to; a text that is a number is its own value. Words that the user
-// set need none. False, with messages printed that name each expression without value, if there is one.
+// Settles every expression of the request's dataset: with the value that the user gave, as it is; a number by
+// arithmetic over `job` and over the numbers that the user gave names to; a text that is a number is its own value.
+// Words that the user set need none. False, with messages printed that name each expression without value, if there is
+// one.
 bool SettleExpressions(const LoadedTuning& tuning, const RunDataRequest& request, const JobValues& job,
                        ExpressionValues& values);
 

@@ -23,13 +23,13 @@ std::string_view IndentOf(TraceKind kind) {
 
 }  // namespace
 
-void PrintRunMessages(const JobResult& result, const std::string& drawing, bool verbose) {
+void PrintRunMessages(const JobResult& result, const std::string& drawing, bool fly_ratios) {
     std::unordered_map<std::string_view, size_t> counts;
     std::vector<std::string_view> frequent;  // in the order in which they became so
     for (const size_t record : result.Messages()) {
         const std::string_view text = result.trace.Get(record).text;
         const bool is_ratio = text.starts_with(kFlyRatios);
-        if (is_ratio && !verbose) continue;
+        if (is_ratio && !fly_ratios) continue;
         const size_t count = ++counts[text];
         if (count <= kMostEqual) (is_ratio ? PrintNote : PrintWarning)({drawing}, text);
         if (count == kMostEqual + 1) frequent.push_back(text);

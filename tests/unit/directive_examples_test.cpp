@@ -7,8 +7,10 @@
 #include "brindle/brindle.h"
 #include "host/reference/directive_examples.h"
 #include "host/reference/directive_reference.h"
+#include "host/reference/key_reference.h"
 #include "platform/text_encoding.h"
 #include "platform/text_file.h"
+#include "tuning/options.h"
 
 namespace brindle::host {
 namespace {
@@ -118,6 +120,37 @@ TEST(DirectiveReference, ThePageIsWhatTheTablesGive) {
     const std::optional<std::string> page = ReadWholeFile("docs/directives.md");
     ASSERT_TRUE(page.has_value());
     EXPECT_EQ(*page, DirectivePage()) << "docs/directives.md is not what `brindle directives --markdown` prints";
+}
+
+TEST(KeyReference, ThePageIsWhatTheCatalogueGives) {
+    const std::optional<std::string> page = ReadWholeFile("docs/keys.md");
+    ASSERT_TRUE(page.has_value());
+    EXPECT_EQ(*page, KeyPage()) << "docs/keys.md is not what `brindle keys --markdown` prints";
+}
+
+const KeyDefault& DefaultOf(const KeyInfo& info) {
+    return info.read_default.HasValue() ? info.read_default : info.editor_default;
+}
+
+// What an entry offers to copy must be a line of a tuning that changes nothing.
+TEST(KeyReference, LinesToCopyAreLinesOfATuning) {
+    for (const KeyInfo& info : KeyCatalogue()) {
+        const std::string event = info.scope == KeyScope::kEvent ? "Line_" : "";
+        const std::string key = (info.scope == KeyScope::kTool ? "T1_" : "") + event + std::string(info.name);
+        const std::string entry = KeyEntry(key, 0);
+        const std::string line = entry.substr(entry.find("\n  line     ") + 12);
+        CBrindleOpts tuning;
+        EXPECT_TRUE(tuning.ParseLine(line.substr(0, line.find('\n')))) << line;
+        EXPECT_EQ(tuning.items().size(), 1u) << line;
+        std::string text;
+        int32_t number = 0;
+        if (tuning.GetText(key, text)) {
+            EXPECT_EQ(text, DefaultOf(info).Text()) << line;
+        }
+        if (tuning.GetInt(key, number)) {
+            EXPECT_EQ(number, DefaultOf(info).Int()) << line;
+        }
+    }
 }
 
 }  // namespace

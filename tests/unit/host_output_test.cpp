@@ -45,6 +45,7 @@ protected:
 
 TEST_F(HostOutput, PathsOfPlannedJobs) {
     fs::create_directory("out");
+    fs::create_directory("x");
     struct Case {
         OutputRequest request;
         Texts nc, traces;
@@ -74,7 +75,7 @@ TEST_F(HostOutput, PathsOfPlannedJobs) {
 TEST_F(HostOutput, RequestsThatWouldWriteOverSomething) {
     fs::create_directory("out");
     Write("box.nc", "a drawing, oddly named");
-    Write("m.tun", "");
+    for (const char* const name : {"m.tun", "x.nc", "trace"}) Write(name, "");
     fs::create_symlink("m.tun", "link.nc");
     const OutputRequest cases[] = {
         {{"a.cf2", "b.cf2"}, "x.nc", "", {}},          // several into one file
@@ -90,8 +91,19 @@ TEST_F(HostOutput, RequestsThatWouldWriteOverSomething) {
         {{"-"}, "", "", {"-"}},  // standard input twice
     };
     for (const OutputRequest& request : cases) {
-        EXPECT_NE(PlanOutput(request).fault, "") << request.drawings[0] << " " << request.nc;
+        const OutputPlan plan = PlanOutput(request);
+        EXPECT_NE(plan.fault, "") << request.drawings[0] << " " << request.nc;
+        EXPECT_FALSE(plan.lacks_folder) << plan.fault;
     }
+}
+
+TEST_F(HostOutput, FoldersThatAreNotThere) {
+    Write("file", "");
+    const OutputRequest cases[] = {
+        {{"a.cf2"}, "none/a.nc", "", {}},     {{"a.cf2"}, "none/", "", {}},     {{"a.cf2"}, "", "none/trace", {}},
+        {{"a.cf2", "b.cf2"}, "none", "", {}}, {{"a.cf2"}, "file/a.nc", "", {}},
+    };
+    for (const OutputRequest& request : cases) EXPECT_TRUE(PlanOutput(request).lacks_folder) << request.nc;
 }
 
 TEST_F(HostOutput, SegmentPaths) {

@@ -5,6 +5,7 @@
 
 #include <locale>
 
+#include "host/post/given_values.h"
 #include "unit/temp_folder.h"
 
 namespace brindle::host {
@@ -75,7 +76,7 @@ protected:
     // The first piece that a run with this tuning writes; empty if an expression has no value.
     static std::string Run(const LoadedTuning& tuning, const RunDataRequest& request, const JobValues& job = {}) {
         ExpressionValues values;
-        if (!SettleExpressions(tuning, request, job, values)) return {};
+        if (!CheckGivenValues(tuning, request) || !SettleExpressions(tuning, request, job, values)) return {};
         CSession session;
         SetTuning(session, tuning, values);
         ApplySettings(request, session.tuning.definition().datasets());
@@ -104,7 +105,7 @@ TEST_F(HostRunData, ValuesReachTheRunFromTheTuningAndFromADefinitionFile) {
         {{"Steel", {}, {"Customer name=Smith & Co", "THICK=0.5"}}, "F1200 G24.5 Smith & Co\r\n"},
         {{"Steel", {}, {"Customer name=Smith", "LINES*2+THICK=9"}}, "F1200 G9 Smith\r\n"},
         {{"Steel", {{"RTD(1)", "Me"}, {"RTD(1,1)", "5"}}, {"THICK=1"}}, "F5 G25 Me\r\n"},
-        {{"Steel", {{"RTD(1)", ""}, {"RTD(2,1)", "!"}}, {}}, "F1200 G! \r\n"},
+        {{"Steel", {{"RTD(1)", "!"}, {"RTD(2,1)", "-7.5"}}, {}}, "F1200 G-7.5 !\r\n"},
         {{"Card", {}, {}}, "F4000 G 17\r\n"},
         {{"Steel", {}, {"THICK=1"}}, ""},
         {{"Steel", {}, {"Customer name=Smith"}}, ""},
@@ -128,11 +129,11 @@ TEST_F(HostRunData, SettingsNeedNoDefinition) {
     LoadedTuning tuning;
     ASSERT_TRUE(LoadTuning(File("items.tun", kItems), "", tuning));
     const RunDataRequest request{"", {{"RTD(1)", "Me"}, {"RTD(7)", "G90"}}, {}};
-    EXPECT_TRUE(CheckSettings(tuning, request));
+    EXPECT_TRUE(CheckGivenValues(tuning, request));
     EXPECT_EQ(Run(tuning, request), "F G Me\r\n");
 
     testing::internal::CaptureStderr();
-    EXPECT_FALSE(CheckSettings(tuning, {"", {{"RTD(8)", "x"}}, {}}));
+    EXPECT_FALSE(CheckGivenValues(tuning, {"", {{"RTD(8)", "x"}}, {}}));
     EXPECT_NE(testing::internal::GetCapturedStderr(), "");
 }
 
@@ -147,7 +148,11 @@ TEST_F(HostRunData, Datasets) {
     EXPECT_TRUE(ChooseDataset(bare, "", dataset));
     EXPECT_EQ(dataset, "");
     testing::internal::CaptureStderr();
-    EXPECT_FALSE(ChooseDataset(tuning, "card", dataset));
+    EXPECT_TRUE(ChooseDataset(tuning, "cARD", dataset));
+    EXPECT_EQ(dataset, "Card") << "a name in another case would be stored under itself";
+    EXPECT_NE(testing::internal::GetCapturedStderr().find("'cARD' is taken as 'Card'"), std::string::npos);
+    testing::internal::CaptureStderr();
+    EXPECT_FALSE(ChooseDataset(tuning, "cards", dataset));
     EXPECT_FALSE(ChooseDataset(bare, "Card", dataset));
     const std::string messages = testing::internal::GetCapturedStderr();
     EXPECT_NE(messages.find("'Steel', 'Card'"), std::string::npos) << messages;

@@ -77,7 +77,7 @@ format:
 format-check:
 	@scripts/format.sh --check
 
-tidy: $(release)/all_configured
+tidy:
 	@scripts/tidy.sh $(TIDY_ARGS)
 
 install: build

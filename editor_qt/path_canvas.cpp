@@ -34,12 +34,12 @@ constexpr qint64 kPaintTime = 50;          // milliseconds
 constexpr size_t kMostSmoothLines = 5000;  // of a batch
 constexpr size_t kMostLegendTools = 12;
 
-QColor ToQt(SceneColor color) { return {color.red, color.green, color.blue}; }
+QColor QtColor(SceneColor color) { return {color.red, color.green, color.blue}; }
 
-QPen CutPen(size_t tool, bool dark) { return {ToQt(ToolColor(tool, dark)), 1.3 * ToolWidth(tool)}; }
+QPen CutPen(size_t tool, bool dark) { return {QtColor(ToolColor(tool, dark)), 1.3 * ToolWidth(tool)}; }
 
 QPen RapidPen(bool dark) {
-    QPen pen(ToQt(ColorsOn(dark).rapid), 0.0);
+    QPen pen(QtColor(ColorsOn(dark).rapid), 0.0);
     pen.setDashPattern({5.0, 4.0});
     return pen;
 }
@@ -296,7 +296,7 @@ void CPathCanvas::PaintTexts(QPainter& painter) const {
         painter.setPen(ColorOf(stroke));
         painter.translate(ToPixel(stroke.start));
         painter.rotate(-text.rotation / kRadiansPerDegree);
-        painter.drawText(QPointF(0.0, 0.0), brindle::ToQt(text.text));
+        painter.drawText(QPointF(0.0, 0.0), ToQt(text.text));
         painter.restore();
     }
 }
@@ -338,7 +338,7 @@ void CPathCanvas::PaintScaleBar(QPainter& painter) const {
     painter.drawLine(QPointF(8.0, y), QPointF(8.0 + length, y));
     painter.drawLine(QPointF(8.0, y - 4.0), QPointF(8.0, y));
     painter.drawLine(QPointF(8.0 + length, y - 4.0), QPointF(8.0 + length, y));
-    painter.drawText(QPointF(14.0 + length, y), QString::number(words, 'g', 6) + ' ' + brindle::ToQt(axis.unit));
+    painter.drawText(QPointF(14.0 + length, y), QString::number(words, 'g', 6) + ' ' + ToQt(axis.unit));
 }
 
 void CPathCanvas::PaintHighlight(QPainter& painter) const {
@@ -349,7 +349,7 @@ void CPathCanvas::PaintHighlight(QPainter& painter) const {
         const PathStroke& stroke = scene_->strokes[index];
         if (RoughBounds(stroke).Meets(view)) marked.Add(stroke);
     }
-    QColor color = ToQt(ColorsOn(IsDark()).highlight);
+    QColor color = QtColor(ColorsOn(IsDark()).highlight);
     color.setAlpha(150);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(color, 9.0, Qt::SolidLine, Qt::RoundCap));
@@ -357,8 +357,8 @@ void CPathCanvas::PaintHighlight(QPainter& painter) const {
 }
 
 QColor CPathCanvas::ColorOf(const PathStroke& stroke) const {
-    if (stroke.kind == StrokeKind::kRapid) return ToQt(ColorsOn(IsDark()).rapid);
-    return ToQt(ToolColor(static_cast<size_t>(stroke.tool), IsDark()));
+    if (stroke.kind == StrokeKind::kRapid) return QtColor(ColorsOn(IsDark()).rapid);
+    return QtColor(ToolColor(static_cast<size_t>(stroke.tool), IsDark()));
 }
 
 }  // namespace brindle

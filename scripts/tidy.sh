@@ -1,11 +1,13 @@
 #!/usr/bin/env bash
 # Runs clang-tidy (.clang-tidy) over the sources of the library and of the command, or over those whose path matches
-# the patterns given. Needs a configured release build, for its compile commands.
+# the patterns given.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 ours="^$PWD/(src|host)/"
 [ $# -gt 0 ] || set -- "$ours"
+# The compile commands of single files.
+cmake --preset release -B build/tidy -DBRINDLE_BY_ROOM=OFF >/dev/null
 # Counts of what was found, and left out, in the headers of others are no news.
-run-clang-tidy -quiet -p build/release -header-filter="$ours" -j "${JOBS:-$(nproc)}" "$@" \
+run-clang-tidy -quiet -p build/tidy -header-filter="$ours" -j "${JOBS:-$(nproc)}" "$@" \
     2> >(grep -vE '^[0-9]+ warnings? generated' >&2)

@@ -23,7 +23,7 @@ std::string NearestRule(const std::string& name) {
     return NearestName(name, names);
 }
 
-int PrintEntry(const std::string& name) {
+int PrintRule(const std::string& name) {
     if (const RuleInfo* const rule = FindRule(name)) {
         std::cout << RuleEntry(*rule);
         return kGood;
@@ -37,7 +37,7 @@ int PrintEntry(const std::string& name) {
 }
 
 int PrintRules(const RulesOptions& options) {
-    if (!options.name.empty()) return PrintEntry(options.name);
+    if (!options.name.empty()) return PrintRule(options.name);
     std::cout << (options.markdown ? RulePage() : RuleList());
     return kGood;
 }

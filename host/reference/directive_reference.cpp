@@ -96,20 +96,20 @@ std::string Joined(std::initializer_list<std::string_view> parts) {
 std::string PointText(Point p) { return Joined({"(", ShortNumber(p.x), ", ", ShortNumber(p.y), ")"}); }
 
 std::string RecordText(const ExampleRecord& record) {
-    using Kind = ExampleRecord::Kind;
+    using enum ExampleRecord::Kind;
     const std::string turned =
         record.degrees == 0.0 ? std::string() : Joined({", turned by ", ShortNumber(record.degrees), " degrees"});
     const std::string from = PointText(record.start);
     const std::string to = PointText(record.end);
     switch (record.kind) {
-        case Kind::kLine: return Joined({"a line from ", from, " to ", to});
-        case Kind::kArc:
+        case kLine: return Joined({"a line from ", from, " to ", to});
+        case kArc:
             return Joined({record.radius > 0.0 ? "a clockwise" : "a counter-clockwise", " arc from ", from, " to ", to,
                            " around ", PointText(record.center)});
-        case Kind::kText:
+        case kText:
             return Joined(
                 {"the text ", record.name, " at ", from, turned, ", ", ShortNumber(record.height), " mm high"});
-        case Kind::kCall:
+        case kCall:
             return Joined({"a call of ", record.name, " at ", from, turned, record.mirror_x ? ", mirrored in X" : ""});
     }
     return {};

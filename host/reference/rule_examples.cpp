@@ -142,7 +142,7 @@ constexpr std::string_view kCallsOfTwo =
     "END\nSUB,T\nL,1,1,0,0,0,5,0,0,0\nL,1,1,0,5,0,5,5,0,0\nEND";
 
 // clang-format off
-constexpr RuleExample kExamples[] = {
+constexpr RuleExample kRuleExamples[] = {
     {kDroppedLine, {"BOOL bUseSpace"}, {"BOOL bUseSpace true"}},
     {kNulByte, {"TEXT sNWordAddr N\0"sv}, {"TEXT sNWordAddr N"}},
     {kNotUtf8, {"MULTI FileStart_tTmpl NNUL (10!#SP#!\x80)"}, {"MULTI FileStart_tTmpl NNUL (10!#SP#!EUR)"}},
@@ -379,10 +379,10 @@ constexpr RuleExample kExamples[] = {
 };
 // clang-format on
 
-static_assert(std::size(kExamples) == std::size(Rules()));
+static_assert(std::size(kRuleExamples) == std::size(Rules()));
 static_assert([] {
-    for (size_t i = 0; i < std::size(kExamples); ++i) {
-        if (static_cast<size_t>(kExamples[i].rule) != i) return false;
+    for (size_t i = 0; i < std::size(kRuleExamples); ++i) {
+        if (static_cast<size_t>(kRuleExamples[i].rule) != i) return false;
     }
     return true;
 }());
@@ -422,9 +422,9 @@ std::span<const ExampleMachine> ExampleMachines() { return kMachines; }
 
 std::string_view CommonExampleDrawing() { return kDrawing; }
 
-std::span<const RuleExample> RuleExamples() { return kExamples; }
+std::span<const RuleExample> RuleExamples() { return kRuleExamples; }
 
-const RuleExample& ExampleOf(Rule rule) { return kExamples[static_cast<size_t>(rule)]; }
+const RuleExample& ExampleOf(Rule rule) { return kRuleExamples[static_cast<size_t>(rule)]; }
 
 std::vector<std::string> MachineLines(std::string_view name) {
     if (name.empty()) return {};

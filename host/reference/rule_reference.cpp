@@ -10,7 +10,7 @@
 namespace brindle::host {
 namespace {
 
-constexpr std::string_view kIntroduction =
+constexpr std::string_view kRulesIntroduction =
     R"(# The rules
 
 What `brindle` looks for in tunings, drawings and NC text. `brindle check` tells what it finds in a tuning, `brindle post` also
@@ -56,7 +56,7 @@ std::string_view HeadingBefore(const RuleInfo& rule, std::string_view section) {
     return found == std::end(kHeadings) || found->heading == section ? std::string_view() : found->heading;
 }
 
-void AddLines(std::string_view indent, std::string_view text, std::string& out) {
+void AddIndented(std::string_view indent, std::string_view text, std::string& out) {
     for (const std::string_view line : SplitLines(text)) out.append(indent).append(PrintableText(line)).append("\n");
 }
 
@@ -82,10 +82,10 @@ std::string FilesText(std::string_view side, const RuleExample& example, const E
     if (example.machine != "mill") text.append(", added to the ").append(example.machine);
     text += "\n";
     const std::string deeper = in + "  ";
-    AddLines(deeper, files.tuning, text);
+    AddIndented(deeper, files.tuning, text);
     if (!files.drawing_name.empty()) text += deeper + "with the drawing " + PrintableText(files.drawing_name) + "\n";
     if (!files.drawing.empty() && !files.tuning.empty()) text += in + "with the drawing\n";
-    AddLines(deeper, files.drawing, text);
+    AddIndented(deeper, files.drawing, text);
     if (files.tuning.empty() && files.drawing.empty() && files.drawing_name.empty()) text += deeper + "as it is\n";
     return text;
 }
@@ -97,7 +97,7 @@ std::string ExampleText(const RuleInfo& rule, std::string_view indent) {
 
 std::string MachineText(const ExampleMachine& machine, std::string_view indent) {
     std::string text;
-    AddLines(indent, machine.lines, text);
+    AddIndented(indent, machine.lines, text);
     return text;
 }
 
@@ -150,7 +150,7 @@ std::string RuleList() {
 }
 
 std::string RulePage() {
-    std::string page(kIntroduction);
+    std::string page(kRulesIntroduction);
     std::string_view section;
     for (const RuleInfo& rule : Rules()) {
         if (const std::string_view heading = HeadingBefore(rule, section); !heading.empty()) {
@@ -167,7 +167,7 @@ std::string RulePage() {
         page.append(MachineText(machine, "    ")).append("\n");
     }
     page += "### The drawing\n\n";
-    AddLines("    ", CommonExampleDrawing(), page);
+    AddIndented("    ", CommonExampleDrawing(), page);
     return page;
 }
 

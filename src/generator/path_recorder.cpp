@@ -40,7 +40,7 @@ constexpr std::pair<EventRef, PathKind> kElements[] = {{Event("Move_"), PathKind
                                                        {Event("Arc_"), PathKind::kArc},
                                                        {Event("Text_"), PathKind::kText}};
 
-Point Sum(Point a, Point b) { return {a.x + b.x, a.y + b.y}; }
+Point Moved(Point a, Point b) { return {a.x + b.x, a.y + b.y}; }
 
 }  // namespace
 
@@ -237,9 +237,9 @@ public:
 private:
     void Add(const Step& step, const Placing& placing) {
         PathElement piece = step.piece;
-        piece.start = step.is_move ? tool_ : Sum(placing(piece.start), step.offset);
-        piece.end = Sum(placing(piece.end), step.offset);
-        piece.center = Sum(placing(piece.center), step.offset);
+        piece.start = step.is_move ? tool_ : Moved(placing(piece.start), step.offset);
+        piece.end = Moved(placing(piece.end), step.offset);
+        piece.center = Moved(placing(piece.center), step.offset);
         piece.clockwise = piece.clockwise != placing.mirrors();
         if (!step.is_move && !IsToolAt(piece.start)) AddWay(piece);
         path_.elements.push_back(piece);

@@ -26,7 +26,7 @@ constexpr std::string_view kModeDefaults = "output mode, WORD, both axes";
 
 // One row a line, however long.
 // clang-format off
-constexpr DirectiveInfo kTable[] = {
+constexpr DirectiveInfo kDirectives[] = {
     {D::kInterpCode, 20201, "@InterpCode", "Geometry", kModal, "bICodesModal", N::kAny, "interpolation code: rapid, linear, clockwise or counter-clockwise"},
     {D::kStartPtWords, 20202, "@StartPtWords", "Geometry", kPoint, kAxisDefaults, N::kAny, "axis words of the record's start point"},
     {D::kEndPtWords, 20203, "@EndPtWords", "Geometry", kPoint, kAxisDefaults, N::kAny, "axis words of the record's end point"},
@@ -97,14 +97,14 @@ constexpr DirectiveInfo kTable[] = {
 };
 // clang-format on
 
-static_assert(std::size(kTable) == kDirectiveCount);
+static_assert(std::size(kDirectives) == kDirectiveCount);
 static_assert([] {
     for (size_t i = 0; i < kDirectiveCount; ++i) {
-        if (kTable[i].id != static_cast<DirectiveId>(i)) return false;
+        if (kDirectives[i].id != static_cast<DirectiveId>(i)) return false;
     }
     return true;
 }());
-static_assert(std::is_sorted(std::begin(kTable), std::end(kTable),
+static_assert(std::is_sorted(std::begin(kDirectives), std::end(kDirectives),
                              [](const DirectiveInfo& a, const DirectiveInfo& b) { return a.number < b.number; }));
 
 constexpr std::string_view NameOf(const DirectiveInfo* directive) { return directive->name; }
@@ -112,17 +112,18 @@ constexpr std::string_view NameOf(const DirectiveInfo* directive) { return direc
 // In the order of their names. Not on the heap: the last run of a host may come from its exit, and a host may unload
 // the library.
 constexpr auto kByName = [] {
-    std::array<const DirectiveInfo*, std::size(kTable)> sorted{};
-    std::transform(std::begin(kTable), std::end(kTable), sorted.begin(), [](const DirectiveInfo& one) { return &one; });
+    std::array<const DirectiveInfo*, std::size(kDirectives)> sorted{};
+    std::transform(std::begin(kDirectives), std::end(kDirectives), sorted.begin(),
+                   [](const DirectiveInfo& one) { return &one; });
     std::ranges::sort(sorted, {}, NameOf);
     return sorted;
 }();
 
 }  // namespace
 
-std::span<const DirectiveInfo> DirectiveTable() { return kTable; }
+std::span<const DirectiveInfo> DirectiveTable() { return kDirectives; }
 
-const DirectiveInfo& Info(DirectiveId id) { return kTable[static_cast<size_t>(id)]; }
+const DirectiveInfo& Info(DirectiveId id) { return kDirectives[static_cast<size_t>(id)]; }
 
 const DirectiveInfo* FindDirective(std::string_view name) {
     const auto found = std::ranges::lower_bound(kByName, name, {}, NameOf);

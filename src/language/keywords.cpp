@@ -9,7 +9,7 @@
 namespace brindle {
 namespace {
 
-constexpr KeywordInfo kTable[kKeywordCount] = {
+constexpr KeywordInfo kKeywords[kKeywordCount] = {
     {Keyword::kA1, 20501, "A1", "A1", "axis 1 alone: axis 2 is left out"},
     {Keyword::kA2, 20502, "A2", "A2", "axis 2 alone: axis 1 is left out"},
     {Keyword::kWord, 20504, "WORD", "WORD", "with the address"},
@@ -31,11 +31,11 @@ constexpr KeywordInfo kTable[kKeywordCount] = {
     {Keyword::kSilent, 20521, "SILENT", "SILENT", "counts as written, but writes nothing"},
 };
 
-constexpr std::string_view NameOf(Keyword keyword) { return kTable[static_cast<size_t>(keyword)].name; }
+constexpr std::string_view NameOf(Keyword keyword) { return kKeywords[static_cast<size_t>(keyword)].name; }
 
 }  // namespace
 
-std::span<const KeywordInfo> KeywordTable() { return kTable; }
+std::span<const KeywordInfo> KeywordTable() { return kKeywords; }
 
 CAtDirKeywords::CAtDirKeywords(std::string& directive) {
     const size_t bracket = directive.find('[');
@@ -46,7 +46,7 @@ CAtDirKeywords::CAtDirKeywords(std::string& directive) {
     directive.resize(bracket);
 
     const std::string word_text = this->word_text();
-    for (const KeywordInfo& info : kTable) {
+    for (const KeywordInfo& info : kKeywords) {
         const std::string word = ' ' + std::string(info.name) + ' ';
         if (word_text.find(word) != std::string::npos) words_.Add(info.keyword);
     }

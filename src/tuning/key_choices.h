@@ -1,7 +1,9 @@
-// Choices of one key among several, as radio buttons offer them.
+// Choices of one key among several. The editor offers them as radio buttons and lists, `brindle check` judges them.
 #pragma once
 
+#include <cstddef>
 #include <span>
+#include <string_view>
 
 #include "tuning/key_catalogue.h"
 
@@ -43,5 +45,15 @@ inline constexpr KeyChoice kKeyChoices[] = {
     {Key("ToolRot_bPosIsCW"), Key("ToolRot_bPosIsCCW")},
     {Key("Fly_bForFollowing"), Key("Fly_bForPreceeding")},
 };
+
+// The keys of the choice that a key is one of, itself included; none if it is of no choice.
+constexpr std::span<const KeyRef> ChoiceOf(std::string_view key) {
+    for (const KeyChoice& choice : kKeyChoices) {
+        for (const KeyRef one : choice.keys()) {
+            if (one->name == key) return choice.keys();
+        }
+    }
+    return {};
+}
 
 }  // namespace brindle

@@ -9,6 +9,9 @@
 
 namespace brindle {
 
+inline constexpr double kNoLength = 1e-9;     // millimetres; what is shorter is no cut
+inline constexpr double kLooseDegrees = 1.0;  // by which a tangential tool may be off beyond its lift angle
+
 // A line or an arc, millimetres in the plane of the drawing.
 struct Curve {
     Point start, end, center;

@@ -12,9 +12,7 @@ namespace {
 constexpr size_t kMostReplayed = 200000;  // calls that are followed
 constexpr size_t kMostMoves = 10000000;   // within them
 constexpr size_t kMostOpen = 1000;        // records that wait for their block
-constexpr double kNoLength = 1e-9;        // millimetres
 constexpr double kNoRotation = 1e-6;      // radians
-constexpr double kLooseDegrees = 1.0;     // of a tangential tool
 
 constexpr EventSet kCuts{Event("Line_"), Event("Arc_"), Event("Text_")};
 constexpr EventSet kMoves{Event("Move_"), Event("MoveToIncludePt_")};

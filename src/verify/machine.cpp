@@ -14,7 +14,7 @@ constexpr double kSmallestRadius = 0.00127;   // below it an arc has no radius; 
 constexpr double kRefusedRadii = 0.028;       // difference of the radii of start and end
 constexpr double kUnlikeRadii = 0.005;        // the same, by GRBL's gcode.c
 constexpr double kRefusedRadiiShare = 0.001;  // both only above this share of the radius
-constexpr double kSamePoint = 1e-9;
+constexpr double kClosedWithin = 1e-9;
 constexpr size_t kLongestLine = 255;  // characters; LinuxCNC 2.9 refuses a longer one
 
 double Coordinate(const Point& p, int axis) { return axis == 0 ? p.x : p.y; }
@@ -160,7 +160,7 @@ double SweepOf(Point a, Point b, Point center, bool clockwise) {
     const double from = std::atan2(a.y - center.y, a.x - center.x);
     const double to = std::atan2(b.y - center.y, b.x - center.x);
     double sweep = clockwise ? from - to : to - from;
-    if (Distance(a, b) < kSamePoint) sweep = 0.0;
+    if (Distance(a, b) < kClosedWithin) sweep = 0.0;
     while (sweep <= 0.0) sweep += kFullTurn;
     while (sweep > kFullTurn) sweep -= kFullTurn;
     return clockwise ? -sweep : sweep;
@@ -643,7 +643,7 @@ bool CMachine::CentreByRadius(double radius, Point to, Point& center) {
     const Point start = Scaled(at_);
     const Point end = Scaled(to);
     const double chord = Distance(start, end);
-    if (chord < kSamePoint) {
+    if (chord < kClosedWithin) {
         user_.Fails(NcFault::kCircleByRadius, 0.0, {});
         return false;
     }

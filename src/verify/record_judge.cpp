@@ -6,9 +6,6 @@
 namespace brindle {
 namespace {
 
-constexpr double kNoLength = 1e-9;     // millimetres
-constexpr double kLooseDegrees = 1.0;  // of a tangential tool
-
 double SmallestOf(const std::vector<Curve>& curves, Point p) {
     double smallest = HUGE_VAL;
     for (const Curve& curve : curves) smallest = std::min(smallest, NearnessOf(curve, p).distance);

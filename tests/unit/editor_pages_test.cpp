@@ -1,4 +1,5 @@
 // The pages of the editor together: what they add to a tuning, and what they do without one.
+#include <algorithm>
 #include <fstream>
 #include <set>
 #include <sstream>
@@ -19,51 +20,16 @@ namespace {
 constexpr std::string_view kPagesOfKeys[] = {"General", "Subs",  "Codes",   "AxisData", "ArcData",
                                              "Speed",   "Tools", "ToolRot", "Text"};
 
-// Keys of which exactly one is true: radio buttons, or entries of a drop-down list.
-struct Choice {
-    const char* page;
-    const char* keys;
-    const char* list = nullptr;  // the label of the drop-down list
-};
-
-constexpr Choice kChoices[] = {
-    {"General", "bOutUnitsInches bOutUnitsMetric bOutUnitsAuto"},
-    {"General", "bOutModeAbs bOutModeInc"},
-    {"General", "bBlockDelimStd bBlockDelimCus"},
-    {"General", "bParenSquare bParenRound bParenCurly"},
-    {"Subs", "bSubsInAbs bSubsInInc"},
-    {"Subs", "bOutputSubsAfter bOutputSubsFirst"},
-    {"Subs", "SubNum_bUseFormula SubNum_bUseSequence SubNum_bUseBlockNum"},
-    {"Subs", "bStartSubsAtCen bStartSubsAtLine"},
-    {"Subs", "bEndSubsAtCen bEndSubsAtLine"},
-    {"Codes", "Fly_bForPreceeding Fly_bForFollowing"},
-    {"AxisData", "bRotAxisInDegrees bRotAxisPLinear"},
-    {"AxisData", "bRotAxisInDegrees#2 bRotAxisPLinear#2"},
-    {"ArcData", "bArcByCen bArcByRad bArcBySub"},
-    {"ArcData", "bInAbsCenFromStart bInAbsCenFromEnd bInAbsCenIsAbs", "In absolute mode, center point measured &by:"},
-    {"ArcData", "bInIncCenFromStart bInIncCenFromEnd", "In incremental mode, center point measured &by:"},
-    {"ArcData", "bRadCWArcPosIsShort bRadCWArcPosIsLong"},
-    {"ArcData", "bRadCCWArcPosIsShort bRadCCWArcPosIsLong"},
-    {"ArcData", "bSubArcPosCW bSubArcPosCCW"},
-    {"Speed", "Speed_bAsValue Speed_bAsExpress"},
-    {"Speed", "Speed_b1 Speed_b2 Speed_b4"},
-    {"Speed", "Speed_bNearest1 Speed_bNearest2"},
-    {"Speed", "Speed_b1Param Speed_b2Params"},
-    {"ToolRot", "ToolRot_bPosIsCW ToolRot_bPosIsCCW"},
-};
-
 std::vector<std::string_view> KeysOf(std::string_view words) {
     std::vector<std::string_view> keys;
     SplitWords(words, keys);
     return keys;
 }
 
-std::string WithoutPlace(std::string_view control) { return std::string(control.substr(0, control.find('#'))); }
-
-std::string TrueKeys(const CEditorSession& editor, const std::vector<std::string_view>& keys) {
+std::string TrueKeys(const CEditorSession& editor, std::span<const KeyRef> keys) {
     std::string found;
-    for (const std::string_view key : keys) {
-        if (IsTrue(&editor.tuning(), WithoutPlace(key))) found.append(found.empty() ? "" : " ").append(key);
+    for (const KeyRef key : keys) {
+        if (IsTrue(&editor.tuning(), key->name)) found.append(found.empty() ? "" : " ").append(key->name);
     }
     return found;
 }
@@ -177,49 +143,70 @@ TEST(EditorHeadings, StandAboveTheirControls) {
     }});
 }
 
-TEST(EditorChoices, LeaveOneKeyTrue) {
-    CEditorSession editor;
-    editor.Play({[&] {
-        for (const Choice& choice : kChoices) {
-            ASSERT_EQ(editor.toolkit.GoToPage(choice.page), "");
-            int entry = 0;
-            for (const std::string_view key : KeysOf(choice.keys)) {
-                CHeadlessControl* const control = editor.toolkit.Find(choice.list != nullptr ? choice.list : key);
-                ASSERT_NE(control, nullptr) << key;
-                EXPECT_TRUE(choice.list != nullptr ? control->Pick(entry++) : control->Click());
-                EXPECT_EQ(TrueKeys(editor, KeysOf(choice.keys)), key);
-            }
-        }
-    }});
+// The keys of the radio buttons that show a mark, of those with the heading or the choice of `clicked`.
+std::set<std::string> MarkedBeside(const CEditorSession& editor, const ControlSpec& clicked) {
+    const std::span<const KeyRef> choice = ChoiceOf(clicked.name);
+    std::set<std::string> marked;
+    for (const auto& control : editor.toolkit.Top()->Controls()) {
+        const ControlSpec& spec = control->spec();
+        if (spec.kind != ControlKind::kRadio || control->Value() != "1") continue;
+        const bool same_choice =
+            std::ranges::find(choice, spec.name, [](KeyRef key) { return key->name; }) != choice.end();
+        if (same_choice || spec.group == clicked.group) marked.insert(spec.name);
+    }
+    return marked;
 }
 
-// The pages and a run must agree on which keys exclude each other.
-TEST(EditorChoices, AreThoseOfARun) {
-    std::set<std::set<std::string>> of_pages, of_run;
-    size_t expected_radios = 0, radios = 0;
-    for (const Choice& choice : kChoices) {
-        std::set<std::string> keys;
-        for (const std::string_view place : KeysOf(choice.keys)) keys.insert(WithoutPlace(place));
-        if (choice.list == nullptr) expected_radios += keys.size();
-        of_pages.insert(std::move(keys));
-    }
-    for (const KeyChoice& choice : kKeyChoices) {
-        std::set<std::string> keys;
-        for (const KeyRef key : choice.keys()) keys.emplace(key->name);
-        of_run.insert(std::move(keys));
-    }
-    EXPECT_EQ(of_pages, of_run);
-
+// Headings say which buttons exclude each other on the screen, choices which keys do: both must agree.
+TEST(EditorChoices, LeaveOneKeyTrueAndOneButtonMarked) {
     CEditorSession editor;
+    std::set<std::string> clicked;
+    const auto click = [&](CHeadlessControl& control) {
+        const std::string& key = control.spec().name;
+        EXPECT_TRUE(control.Click());
+        EXPECT_EQ(TrueKeys(editor, ChoiceOf(key)), key);
+        EXPECT_EQ(MarkedBeside(editor, control.spec()), std::set{key});
+        clicked.insert(key);
+    };
     editor.Play({[&] {
         for (const std::string_view page : kPagesOfKeys) {
             ASSERT_EQ(editor.toolkit.GoToPage(page), "");
             for (const auto& control : editor.toolkit.Top()->Controls()) {
-                radios += control->spec().kind == ControlKind::kRadio;
+                if (control->spec().kind == ControlKind::kRadio) click(*control);
             }
         }
     }});
-    EXPECT_EQ(radios, expected_radios);
+    // All keys of a choice are offered together; two choices are lists.
+    std::string lists;
+    for (const KeyChoice& choice : kKeyChoices) {
+        const auto is_clicked = [&](KeyRef key) { return clicked.contains(std::string(key->name)); };
+        if (std::ranges::all_of(choice.keys(), is_clicked)) continue;
+        EXPECT_TRUE(std::ranges::none_of(choice.keys(), is_clicked)) << choice.keys()[0]->name;
+        lists.append(lists.empty() ? "" : " ").append(choice.keys()[0]->name);
+    }
+    EXPECT_EQ(lists, "bInAbsCenFromStart bInIncCenFromStart");
+}
+
+TEST(EditorChoices, OfListsLeaveOneKeyTrue) {
+    struct Row {
+        const char* list;
+        std::string_view first_key;
+    };
+    constexpr Row kLists[] = {
+        {"In absolute mode, center point measured &by:", "bInAbsCenFromStart"},
+        {"In incremental mode, center point measured &by:", "bInIncCenFromStart"},
+    };
+    CEditorSession editor;
+    editor.Play({[&] {
+        ASSERT_EQ(editor.toolkit.GoToPage("ArcData"), "");
+        for (const Row& row : kLists) {
+            int entry = 0;
+            for (const KeyRef key : ChoiceOf(row.first_key)) {
+                EXPECT_TRUE(editor.toolkit.Find(row.list)->Pick(entry++));
+                EXPECT_EQ(TrueKeys(editor, ChoiceOf(row.first_key)), key->name);
+            }
+        }
+    }});
 }
 
 TEST(EditorMarks, AreSetAtOnceOnSomePages) {
@@ -348,22 +335,24 @@ TEST_P(EditedExamples, ShowOneOfEachChoiceAndTheOneThatARunTakes) {
         after.Tune(line);
     }
     LookAtEverything(after);
-    for (const Choice& choice : kChoices) {
-        const std::vector<std::string_view> keys = KeysOf(choice.keys);
-        EXPECT_EQ(KeysOf(TrueKeys(after, keys)).size(), 1U) << choice.keys;
-        for (const std::string_view place : keys) {
-            const std::string key = WithoutPlace(place);
-            if (!MatchKey(key).info->read_default.HasValue()) continue;  // the editor's alone
-            EXPECT_EQ(IsTrueToARun(after, key), IsTrueToARun(before, key)) << key;
+    for (const KeyChoice& choice : kKeyChoices) {
+        const std::string chosen = TrueKeys(after, choice.keys());
+        EXPECT_TRUE(!chosen.empty() && chosen.find(' ') == std::string::npos)
+            << choice.keys()[0]->name << ": " << chosen;
+        for (const KeyRef key : choice.keys()) {
+            if (!key->read_default.HasValue()) continue;  // the editor's alone
+            EXPECT_EQ(IsTrueToARun(after, key->name), IsTrueToARun(before, key->name)) << key->name;
         }
     }
     int32_t tools = 0;
     after.tuning().GetInt("nNumOfTools", tools);
     for (int32_t tool = 1; tool <= tools; ++tool) {
         const std::string prefix = "T" + std::to_string(tool) + '_';
-        const std::string kinds = prefix + "bToolTool " + prefix + "bToolSubordinate " + prefix + "bToolUnused";
-        for (const std::string_view key : KeysOf(kinds)) EXPECT_NE(before.Line(key), "") << key;
-        EXPECT_EQ(TrueKeys(after, KeysOf(kinds)), prefix + "bToolTool");
+        for (const std::string_view kind : {"bToolTool", "bToolSubordinate", "bToolUnused"}) {
+            const std::string key = prefix + std::string(kind);
+            EXPECT_NE(after.Line(key), "") << key;
+            EXPECT_EQ(IsTrue(&after.tuning(), key), kind == "bToolTool") << key;
+        }
     }
 }
 

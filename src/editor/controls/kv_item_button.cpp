@@ -1,7 +1,5 @@
 #include "editor/controls/kv_item_button.h"
 
-#include <algorithm>
-
 namespace brindle {
 
 CKVItemButton::CKVItemButton(const ControlPlace& place, const ControlSpec& spec)
@@ -16,16 +14,13 @@ void CKVItemButton::Bind(CKVItemContainer* container, std::string_view key, bool
     control_.SetCheck(value != 0);
 }
 
-void CKVItemButton::AddSibling(CKVItemButton& sibling) {
-    if (std::find(siblings_.begin(), siblings_.end(), &sibling) == siblings_.end()) siblings_.push_back(&sibling);
-}
-
 void CKVItemButton::Commit() {
-    if (container() != nullptr) container()->SetBool(key(), control_.GetCheck() ? 1 : 0);
+    if (container() == nullptr) return;
+    for (const KeyRef other : choice_) container()->SetBool(other->name, 0);
+    container()->SetBool(key(), control_.GetCheck() ? 1 : 0);
 }
 
 void CKVItemButton::OnClick() {
-    for (CKVItemButton* const sibling : siblings_) sibling->Commit();
     Commit();
     ReportChange();
     if (owner() != nullptr) owner()->OnBoundButtonClicked(*this);

@@ -1,21 +1,21 @@
 // Check boxes and radio buttons bound to Boolean keys.
 #pragma once
 
-#include <vector>
+#include <span>
 
 #include "editor/controls/bound_control.h"
+#include "tuning/key_catalogue.h"
 
 namespace brindle {
 
-// A click writes the keys of all siblings, then the button's own. The members of a radio group have all the others as
-// siblings, so that exactly one of their keys stays true.
+// A click of a radio button makes all other keys of its choice false, so that exactly one of them stays true.
 class CKVItemButton : public CBoundControl {
 public:
     CKVItemButton(const ControlPlace& place, const ControlSpec& spec);
 
     void Bind(CKVItemContainer* container, std::string_view key, bool by_default);
-    // `sibling` must live as long as this button. One that is a sibling already keeps its place.
-    void AddSibling(CKVItemButton& sibling);
+    // For a radio button: the keys of which its own is one, as in tuning/key_choices.h. None is bound per tool.
+    void SetChoice(std::span<const KeyRef> choice) { choice_ = choice; }
     CButtonControl& control() { return control_; }
     const CButtonControl& control() const { return control_; }
 
@@ -24,7 +24,7 @@ private:
     void OnClick();
 
     CButtonControl& control_;
-    std::vector<CKVItemButton*> siblings_;
+    std::span<const KeyRef> choice_;
 };
 
 }  // namespace brindle

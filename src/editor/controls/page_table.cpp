@@ -6,6 +6,7 @@
 #include <string>
 
 #include "tuning/key_catalogue.h"
+#include "tuning/key_choices.h"
 
 namespace brindle {
 namespace {
@@ -97,13 +98,18 @@ ControlSpec SpecOf(const PageRow& row) {
     return spec;
 }
 
+std::span<const KeyRef> ChoiceAt(const PageRow& row) {
+    const std::span<const KeyRef> choice = ChoiceOf(row.key);
+    if (choice.empty()) throw std::out_of_range("no choice of " + std::string(row.key));
+    return choice;
+}
+
 }  // namespace
 
 // ---- Making ----
 
 void CPageTable::Create(const ControlPlace& place) {
     for (const PageRow& row : rows_) Make(place, row);
-    JoinRadios();
 }
 
 void CPageTable::Make(const ControlPlace& place, const PageRow& row) {
@@ -118,8 +124,10 @@ void CPageTable::Make(const ControlPlace& place, const PageRow& row) {
         made.bound = &control;
     };
     switch (row.kind) {
-        case ControlKind::kCheck:
-        case ControlKind::kRadio: return bind(std::in_place_type<CKVItemButton>);
+        case ControlKind::kCheck: return bind(std::in_place_type<CKVItemButton>);
+        case ControlKind::kRadio:
+            bind(std::in_place_type<CKVItemButton>);
+            return std::get<CKVItemButton>(made.bound).SetChoice(ChoiceAt(row));
         case ControlKind::kReal: return bind(std::in_place_type<CKVRealEdit>);
         case ControlKind::kInteger: return bind(std::in_place_type<CKVUintEdit>);
         case ControlKind::kText: return bind(std::in_place_type<CKVTextEdit>);
@@ -131,18 +139,6 @@ void CPageTable::Make(const ControlPlace& place, const PageRow& row) {
         case ControlKind::kList: return keep(place.form.AddList(spec));
         case ControlKind::kTable: return keep(place.form.AddTable(spec));
         default: made.control = &place.form.AddLabel(spec);
-    }
-}
-
-void CPageTable::JoinRadios() {
-    for (Made& made : made_) {
-        if (made.row->kind != ControlKind::kRadio) continue;
-        for (Made& other : made_) {
-            if (&other == &made || other.row->kind != ControlKind::kRadio || other.row->group != made.row->group) {
-                continue;
-            }
-            std::get<CKVItemButton>(made.bound).AddSibling(std::get<CKVItemButton>(other.bound));
-        }
     }
 }
 

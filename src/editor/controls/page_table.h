@@ -57,7 +57,8 @@ constexpr auto JoinRows(const std::array<PageRow, kCounts>&... parts) {
 }
 
 // A drop-down list whose entries are keys is a row of the kind kEntries with a name that is no key, and a row
-// with the flag kEntry for each entry after it. Radio buttons of one group are siblings of each other.
+// with the flag kEntry for each entry after it. What a radio button excludes is in tuning/key_choices.h; its key must
+// be of a choice there, and the group is that of the others.
 //
 // Controls are found by key or name; of two with the same, Find gives the first, and all are bound, enabled or shown
 // together. A name that no row has is a fault of the page: std::out_of_range.
@@ -113,7 +114,6 @@ private:
     };
 
     void Make(const ControlPlace& place, const PageRow& row);
-    void JoinRadios();
     void BindRow(Made& made, CKVItemContainer* tuning, std::string_view prefix, bool inches);
     void ForEach(std::initializer_list<std::string_view> names, const std::function<void(CControl&)>& act);
     void ForGroup(std::string_view group, const std::function<void(CControl&)>& act);

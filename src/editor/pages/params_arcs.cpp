@@ -21,7 +21,7 @@ constexpr std::string_view kSmallRadii = "Faceting for Small Radii|";
 constexpr std::string_view kInAbsolute = "center in absolute mode";
 constexpr std::string_view kInIncremental = "center in incremental mode";
 
-constexpr PageRow kRows[] = {
+constexpr PageRow kArcRows[] = {
     {kRadio, "bArcByCen", kDefinedBy, "By &center"},
     {kRadio, "bArcByRad", kDefinedBy, "By &radius"},
     {kRadio, "bArcBySub", kDefinedBy, "By &sub angle"},
@@ -64,7 +64,7 @@ constexpr PageRow kRows[] = {
 class CNCParamsArcs : public CNCPerToolPage {
 public:
     explicit CNCParamsArcs(const PageContext& context)
-        : CNCPerToolPage(context, "ArcData", Mark::kAtActivation, kRows, Subordinates::kLeftOut) {}
+        : CNCPerToolPage(context, "ArcData", Mark::kAtActivation, kArcRows, Subordinates::kLeftOut) {}
 
     void UpdateControlStates() override {
         table().Enable({"rMaxOrdMM"}, !IsTrue(GetOptions(), "bOutUnitsMetric"));

@@ -10,7 +10,7 @@ using enum ControlKind;
 using enum Spot;
 
 constexpr std::string_view kUnitsOut = "Output units";
-constexpr std::string_view kMode = "Output mode for main program";
+constexpr std::string_view kMainMode = "Output mode for main program";
 constexpr std::string_view kProgram = "Main program number    (@MainProgNum)";
 constexpr std::string_view kDelimiter = "Block end delimiter";
 constexpr std::string_view kParentheses = "Expression parentheses";
@@ -20,12 +20,12 @@ constexpr std::string_view kNumbering = "Block numbering";
 constexpr std::string_view kReferenceProgram = "reference of program number";
 constexpr std::string_view kStandardDelimiter = "Windows newline (ASCII13 ASCII10)";
 
-constexpr PageRow kRows[] = {
+constexpr PageRow kGeneralRows[] = {
     {kRadio, "bOutUnitsInches", kUnitsOut, "&Inches"},
     {kRadio, "bOutUnitsMetric", kUnitsOut, "&Millimeters"},
     {kRadio, "bOutUnitsAuto", kUnitsOut, "&Current units"},
-    {kRadio, "bOutModeAbs", kMode, "&Absolute"},
-    {kRadio, "bOutModeInc", kMode, "&Incremental"},
+    {kRadio, "bOutModeAbs", kMainMode, "&Absolute"},
+    {kRadio, "bOutModeInc", kMainMode, "&Incremental"},
     {kText, "sMainProgNum", kProgram, "&Program number:"},
     {kButton, kReferenceProgram, kProgram, "...", 0, kBeside},
     {kCheck, "bUseFileSeg", "", "&Use file segmenting"},
@@ -54,7 +54,7 @@ constexpr PageRow kRows[] = {
 class CNCParamsGeneral : public CNCTablePage {
 public:
     explicit CNCParamsGeneral(const PageContext& context)
-        : CNCTablePage(context, "General", Mark::kAtActivation, kRows) {}
+        : CNCTablePage(context, "General", Mark::kAtActivation, kGeneralRows) {}
 
     void UpdateControlStates() override {
         table().Enable({"nPrimaryTool", "bPrimaryToolUseToolOn"}, table().IsChecked("bUsePrimaryTool"));

@@ -52,14 +52,14 @@ constexpr auto kOwnRows = std::to_array<PageRow>({
     {kUnits, "SRF_rThreshold100MM", kSmallRadius, "", 0, kBeside},
     {kList, CNCPerToolPage::kTools, kToolList, ""},
 });
-constexpr auto kRows =
+constexpr auto kSpeedRows =
     JoinRows(kOwnRows, SpeedValueRows("|Per tool|Speed values|Param 1", "|Per tool|Speed values|Param 2", kBeside),
              ArcSpeedRows("|Per tool|Arcs", "Use small radii factor &formula", kNewRow));
 
 class CNCParamsSpeed : public CNCPerToolPage {
 public:
     explicit CNCParamsSpeed(const PageContext& context)
-        : CNCPerToolPage(context, "Speed", Mark::kAtChange, kRows, Subordinates::kListed) {}
+        : CNCPerToolPage(context, "Speed", Mark::kAtChange, kSpeedRows, Subordinates::kListed) {}
 
     void UpdateControlStates() override {
         CBrindleOpts* const tuning = GetOptions();

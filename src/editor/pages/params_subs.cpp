@@ -11,18 +11,18 @@ using enum ControlKind;
 using enum Spot;
 
 // What is side by side has an empty heading in common.
-constexpr std::string_view kMode = "|Output mode for subs";
+constexpr std::string_view kSubMode = "|Output mode for subs";
 constexpr std::string_view kOrder = "|Output subs";
 constexpr std::string_view kScheme = "|Subprogram numbering scheme    (@CurProgNum)";
 constexpr std::string_view kMirroring = "|Subprogram mirroring    (@IncludeMirCode, @IncludeMirResetCode)";
-constexpr std::string_view kRotation = "|Subprogram rotation    (@IncludeRotWord, @IncludeRotResetWord)";
+constexpr std::string_view kSubRotation = "|Subprogram rotation    (@IncludeRotWord, @IncludeRotResetWord)";
 constexpr std::string_view kStart = "Start subprograms at";
 constexpr std::string_view kEnd = "End subprograms at";
 
-constexpr PageRow kRows[] = {
+constexpr PageRow kSubRows[] = {
     {kCheck, "bUseSubs", "", "&Support subprograms"},
-    {kRadio, "bSubsInAbs", kMode, "&Absolute"},
-    {kRadio, "bSubsInInc", kMode, "&Incremental"},
+    {kRadio, "bSubsInAbs", kSubMode, "&Absolute"},
+    {kRadio, "bSubsInInc", kSubMode, "&Incremental"},
     {kRadio, "bOutputSubsAfter", kOrder, "&Main followed by Subs", 0, kBeside},
     {kRadio, "bOutputSubsFirst", kOrder, "&Subs followed by Main"},
     {kRadio, "SubNum_bUseFormula", kScheme, "By &formula"},
@@ -38,12 +38,12 @@ constexpr PageRow kRows[] = {
     {kText, "sMirrorY", kMirroring, "Mirror in &Y:"},
     {kText, "sMirrorXY", kMirroring, "Mirror in X &and Y:"},
     {kText, "sMirrorReset", kMirroring, "Mirror &reset:"},
-    {kCheck, "bUseRotations", kRotation, "&Rotations supported", 0, kBeside},
-    {kText, "SubRot_sAddr", kRotation, "&Address:"},
-    {kReal, "SubRot_rFactor", kRotation, "&Factor by:", kSixPlaces | kNoZero},
-    {kDecimals, "SubRot_nNDec", kRotation, "&Round to:"},
-    {kText, "SubRot_sCode", kRotation, "&Rotation code:"},
-    {kText, "SubRot_sResetCode", kRotation, "&Reset code:"},
+    {kCheck, "bUseRotations", kSubRotation, "&Rotations supported", 0, kBeside},
+    {kText, "SubRot_sAddr", kSubRotation, "&Address:"},
+    {kReal, "SubRot_rFactor", kSubRotation, "&Factor by:", kSixPlaces | kNoZero},
+    {kDecimals, "SubRot_nNDec", kSubRotation, "&Round to:"},
+    {kText, "SubRot_sCode", kSubRotation, "&Rotation code:"},
+    {kText, "SubRot_sResetCode", kSubRotation, "&Reset code:"},
     {kRadio, "bStartSubsAtCen", kStart, "&Center of design", 0, kNewColumn},
     {kRadio, "bStartSubsAtLine", kStart, "First line"},
     {kRadio, "bEndSubsAtCen", kEnd, "&Center of design", 0, kNewColumn},
@@ -54,7 +54,7 @@ constexpr PageRow kRows[] = {
 // say.
 class CNCParamsSubs : public CNCTablePage {
 public:
-    explicit CNCParamsSubs(const PageContext& context) : CNCTablePage(context, "Subs", Mark::kAtActivation, kRows) {}
+    explicit CNCParamsSubs(const PageContext& context) : CNCTablePage(context, "Subs", Mark::kAtActivation, kSubRows) {}
 
     void UpdateControlStates() override {
         const bool supported = table().IsChecked("bUseSubs");

@@ -10,20 +10,20 @@ using enum ControlKind;
 using enum Spot;
 
 constexpr std::string_view kData = "Text data   (@TextDataWord)";
-constexpr std::string_view kRotation = "Text rotation   (@TextRotWord)";
+constexpr std::string_view kTextRotation = "Text rotation   (@TextRotWord)";
 constexpr std::string_view kHeight = "Text height   (@TextHgtWord)";
 constexpr std::string_view kHeightInch = "Text height   (@TextHgtWord)|Format for inch";
 constexpr std::string_view kHeightMm = "Text height   (@TextHgtWord)|Format for metric";
 
-constexpr PageRow kRows[] = {
+constexpr PageRow kTextRows[] = {
     {kCheck, "bUseText", "", "&Support text"},
     {kText, "TextData_sAddr", kData, "&Address:"},
     {kText, "TextData_sFROM_1", kData, "&Replace:"},
     {kText, "TextData_sTO_1", kData, "&With:"},
-    {kText, "TextRot_sAddr", kRotation, "&Address:"},
-    {kReal, "TextRot_rFactor", kRotation, "&Factor by:", kSixPlaces | kNoZero},
-    {.kind = kDecimals, .key = "TextRot_nNDec", .group = kRotation, .label = "&Round to:", .inch_default = 3},
-    {kCheck, "TextRot_bModal", kRotation, "&Modal"},
+    {kText, "TextRot_sAddr", kTextRotation, "&Address:"},
+    {kReal, "TextRot_rFactor", kTextRotation, "&Factor by:", kSixPlaces | kNoZero},
+    {.kind = kDecimals, .key = "TextRot_nNDec", .group = kTextRotation, .label = "&Round to:", .inch_default = 3},
+    {kCheck, "TextRot_bModal", kTextRotation, "&Modal"},
     {kText, "TextHgt_sAddr", kHeight, "&Address:", 0, kNewColumn},
     {kCheck, "TextHgt_bModal", kHeight, "&Modal"},
     {kCheck, "TextHgt_bOutInPts", kHeight, "Output in text &points"},
@@ -35,7 +35,7 @@ constexpr PageRow kRows[] = {
 
 class CNCParamsText : public CNCTablePage {
 public:
-    explicit CNCParamsText(const PageContext& context) : CNCTablePage(context, "Text", Mark::kAtChange, kRows) {}
+    explicit CNCParamsText(const PageContext& context) : CNCTablePage(context, "Text", Mark::kAtChange, kTextRows) {}
 
     void UpdateControlStates() override { table().EnableOthers("bUseText", table().IsChecked("bUseText")); }
 };

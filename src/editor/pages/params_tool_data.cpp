@@ -74,8 +74,9 @@ constexpr auto kToolRows = std::to_array<PageRow>({
 
 constexpr auto kTemplateRows = std::to_array<PageRow>({{kTable, kTemplates, "", ""}});
 
-constexpr auto kRows = JoinRows(kToolRows, SpeedValueRows("Speed values|Param 1", "Speed values|Param 2", kNewRow),
-                                ArcSpeedRows(kArcs, "&Use small radii factor formula"), kTemplateRows);
+constexpr auto kToolPageRows =
+    JoinRows(kToolRows, SpeedValueRows("Speed values|Param 1", "Speed values|Param 2", kNewRow),
+             ArcSpeedRows(kArcs, "&Use small radii factor formula"), kTemplateRows);
 
 // By the entries of the kind list.
 enum Kind : int { kRegularTool, kSubordinateTool };
@@ -90,7 +91,7 @@ void SelectValue(CListControl& list, int32_t value) {
 }  // namespace
 
 CNCParamsToolData::CNCParamsToolData(const PageContext& context)
-    : CNCTablePage(context, "Tools", Mark::kAtActivation, kRows) {}
+    : CNCTablePage(context, "Tools", Mark::kAtActivation, kToolPageRows) {}
 
 void CNCParamsToolData::CreateControls() {
     CNCTablePage::CreateControls();

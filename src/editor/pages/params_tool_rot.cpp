@@ -12,7 +12,7 @@ using enum Spot;
 constexpr std::string_view kPositive = "Positive value indicates:";
 constexpr std::string_view kToolData = "Per tool data";
 
-constexpr PageRow kRows[] = {
+constexpr PageRow kToolRotationRows[] = {
     {kText, "ToolRot_sAddr", "", "&Address:"},
     {kReal, "ToolRot_rFactor", "", "&Factor by:", kSixPlaces | kNoZero},
     {kDecimals, "ToolRot_nNDec", "", "&Round to:"},
@@ -34,7 +34,7 @@ constexpr PageRow kRows[] = {
 class CNCParamsToolRot : public CNCPerToolPage {
 public:
     explicit CNCParamsToolRot(const PageContext& context)
-        : CNCPerToolPage(context, "ToolRot", Mark::kAtChange, kRows, Subordinates::kLeftOut) {}
+        : CNCPerToolPage(context, "ToolRot", Mark::kAtChange, kToolRotationRows, Subordinates::kLeftOut) {}
 
     void UpdateControlStates() override {
         table().Enable({"ToolRot_bUseSign"}, table().IsChecked("ToolRot_bAlwaysAbs"));

@@ -24,7 +24,7 @@ constexpr std::string_view kRotaryRadius = "Rotary Radius";
 
 constexpr unsigned kAxisFactor = kSixPlaces | kNoNegative | kNoZero;
 
-constexpr PageRow kRows[] = {
+constexpr PageRow kAxisDataRows[] = {
     {kCheck, "bAx1IsRot", kAxis1, "Is &rotary axis"},
     {kRadio, "bRotAxisInDegrees", kAxis1Output, "In &degrees"},
     {kRadio, "bRotAxisPLinear", kAxis1Output, "Pseudo &linear"},
@@ -53,7 +53,7 @@ constexpr PageRow kRows[] = {
 class CNCParamsData : public CNCTablePage {
 public:
     explicit CNCParamsData(const PageContext& context)
-        : CNCTablePage(context, "AxisData", Mark::kAtActivation, kRows) {}
+        : CNCTablePage(context, "AxisData", Mark::kAtActivation, kAxisDataRows) {}
 
     void UpdateControlStates() override {
         CBrindleOpts* const tuning = GetOptions();

@@ -17,13 +17,13 @@ constexpr std::string_view kModeCodes = "Abs/Inc Mode    (@AbsIncCode)";
 constexpr std::string_view kInterpolation = "Interpolation Code    (@InterpCode)";
 constexpr std::string_view kGrain = "Flute/Grain Code    (@FluteCode)";
 constexpr std::string_view kSide = "Design Side Code    (@SideCode)";
-constexpr std::string_view kFly = "Fly Mode   (@FlyModeCode)";
+constexpr std::string_view kFlyCodes = "Fly Mode   (@FlyModeCode)";
 constexpr std::string_view kFlyOff = "Fly Mode   (@FlyModeCode)|Fly mode OFF code applies to:";
 constexpr std::string_view kFlyPerTool = "Fly Mode   (@FlyModeCode)|Per tool";
 constexpr std::string_view kInterpolationTools = "tools with interpolation codes";
 constexpr std::string_view kFlyTools = "tools with fly mode";
 
-constexpr PageRow kRows[] = {
+constexpr PageRow kCodeRows[] = {
     {kText, "sInchCode", kUnitCodes, "&Inches code:"},
     {kText, "sMetricCode", kUnitCodes, "&Metric code:"},
     {kCheck, "bUCodeModal", kUnitCodes, "&Modal"},
@@ -43,9 +43,9 @@ constexpr PageRow kRows[] = {
     {kText, "sVertCode", kGrain, "&Vertical code:"},
     {kText, "sInsideCode", kSide, "&Inside code:"},
     {kText, "sOutsideCode", kSide, "&Outside code:"},
-    {kCheck, "Fly_bSupport", kFly, "&Support fly mode"},
-    {kText, "Fly_sOnCode", kFly, "Fly mode O&N code:"},
-    {kText, "Fly_sOffCode", kFly, "Fly mode O&FF code:"},
+    {kCheck, "Fly_bSupport", kFlyCodes, "&Support fly mode"},
+    {kText, "Fly_sOnCode", kFlyCodes, "Fly mode O&N code:"},
+    {kText, "Fly_sOffCode", kFlyCodes, "Fly mode O&FF code:"},
     {kRadio, "Fly_bForPreceeding", kFlyOff, "&Preceding block"},
     {kRadio, "Fly_bForFollowing", kFlyOff, "&Following block"},
     {kList, kFlyTools, kFlyPerTool, ""},
@@ -53,11 +53,11 @@ constexpr PageRow kRows[] = {
     {kReal, "Fly_rDEG_MaxAngDeviation", kFlyPerTool, "for &devation angle <=", kPerTool | kUnitPlaces, kBeside},
     {.kind = kReal,
      .key = "Fly_rMM_Threshold",
-     .group = kFly,
+     .group = kFlyCodes,
      .label = "Min &radius:",
      .flags = kLength | kUnitPlaces,
      .inch_default = 0.25},
-    {kUnits, "Fly_rMM_Threshold", kFly, "", 0, kBeside},
+    {kUnits, "Fly_rMM_Threshold", kFlyCodes, "", 0, kBeside},
 };
 
 void SeedTemplate(CKVItemContainer& tuning, std::string_view key) {
@@ -71,7 +71,7 @@ void SeedTemplate(CKVItemContainer& tuning, std::string_view key) {
 class CNCParamsUnitCodes : public CNCTablePage {
 public:
     explicit CNCParamsUnitCodes(const PageContext& context)
-        : CNCTablePage(context, "Codes", Mark::kAtActivation, kRows) {}
+        : CNCTablePage(context, "Codes", Mark::kAtActivation, kCodeRows) {}
 
     void UpdateControlStates() override {
         table().Show({kInterpolationTools}, table().IsChecked("bToolDependInterp"));

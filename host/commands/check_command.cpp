@@ -1,73 +1,165 @@
+#include <algorithm>
+#include <filesystem>
 #include <iostream>
 #include <memory>
 #include <string>
 #include <vector>
 
-#include "check/tuning/checks.h"
+#include "cff2/cff2_record.h"
 #include "host/commands/commands.h"
+#include "host/commands/post_arguments.h"
 #include "host/console/messages.h"
-#include "host/files/tuning_file.h"
+#include "host/files/input_file.h"
+#include "host/load/loaded_drawing.h"
+#include "platform/text_file.h"
 
 namespace brindle::host {
 namespace {
 
-struct CheckOptions {
+struct CheckArguments {
     std::vector<std::string> paths;
-    bool strict = false;
+    PostArguments post;
 };
 
-struct Counts {
-    size_t errors = 0, warnings = 0, infos = 0;
-    bool unreadable = false;
+// A file of the command line, read once: to know it, and to check it.
+struct CheckedFile {
+    std::string path;
+    std::optional<std::string> text;  // of one that can't be read again
 };
 
-void CheckFile(const std::string& path, Counts& counts) {
-    TuningFile file;
-    if (!ReadTuningFile(path, file)) {
-        counts.unreadable = true;
-        return;
+struct CheckedFiles {
+    std::vector<CheckedFile> tunings, drawings;
+    bool all_read = true;
+};
+
+// Whether a file is a drawing: it holds a record of one, which no line of a tuning is. One with neither goes by its
+// name.
+bool IsDrawing(const std::string& path, std::string_view text) {
+    std::vector<std::string_view> words;
+    for (const std::string_view line : SplitLines(text)) {
+        const cff2::Record record = cff2::ParseLine(line, words);
+        if (!std::holds_alternative<cff2::Other>(record)) return true;
     }
-    CDiagnostics diagnostics(file.path, file.lines);
-    CheckAll(CPlacedTuning(file.lines), diagnostics);
-    PrintDiagnostics(diagnostics);
-    counts.errors += diagnostics.Count(Severity::kError);
-    counts.warnings += diagnostics.Count(Severity::kWarning);
-    counts.infos += diagnostics.Count(Severity::kInfo);
+    const std::string extension = std::filesystem::path(path).extension().string();
+    return extension == ".cf2" || extension == ".cff2";
 }
 
-void AddCount(size_t count, const char* what, std::string& summary) {
+CheckedFiles ReadFiles(const std::vector<std::string>& paths) {
+    CheckedFiles files;
+    for (const std::string& path : paths) {
+        std::optional<std::string> text = ReadInputFile(path);
+        if (!text) {
+            files.all_read = false;
+            continue;
+        }
+        std::vector<CheckedFile>& kind = IsDrawing(path, *text) ? files.drawings : files.tunings;
+        if (!IsStream(path)) text.reset();
+        kind.push_back({path, std::move(text)});
+    }
+    return files;
+}
+
+// A drawing for which there is no tuning.
+JobOutcome CheckDrawing(CheckedFile& file, const JobOptions& job) {
+    std::optional<LoadedDrawing> drawing =
+        LoadDrawing(file.path, nullptr, {job.allowed, job.comparison.skipped_tools}, std::move(file.text));
+    if (!drawing) return JobOutcome::kNotMade;
+    TellOfDrawing(*drawing);
+    const size_t losses = drawing->findings.Count(Severity::kLoss);
+    if (job.strict && losses + drawing->findings.Count(Severity::kWarning) > 0) return JobOutcome::kNotMade;
+    return losses > 0 ? JobOutcome::kLossy : JobOutcome::kMade;
+}
+
+// The jobs of the drawings, as `post` would do them with no word of where to.
+OutputPlan PlanOf(std::vector<CheckedFile>& drawings) {
+    OutputRequest request;
+    for (const CheckedFile& drawing : drawings) request.drawings.push_back(drawing.path);
+    OutputPlan plan = PlanOutput(request);
+    for (size_t i = 0; i < drawings.size(); ++i) plan.jobs[i].drawing_text = std::move(drawings[i].text);
+    return plan;
+}
+
+JobOutcome CheckFiles(CheckedFiles& files, const PostCall& options) {
+    JobOutcome worst = files.all_read ? JobOutcome::kMade : JobOutcome::kNotMade;
+    OutputPlan plan;
+    if (files.tunings.empty()) {
+        for (CheckedFile& drawing : files.drawings) worst = std::max(worst, CheckDrawing(drawing, options.job));
+    } else {
+        plan = PlanOf(files.drawings);
+    }
+    for (CheckedFile& tuning : files.tunings) {
+        PostCall call = options;
+        call.tuning = tuning.path;
+        call.tuning_text = std::move(tuning.text);
+        worst = std::max(worst, RunPostCall(call, plan));
+    }
+    return worst;
+}
+
+void AddCount(size_t count, const char* one, const char* many, std::string& summary) {
     if (count == 0) return;
     if (!summary.empty()) summary += ", ";
-    summary += Counted(count, what);
+    summary.append(std::to_string(count)).append(" ").append(count == 1 ? one : many);
 }
 
-int Check(const CheckOptions& options) {
-    Counts counts;
-    for (const std::string& path : options.paths) CheckFile(path, counts);
+void PrintSummary(const CReport& report) {
     std::string summary;
-    AddCount(counts.errors, "error", summary);
-    AddCount(counts.warnings, "warning", summary);
-    AddCount(counts.infos, "info", summary);
+    AddCount(report.Count(MessageKind::kError), "error", "errors", summary);
+    AddCount(report.Count(MessageKind::kLoss), "loss", "losses", summary);
+    AddCount(report.Count(MessageKind::kWarning), "warning", "warnings", summary);
+    AddCount(report.Count(MessageKind::kInfo), "info", "infos", summary);
     if (!summary.empty()) std::cerr << summary << "\n";
-    const bool bad = counts.unreadable || counts.errors > 0 || (options.strict && counts.warnings > 0);
-    return bad ? kBadInput : kGood;
+}
+
+int Check(CheckArguments& arguments) {
+    PostCall options = TakeArguments(arguments.post);
+    options.job.only_check = true;
+    if (std::count(arguments.paths.begin(), arguments.paths.end(), kStandardInput) > 1) {
+        PrintError({}, "standard input can be read once only");
+        return kBadUsage;
+    }
+    CheckedFiles files;
+    std::vector<Message> messages;
+    {
+        CCollectedMessages collected;
+        files = ReadFiles(arguments.paths);
+        messages = collected.Release();
+    }
+    if (files.tunings.size() > 1 && !files.drawings.empty()) {
+        PrintError({}, "several tunings are checked without drawings only: a drawing is run with one tuning");
+        return kBadUsage;
+    }
+    CReport report(arguments.post.report);
+    TellAll(std::move(messages), &report);
+    const int status = StatusOf(CheckFiles(files, options));
+    if (arguments.post.report.format == ReportFormat::kText) PrintSummary(report);
+    report.Write();
+    return status;
 }
 
 }  // namespace
 
 void AddCheckCommand(CLI::App& app, int& status) {
-    const auto options = std::make_shared<CheckOptions>();
-    CLI::App* const command = app.add_subcommand("check", "Reports what is wrong with a tuning, with file and line");
-    command->add_option("TUNING", options->paths, "Tunings; - is standard input")->required()->type_name("FILE");
-    command->add_flag("--strict", options->strict, "Warnings count as errors in the exit status");
+    const auto arguments = std::make_shared<CheckArguments>();
+    CLI::App* const command =
+        app.add_subcommand("check", "Reports what is wrong with tunings and drawings, with file and line");
+    command
+        ->add_option("FILE", arguments->paths,
+                     "Tunings, or one tuning and the drawings that are to be run with it, as their\n"
+                     "contents say, in any order; - is standard input")
+        ->required()
+        ->type_name("...");
+    AddSharedOptions(*command, arguments->post);
     command->footer(
+        "With drawings, all is done that `post` does, but nothing is written.\n"
         "error    a line that is dropped, or a value that is read differently than it looks\n"
+        "loss     NC text that does not cut what is drawn\n"
         "warning  what has another effect than it seems to, or none; a dropped line that looks\n"
         "         like a comment, which a tuning can't have\n"
         "info     what has no effect under the options of the tuning; keys that hold their default\n"
         "         value are not reported\n"
-        "Exit status 0 without errors, 1 with errors, 2 for wrong usage.");
-    command->callback([options, &status] { status = Check(*options); });
+        "Exit status 0 without errors and losses, 1 with errors, 2 for wrong usage, 3 with losses.");
+    command->callback([arguments, &status] { status = Check(*arguments); });
 }
 
 }  // namespace brindle::host

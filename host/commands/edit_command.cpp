@@ -103,8 +103,9 @@ int Edit(const EditArguments& arguments) {
     session.Job().tuning_file = NameOf(arguments.tuning);
     if (!arguments.drawing.empty()) {
         // Which tools the drawing needs is for the user to see in the preview.
-        const std::optional<LoadedDrawing> drawing = LoadDrawing(arguments.drawing, nullptr);
+        std::optional<LoadedDrawing> drawing = LoadDrawing(arguments.drawing, nullptr);
         if (!drawing) return kBadInput;
+        TellOfDrawing(*drawing);
         session.Job().file_name = NameOf(arguments.drawing);
         session.TakeDrawing(drawing->text);
     }

@@ -7,8 +7,8 @@
 
 namespace brindle::host {
 
-bool ReadTuningFile(const std::string& path, TuningFile& file) {
-    std::optional<std::string> text = ReadInputFile(path);
+bool ReadTuningFile(const std::string& path, TuningFile& file, std::optional<std::string> text) {
+    if (!text) text = ReadInputFile(path);
     if (!text) return false;
     file.path = path;
     file.text = std::move(*text);

@@ -3,21 +3,27 @@
 #include <iostream>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "cff2/cff2_record.h"
+#include "check/mending.h"
+#include "check/tuning/checks.h"
 #include "host/commands/commands.h"
 #include "host/commands/post_arguments.h"
 #include "host/console/messages.h"
 #include "host/files/input_file.h"
+#include "host/files/output_files.h"
 #include "host/load/loaded_drawing.h"
 #include "platform/text_file.h"
+#include "tuning/type_words.h"
 
 namespace brindle::host {
 namespace {
 
 struct CheckArguments {
-    std::vector<std::string> paths;
+    std::vector<std::string> paths, paths_after;
+    std::string fix;  // empty, `write` or `dry`
     PostArguments post;
 };
 
@@ -32,14 +38,19 @@ struct CheckedFiles {
     bool all_read = true;
 };
 
-// Whether a file is a drawing: it holds a record of one, which no line of a tuning is. One with neither goes by its
-// name.
+bool IsWholeRecord(const cff2::Record& record) {
+    return !std::holds_alternative<cff2::Other>(record) && !std::holds_alternative<cff2::Short>(record);
+}
+
+// Whether a file is a drawing: it holds more records of one than lines of a tuning. One with neither goes by its name.
 bool IsDrawing(const std::string& path, std::string_view text) {
     std::vector<std::string_view> words;
+    size_t records = 0, items = 0;
     for (const std::string_view line : SplitLines(text)) {
-        const cff2::Record record = cff2::ParseLine(line, words);
-        if (!std::holds_alternative<cff2::Other>(record)) return true;
+        if (IsWholeRecord(cff2::ParseLine(line, words))) ++records;
+        if (!words.empty() && FindTypeWord(words[0]) != nullptr) ++items;
     }
+    if (records + items > 0) return records > items;
     const std::string extension = std::filesystem::path(path).extension().string();
     return extension == ".cf2" || extension == ".cff2";
 }
@@ -70,6 +81,31 @@ JobOutcome CheckDrawing(CheckedFile& file, const JobOptions& job) {
     return losses > 0 ? JobOutcome::kLossy : JobOutcome::kMade;
 }
 
+// ---- Mending ----
+
+void ShowChanges(const std::string& path, const std::vector<ChangedLine>& changed) {
+    for (const ChangedLine& line : changed) {
+        std::cout << PrintableText(path) << ":" << line.number << ":\n- " << PrintableText(line.before) << "\n";
+        if (!line.is_removed) std::cout << "+ " << PrintableText(line.after) << "\n";
+    }
+}
+
+// Mends what is safe, unless it is `dry`, and shows it. False, with a message printed, if the file can't be replaced.
+bool MendTuning(CheckedFile& tuning, const CheckArguments& arguments, const JobOptions& job) {
+    TuningFile file;
+    if (!ReadTuningFile(tuning.path, file, std::exchange(tuning.text, {}))) return false;
+    CDiagnostics diagnostics(file.path, file.lines);
+    diagnostics.Allow(job.allowed);
+    CheckAll(CPlacedTuning(file.lines), diagnostics);
+    const std::vector<ChangedLine> changed = MendedLines(file.lines, diagnostics);
+    if (arguments.post.report.format == ReportFormat::kText) ShowChanges(tuning.path, changed);
+    tuning.text = file.text;
+    if (changed.empty() || arguments.fix == "dry") return true;
+    tuning.text = MendedText(file.text, changed);
+    COutputFiles files;
+    return files.Add(tuning.path, *tuning.text) && files.Commit();
+}
+
 // The jobs of the drawings, as `post` would do them with no word of where to.
 OutputPlan PlanOf(std::vector<CheckedFile>& drawings) {
     OutputRequest request;
@@ -79,7 +115,7 @@ OutputPlan PlanOf(std::vector<CheckedFile>& drawings) {
     return plan;
 }
 
-JobOutcome CheckFiles(CheckedFiles& files, const PostCall& options) {
+JobOutcome CheckFiles(CheckedFiles& files, const CheckArguments& arguments, const PostCall& options) {
     JobOutcome worst = files.all_read ? JobOutcome::kMade : JobOutcome::kNotMade;
     OutputPlan plan;
     if (files.tunings.empty()) {
@@ -88,6 +124,10 @@ JobOutcome CheckFiles(CheckedFiles& files, const PostCall& options) {
         plan = PlanOf(files.drawings);
     }
     for (CheckedFile& tuning : files.tunings) {
+        if (!arguments.fix.empty() && !MendTuning(tuning, arguments, options.job)) {
+            worst = JobOutcome::kNotMade;
+            continue;
+        }
         PostCall call = options;
         call.tuning = tuning.path;
         call.tuning_text = std::move(tuning.text);
@@ -112,10 +152,16 @@ void PrintSummary(const CReport& report) {
 }
 
 int Check(CheckArguments& arguments) {
+    arguments.paths.insert(arguments.paths.end(), arguments.paths_after.begin(), arguments.paths_after.end());
     PostCall options = TakeArguments(arguments.post);
     options.job.only_check = true;
     if (std::count(arguments.paths.begin(), arguments.paths.end(), kStandardInput) > 1) {
         PrintError({}, "standard input can be read once only");
+        return kBadUsage;
+    }
+    const auto is_stream = [](const std::string& path) { return IsStream(path); };
+    if (arguments.fix == "write" && std::any_of(arguments.paths.begin(), arguments.paths.end(), is_stream)) {
+        PrintError({}, "--fix writes files: what comes from standard input or a device can't be mended");
         return kBadUsage;
     }
     CheckedFiles files;
@@ -131,7 +177,7 @@ int Check(CheckArguments& arguments) {
     }
     CReport report(arguments.post.report);
     TellAll(std::move(messages), &report);
-    const int status = StatusOf(CheckFiles(files, options));
+    const int status = StatusOf(CheckFiles(files, arguments, options));
     if (arguments.post.report.format == ReportFormat::kText) PrintSummary(report);
     report.Write();
     return status;
@@ -143,12 +189,18 @@ void AddCheckCommand(CLI::App& app, int& status) {
     const auto arguments = std::make_shared<CheckArguments>();
     CLI::App* const command =
         app.add_subcommand("check", "Reports what is wrong with tunings and drawings, with file and line");
+    command->add_option("TUNING", arguments->paths, "Tunings; - is standard input")->required()->type_name("FILE");
+    // All files come to the first: their contents say which is what.
     command
-        ->add_option("FILE", arguments->paths,
-                     "Tunings, or one tuning and the drawings that are to be run with it, as their\n"
-                     "contents say, in any order; - is standard input")
-        ->required()
-        ->type_name("...");
+        ->add_option("DRAWING", arguments->paths_after,
+                     "Drawings to run with the one tuning; files may come in any order")
+        ->type_name("FILE");
+    command
+        ->add_flag("--fix{write}", arguments->fix,
+                   "Mend what is safe in the tunings, show it, and say what remains: letter case\n"
+                   "of keys, the one key a letter off, doubled lines, values that are written\n"
+                   "otherwise than they are read; --fix=dry only shows it")
+        ->check(CLI::IsMember({"write", "dry"}));
     AddSharedOptions(*command, arguments->post);
     command->footer(
         "With drawings, all is done that `post` does, but nothing is written.\n"

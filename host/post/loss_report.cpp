@@ -2,12 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
-#include <unordered_map>
 #include <utility>
 
 #include "cff2/cff2_reader.h"
 #include "host/console/messages.h"
-#include "host/post/run_report.h"
 #include "platform/text_file.h"
 #include "text/numbers.h"
 
@@ -31,17 +29,14 @@ constexpr SameCause kSameCauses[] = {
     {Rule::kUnknownTool, Cause::kToolOutOfRange, false},
     {Rule::kUnknownTool, Cause::kNoTool, false},
     {Rule::kRadiusAsDirection, Cause::kRadiusAsDirection, false},
+    {Rule::kRadiusInInches, Cause::kRadiusInInches, false},
     {Rule::kUnknownProgram, Cause::kUnknownProgram, true},
 };
 
 class CLossReport {
 public:
-    CLossReport(const JobResult& result, LoadedDrawing& drawing, CTuningFindings& tuning)
-        : drawing_(drawing),
-          tuning_(tuning),
-          lines_(LinesOfRecords(drawing.text)),
-          text_(SplitLines(drawing.text)),
-          templates_(result) {}
+    CLossReport(LoadedDrawing& drawing, CTuningFindings& tuning)
+        : drawing_(drawing), tuning_(tuning), lines_(LinesOfRecords(drawing.text)), text_(SplitLines(drawing.text)) {}
 
     Diagnostic DiagnosticOf(const Loss& loss) {
         const LossPlace& place = loss.first.front();
@@ -104,8 +99,10 @@ private:
     }
 
     void AddTuning(const Loss& loss, Diagnostic& diagnostic) {
-        for (const std::string& key : templates_.ThatLack(loss.rule == Rule::kUnresolvedValue ? loss.detail : "")) {
-            diagnostic.related.push_back(tuning_.PlaceInTemplate(key, loss.detail));
+        if (!loss.template_key.empty()) {
+            diagnostic.related.push_back(tuning_.PlaceInTemplate(loss));
+            // Of other losses it is the place to look at, but not what is wrong.
+            diagnostic.related.back().is_told = loss.rule != Rule::kUnresolvedValue;
         }
         const size_t line = diagnostic.place.line;
         const std::string_view record = line == 0 ? std::string_view() : text_[line - 1].substr(0, 1);
@@ -122,7 +119,6 @@ private:
     CTuningFindings& tuning_;
     std::vector<std::vector<size_t>> lines_;  // of records, by program
     std::vector<std::string_view> text_;      // by line
-    CUnresolvedTemplates templates_;
 };
 
 void TellOfSums(const JobSums& sums, const std::string& path) {
@@ -133,11 +129,11 @@ void TellOfSums(const JobSums& sums, const std::string& path) {
 
 }  // namespace
 
-FindingCounts ReportLosses(const CLosses& losses, const JobResult& result, const std::vector<Rule>& allowed,
-                           LoadedDrawing& drawing, CTuningFindings& tuning) {
+FindingCounts ReportLosses(const CLosses& losses, const std::vector<Rule>& allowed, LoadedDrawing& drawing,
+                           CTuningFindings& tuning) {
     CDiagnostics diagnostics(drawing.path);
     diagnostics.Allow(allowed);
-    CLossReport report(result, drawing, tuning);
+    CLossReport report(drawing, tuning);
     for (const Loss& loss : losses.all()) {
         if (diagnostics.IsAllowed(loss.rule)) continue;
         Diagnostic diagnostic = report.DiagnosticOf(loss);

@@ -7,7 +7,6 @@
 
 #include "host/load/loaded_drawing.h"
 #include "host/post/tuning_findings.h"
-#include "session/session.h"
 #include "verify/losses.h"
 
 namespace brindle::host {
@@ -18,8 +17,8 @@ struct FindingCounts {
 
 // Tells what is wrong with `drawing`, what its job loses, but for findings of the rules `allowed`, and what has been
 // drawn, cut and lost in all. What the drawing and the tuning say of the cause of a loss becomes part of it, so that
-// each cause is told once; `result` has the places of templates. Gives how many findings there are.
-FindingCounts ReportLosses(const CLosses& losses, const JobResult& result, const std::vector<Rule>& allowed,
-                           LoadedDrawing& drawing, CTuningFindings& tuning);
+// each cause is told once. Gives how many findings there are.
+FindingCounts ReportLosses(const CLosses& losses, const std::vector<Rule>& allowed, LoadedDrawing& drawing,
+                           CTuningFindings& tuning);
 
 }  // namespace brindle::host

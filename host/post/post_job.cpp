@@ -58,7 +58,7 @@ public:
             return RunJob(session_, &comparison);
         }();
         const size_t name_warnings = CheckJobNames();
-        const FindingCounts counts = ReportLosses(comparison.losses(), result, options_.allowed, *drawing, findings_);
+        const FindingCounts counts = ReportLosses(comparison.losses(), options_.allowed, *drawing, findings_);
         const size_t run_warnings =
             PrintRunMessages(result, planned_.drawing, options_.verbose, comparison.losses(), options_.allowed);
         if (options_.strict &&

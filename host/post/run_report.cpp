@@ -101,26 +101,6 @@ size_t PrintRunMessages(const JobResult& result, const std::string& drawing, boo
     return told;
 }
 
-CUnresolvedTemplates::CUnresolvedTemplates(const JobResult& result) {
-    std::string_view header;
-    for (size_t i = 0; i < result.trace.GetCount(); ++i) {
-        const CNCDebugInfo record = result.trace.Get(i);
-        if (record.kind == TraceKind::kTemplate) header = record.text;
-        if (record.kind != TraceKind::kMessage || !record.text.starts_with(kUnresolved) || header.size() < 2) continue;
-        std::vector<std::string>& keys = keys_[std::string(record.text.substr(kUnresolved.size()))];
-        const std::string_view key = header.substr(1, header.size() - 2);  // without the brackets
-        if (keys.size() < CLosses::kMostPlaces && std::find(keys.begin(), keys.end(), key) == keys.end()) {
-            keys.emplace_back(key);
-        }
-    }
-}
-
-const std::vector<std::string>& CUnresolvedTemplates::ThatLack(std::string_view word) const {
-    static const std::vector<std::string> kNone;
-    const auto found = keys_.find(word);
-    return found == keys_.end() ? kNone : found->second;
-}
-
 std::string TraceText(const CNCDebugMgr& trace) {
     std::string text;
     for (size_t i = 0; i < trace.GetCount(); ++i) {

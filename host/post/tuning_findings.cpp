@@ -91,14 +91,17 @@ std::vector<RelatedPlace> CTuningFindings::CausesOf(const Loss& loss, std::strin
     return causes;
 }
 
-RelatedPlace CTuningFindings::PlaceInTemplate(std::string_view key, std::string_view word) const {
-    RelatedPlace place{file_.path, {}, {}, std::string(key).append(" is the template")};
-    const PlacedItem* const item = tuning_.Find(key);
+RelatedPlace CTuningFindings::PlaceInTemplate(const Loss& loss) const {
+    RelatedPlace place{file_.path, {}, {}, loss.template_key + " is the template"};
+    const PlacedItem* const item = tuning_.Find(loss.template_key);
     if (item == nullptr) return place;
-    const std::string_view line = item->line->text;
-    const size_t at = line.find(word);
-    place.line = line;
-    place.place = at == std::string_view::npos ? item->KeyPlace() : item->line->PlaceOf(line.substr(at, word.size()));
+    place.line = item->line->text;
+    place.place = item->KeyPlace();
+    const size_t index = 2 * loss.template_line + 3;  // after the type, the key, and an N word before each text
+    if (index >= item->line->words.size()) return place;
+    const std::string_view text = item->line->words[index];
+    const size_t at = loss.detail.empty() ? std::string_view::npos : text.find(loss.detail);
+    place.place = item->line->PlaceOf(at == std::string_view::npos ? text : text.substr(at, loss.detail.size()));
     return place;
 }
 
@@ -121,7 +124,9 @@ bool CTuningFindings::IsCause(const Diagnostic& diagnostic, const Loss& loss, st
     };
     if (std::none_of(std::begin(kRulesOfCauses), std::end(kRulesOfCauses), of_both)) return false;
     if (diagnostic.tool != 0 && diagnostic.tool != loss.tool) return false;
-    return diagnostic.rule != Rule::kMissingTemplate || diagnostic.subject == MissingTemplate(loss.cause, record);
+    if (diagnostic.rule != Rule::kMissingTemplate) return true;
+    const bool is_named = loss.cause == Cause::kNoTemplate && !loss.template_key.empty();
+    return diagnostic.subject == (is_named ? loss.template_key : MissingTemplate(loss.cause, record));
 }
 
 }  // namespace brindle::host

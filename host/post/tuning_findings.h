@@ -32,8 +32,8 @@ public:
     // The findings that are the cause of `loss`, of which some record begins with `record`; they are told with it. May
     // be called by several threads.
     std::vector<RelatedPlace> CausesOf(const Loss& loss, std::string_view record);
-    // Where the template has `word`, or its key if the word is in an option that it reads.
-    RelatedPlace PlaceInTemplate(std::string_view key, std::string_view word) const;
+    // Where the loss's template has the word of the loss, or the line that wrote it, or else its key.
+    RelatedPlace PlaceInTemplate(const Loss& loss) const;
 
 private:
     struct Waiting {

@@ -8,8 +8,7 @@ namespace {
 
 // From the last word to the first, so that the places of the others stay.
 ChangedLine Apply(std::string_view line, size_t number, std::vector<Edit>& edits) {
-    std::sort(edits.begin(), edits.end(),
-              [](const Edit& a, const Edit& b) { return a.place.column > b.place.column; });
+    std::sort(edits.begin(), edits.end(), [](const Edit& a, const Edit& b) { return a.place.column > b.place.column; });
     ChangedLine changed{number, line, std::string(line)};
     for (const Edit& edit : edits) {
         changed.is_removed |= edit.place.column == 0;

@@ -85,8 +85,8 @@ private:
         diagnostics_.Add(rule, line.PlaceOf(word), std::move(message), std::move(way_out));
     }
     // One whose word can be put right: `right` takes its place; empty if it can't.
-    void AddMendable(Rule rule, const PlacedLine& line, std::string_view word, std::string message,
-                     std::string way_out, const std::string& right) {
+    void AddMendable(Rule rule, const PlacedLine& line, std::string_view word, std::string message, std::string way_out,
+                     const std::string& right) {
         Diagnostic diagnostic{
             .rule = rule, .place = line.PlaceOf(word), .message = std::move(message), .way_out = std::move(way_out)};
         if (!right.empty()) diagnostic.mend = Edit{diagnostic.place, right};
@@ -251,7 +251,7 @@ private:
     CDiagnostics& diagnostics_;
     std::unordered_map<std::string_view, size_t> first_line_;
     std::unordered_map<std::string_view, bool> doubled_;  // by key: all of its lines say the same
-    std::set<std::string> mended_;                         // keys that mends have made
+    std::set<std::string> mended_;                        // keys that mends have made
     int suggestions_ = 0;
 };
 

@@ -186,7 +186,7 @@ TEST(HostMessages, DiagnosticsShowTheWord) {
     const std::string stars(400, '*');
     const std::vector<Case> cases = {
         {6, 4, "BOOL bUse true", "6", "    BOOL bUse true\n         ^^^^\n"},
-        {8, 2, "\xC3\xA4\tb\xFF\x1B \xC3\xB6X", "6", "    \xC3\xA4 b\xC3\xBF? \xC3\xB6X\n          ^\n"},
+        {8, 2, "\xC3\xA4\tb\xFF\x1B \xC3\xB6X", "7", "    \xC3\xA4 b\xC3\xBF? \xC3\xB6X\n          ^\n"},
         {99, 1, "short", "6", "    short\n         ^\n"},
         {101, 3, stars, "101", "    ..." + stars.substr(0, 120) + "...\n" + std::string(67, ' ') + "^^^\n"},
         {0, 1, "whole line", "1", ""},

@@ -10,6 +10,8 @@
         for message in host.messages():
             print(message)
     brindle.write_nc("card.nc", nc.segments)
+    for finding in brindle.check("laser.tun", "card.cf2"):
+        print(finding["line"], finding["message"])
 
 Units are those of the library, whatever the NC text is in: coordinates and lengths are millimetres, angles are radians,
 counter-clockwise. A tool is its number in the tuning, from 1.
@@ -23,12 +25,16 @@ beside this file, and where the system looks for libraries.
 import collections
 import ctypes
 import dataclasses
+import errno
+import json
 import math
 import os
 import re
+import subprocess
 import tempfile
 
-__all__ = ["BrindleError", "LibraryMissing", "HostInUse", "InputError", "RunError", "Host", "NcText", "write_nc"]
+__all__ = ["BrindleError", "LibraryMissing", "HostInUse", "InputError", "RunError", "Host", "NcText",
+           "check", "write_nc"]
 
 _LIBRARY_NAME = "libBrindleDrv.so"
 _SONAME = "libBrindleDrv.so.1"
@@ -218,6 +224,24 @@ def _name(path):
 _DEFINITION_WORDS = {"UPD", "ROW", "COL", "MSG", "DATASETDEF", "DSD"}
 
 
+_TYPE_WORDS = {"BOOL", "INT", "REAL", "TEXT", "MULTI", "T_EXPR", "R_EXPR"}
+
+
+def _dropped_lines(lines, path):
+    """Messages for the lines of a tuning that the library drops."""
+    messages = []
+    for number, line in enumerate(lines, 1):
+        words = _words(line)
+        if not words or (words[0] == "MULTI" and len(words) == 2):
+            continue
+        needed = 2 if words[0] in _DEFINITION_WORDS else 3
+        if words[0] not in _TYPE_WORDS | _DEFINITION_WORDS:
+            messages.append(f"{path}:{number}: unknown type word {words[0]!r}: the line is dropped")
+        elif len(words) < needed:
+            messages.append(f"{path}:{number}: the line has too few words and is dropped")
+    return messages
+
+
 class _Records:
     """What a run can leave out in silence: lines and arcs by tool, and calls by the program called."""
 
@@ -315,6 +339,7 @@ class Host:
             raise HostInUse("the library has one session in a process: close the other Host first")
         self._library = _open_library(library)
         self._item_lines = []
+        self._dropped_lines = []
         self._open_expressions = {}
         self._dataset = ""
         self._records = _Records()
@@ -344,7 +369,7 @@ class Host:
     def read_tuning(self, text, expressions=(), path="tuning"):
         """Takes a tuning, one item a line, in place of the tuning and its run-time data; geometry stays.
 
-        Lines that can't be understood are dropped in silence: `brindle check` reports them. `expressions` maps
+        Lines that can't be understood are dropped; messages() has them, and check() says more. `expressions` maps
         expressions of the tuning's run-time data to their values, texts or numbers. `path` is for messages, and its
         last part for NC text.
         """
@@ -363,6 +388,7 @@ class Host:
             self._call("GBrn_ReadTuneLine", line)
         self._call("GBrn_SetTuningFileName", _name(path))
         self._item_lines = [line for line in lines if not _DEFINITION_WORDS.intersection(_words(line)[:1])]
+        self._dropped_lines = _dropped_lines(lines, path)
         # Without a value an expression counts as itself, which is right for a number.
         self._open_expressions = _open_expressions(lines, lambda text: text in values or _is_number(text))
 
@@ -444,12 +470,13 @@ class Host:
         self._records.start_sub(name)
 
     def add_line(self, tool, start, end, *, line_type=None, width=0.0, bridge_width=0.0, bridges=0):
-        """Adds a line from `start` to `end`, mm.
+        """Adds a line from `start` to `end`, mm. A program must have been started, as for all records.
 
         line_type: by default the number of the tool
         width: of the cut, mm
         bridge_width, bridges: width of a bridge, mm, and how many there are
         """
+        self._need_program()
         self._call("GBrn_AddLine", tool, _type(line_type, tool), width, *_point(start), *_point(end), bridge_width,
                    bridges)
         self._records.add_cut(tool)
@@ -457,6 +484,7 @@ class Host:
     def add_arc(self, tool, start, end, center, *, clockwise=False, line_type=None, width=0.0, bridge_width=0.0,
                 bridges=0):
         """Adds an arc around `center`, mm; one that ends where it starts is a full circle."""
+        self._need_program()
         start, center = ([_argument("d", value) for value in _point(point)] for point in (start, center))
         radius = math.dist(start, center)
         self._call("GBrn_AddArc", tool, _type(line_type, tool), width, *start, *_point(end), *center,
@@ -468,6 +496,7 @@ class Host:
 
         While a sub-program is current it is dropped.
         """
+        self._need_program()
         self._call("GBrn_AddText", tool, _type(line_type, tool), *_point(start), *_point(end), 0.0, rotation, 0.0, 0.0,
                    height, text)
 
@@ -476,8 +505,13 @@ class Host:
 
         mirror_x negates x, mirror_y negates y. A call of a program that is not there gives no output.
         """
+        self._need_program()
         self._call("GBrn_AddInclude", name, *_point(at), *_point(center), rotation, mirror_x, mirror_y)
         self._records.add_call(name)
+
+    def _need_program(self):
+        if not self._records.programs:
+            raise BrindleError("a record before start_main() belongs to no program")
 
     def open_drawing(self, path):
         """Reads a CFF2 drawing in place of all programs; a record of it may set the host's units."""
@@ -509,9 +543,10 @@ class Host:
     def messages(self):
         """The messages of a run over tuning and geometry as they are, in order.
 
-        First what a run leaves out in silence: lines and arcs of a tool that the tuning lacks, calls of a program that
-        is not there, the values of expressions that a template needs. Then what the library reports, such as
-        `Could not evaluate: @Foo`. Lines of a tuning, definition or drawing that can't be understood are not reported.
+        First what a run leaves out in silence: lines of the tuning that it drops, lines and arcs of a tool that the
+        tuning lacks, calls of a program that is not there, the values of expressions that a template needs. Then what
+        the library reports, such as `Could not evaluate: @Foo`. Lines of a definition or drawing that can't be
+        understood are not reported.
 
         The library reports messages in NC text only. So this is a run of its own, with a tuning that writes them there,
         and takes about as long as run().
@@ -547,7 +582,7 @@ class Host:
     def _silent_messages(self):
         items = [line for line in self.tuning().split("\n") if line.split(" ", 1)[0] not in _DEFINITION_WORDS]
         values = dict(line.rstrip().rsplit(maxsplit=1) for line in items if re.match("(INT|BOOL) ", line))
-        messages = []
+        messages = list(self._dropped_lines)
         if values.get("BOOL bDefaultTool") != "true":
             last = int(values.get("INT  nNumOfTools", 0))
             messages += [f"tool {tool} is not in the tuning: {_counted(count, 'record')} ignored"
@@ -606,6 +641,29 @@ def _type(line_type, tool):
     return tool if line_type is None else line_type
 
 
+# ---- Findings ----
+
+
+def check(tuning, drawing=None, command=None):
+    """What is wrong with a tuning, and what a run of it over a drawing would lose: a list of dictionaries.
+
+    Each has `file`, `line`, `column`, `end_column` (characters from 1, the end is the one after the last), `severity`
+    ("error", "loss", "warning" or "info"), `rule`, `message`, `help` and `related`, a list of places with `message`;
+    what there is not is None. This is `brindle check --format json`: the command is the one given, that of the
+    environment variable BRINDLE_COMMAND, or the `brindle` on the path.
+    """
+    command = command or os.environ.get("BRINDLE_COMMAND") or "brindle"
+    files = [os.fspath(path) for path in (tuning, drawing) if path is not None]
+    try:
+        run = subprocess.run([os.fspath(command), "check", "--format", "json", "--", *files], capture_output=True,
+                             check=False)
+        return json.loads(run.stdout)
+    except OSError as error:
+        raise BrindleError(f"the command {command} can't be run: {error.strerror}") from error
+    except ValueError as error:
+        raise BrindleError(_decoded(run.stderr).strip() or f"{command} gave no findings") from error
+
+
 # ---- NC files ----
 
 
@@ -616,10 +674,14 @@ def write_nc(path, segments, encoding="utf-8"):
     replaced. A character that `encoding` lacks raises UnicodeEncodeError, what can't be written OSError.
     """
     stem, extension = os.path.splitext(os.fspath(path))
+    folder_given = os.path.dirname(stem)
+    if folder_given and not os.path.isdir(folder_given):
+        code = errno.ENOTDIR if os.path.exists(folder_given) else errno.ENOENT
+        raise OSError(code, os.strerror(code), folder_given)
     paths = [f"{stem}-{number}{extension}" for number in range(1, len(segments) + 1)]
     if len(segments) == 1:
         paths = [os.fspath(path)]
-    with tempfile.TemporaryDirectory(prefix=".brindle-", dir=os.path.dirname(stem) or ".") as folder:
+    with tempfile.TemporaryDirectory(prefix=".brindle-", dir=folder_given or ".") as folder:
         parts = [os.path.join(folder, str(number)) for number in range(len(segments))]
         for part, segment in zip(parts, segments):
             with open(part, "wb") as file:

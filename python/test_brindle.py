@@ -234,7 +234,8 @@ class Jobs(Case):
                                         "C,C,0,0,0,0,0\nT,1,1,0,0,0,0,1,0\nL,1,4,0,0,0,1,1,0,0\nSUB,C\n"
                                         "A,1,3,0,0,0,1,1,1,0,1,0,0\nL,1,2,0,0,0,1,1,0,0\nC,B,0,0,0,0,0\n")
         host = self.host_with(PLAIN + definition)
-        host.add_line(3, (0, 0), (1, 1))  # before all programs
+        with self.assertRaisesRegex(brindle.BrindleError, "before start_main"):
+            host.add_line(3, (0, 0), (1, 1))
         self.assertEqual(host.messages(), ["expression 'B' of RTD(1) has no value"])
         expected = ["tool -1 is not in the tuning: 1 record ignored", "tool 3 is not in the tuning: 2 records ignored",
                     "program 'B' is not there: 2 calls ignored"]
@@ -253,6 +254,37 @@ class Jobs(Case):
         host.start_main("A")
         host.add_line(3, (0, 0), (1, 1))
         self.assertEqual(host.run(strict=True).text.count("G1"), 1)
+
+
+class Findings(Case):
+    def test_dropped_lines_are_strict(self):
+        host = self.host_with(PLAIN + "BOOL bUseSpace\nBOL bUseSpace true\n\nMULTI Fly_PreCheck_tTmpl\n")
+        host.start_main("A")
+        number = PLAIN.count("\n") + 1
+        expected = [f"tuning:{number}: the line has too few words and is dropped",
+                    f"tuning:{number + 1}: unknown type word 'BOL': the line is dropped"]
+        self.assertEqual(host.messages(), expected)
+        with self.assertRaisesRegex(brindle.RunError, "unknown type word 'BOL'"):
+            host.run(strict=True)
+        host.read_tuning(PLAIN)
+        host.run(strict=True)
+
+    def test_check(self):
+        tuning = self.file("a.tun", PLAIN + "BOOL bUseSpac true\n")
+        drawing = self.file("a.cf2", "UR,9,9\nL,1,9,0,0,0,1,1,0,0\n")
+        rules = {(finding["rule"], finding["line"], finding["severity"])
+                 for finding in brindle.check(tuning, drawing, COMMAND)}
+        self.assertLessEqual({("unknown-key", PLAIN.count("\n") + 1, "warning"), ("unknown-tool", 2, "warning")}, rules)
+        self.assertNotIn("unknown-tool", {finding["rule"] for finding in brindle.check(tuning, command=COMMAND)})
+        missing = brindle.check(self.folder / "none.tun", command=COMMAND)
+        self.assertEqual([(finding["severity"], finding["rule"]) for finding in missing], [("error", None)])
+        with self.assertRaisesRegex(brindle.BrindleError, "can't be run"):
+            brindle.check(tuning, command=self.folder / "nonesuch")
+
+    def test_a_missing_folder_is_named_as_given(self):
+        with self.assertRaises(OSError) as raised:
+            brindle.write_nc(self.folder / "none" / "box.nc", ["A"])
+        self.assertEqual(raised.exception.filename, str(self.folder / "none"))
 
 
 class BadInput(Case):

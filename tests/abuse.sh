@@ -12,11 +12,13 @@ cat >job.tun <<'END'
 TEXT sAx1Addr X
 TEXT sAx2Addr Y
 INT  nNumOfTools 1
+BOOL bUseSubs false
 MULTI FileStart_tTmpl NNUL %<@CADFile>
 MULTI T1_ToolOn_tTmpl NNUL M3
 MULTI T1_ToolOff_tTmpl NNUL M5
 MULTI Move_tTmpl NNUL G0<@StartPtWords>
 MULTI Line_tTmpl NNUL G1<@EndPtWords>F900(a!#SP#!long!#SP#!remark!#SP#!so!#SP#!that!#SP#!there!#SP#!is!#SP#!more!#SP#!to!#SP#!write!#SP#!than!#SP#!to!#SP#!work!#SP#!out)
+MULTI Arc_tTmpl NNUL G2<@EndPtWords>
 MULTI FileEnd_tTmpl NNUL M30
 END
 printf 'MAIN,SMALL\nUR,100,50\nL,0.5,1,0,0,0,25.4,0,0,0\nEND\n' >small.cf2
@@ -98,7 +100,7 @@ if mount -t tmpfs -o size=1m none full 2>/dev/null; then
     cp full/out.nc small.nc
     "$brindle" post -t job.tun -o full/out.nc new.cf2 2>err
     [ $? -eq 1 ] || fail 'exit status on a full disk'
-    [ "$(cat err)" = "brindle: full/out.nc: can't be written: No space left on device" ] || fail "full disk: $(cat err)"
+    [ "$(cat err)" = "full/out.nc: error: can't be written: No space left on device" ] || fail "full disk: $(cat err)"
     cmp -s full/out.nc small.nc || fail 'the file from before is gone'
     [ "$(ls -A full)" = out.nc ] || fail "left on the full disk: $(ls -A full)"
 else
@@ -108,7 +110,7 @@ fi
 # Status 1 and a message when standard output takes nothing.
 takes_nothing() {
     [ "$1" -eq 1 ] || fail "exit status $1 $2"
-    [[ $(<err) = "brindle: standard output: can't be written: "* ]] || fail "$2: $(<err)"
+    [[ $(<err) = "standard output: error: can't be written: "* ]] || fail "$2: $(<err)"
 }
 while read -r arguments; do
     # shellcheck disable=SC2086

@@ -21,10 +21,10 @@ expect 'dump of one template' 0 $'template T2_ToolOn_tTmpl\n  line 1\n    text  
     dump data/dump.tun --template T2_ToolOn_tTmpl
 expect 'dump of one template, by its event' 0 "$("$BRINDLE" dump data/dump.tun --template Line_tTmpl)" \
     dump data/dump.tun --template Line_
-expect 'dump of a template that is not there' 1 "brindle: data/dump.tun: no template 'Arc_tTmpl'" \
+expect 'dump of a template that is not there' 1 "data/dump.tun: error: no template 'Arc_tTmpl'" \
     dump data/dump.tun --template Arc_tTmpl
-expect 'dump of no tuning' 1 'brindle: bad/bytes.tun:7: the line holds a NUL byte: this is no tuning' dump bad/bytes.tun
-expect 'dump of a missing file' 1 'brindle: data/missing.tun: no such file' dump data/missing.tun
+expect 'dump of no tuning' 1 'bad/bytes.tun:7:1: error: the line holds a NUL byte: this is no tuning' dump bad/bytes.tun
+expect 'dump of a missing file' 1 'data/missing.tun: error: no such file' dump data/missing.tun
 
 expect 'one key' 0 "T3_nPhysicalTool
   meaning  Number of the master tool if bToolSubordinate is true; without this key or at 0 it is the tool itself.
@@ -82,13 +82,13 @@ while read -r name; do
     "$BRINDLE" rules "$name" >/dev/null || fail "$name has no entry"
 done < <("$BRINDLE" rules | grep -o '^    [^ ]*')
 
-expect 'check of several files' 1 'brindle: bad/missing.tun: no such file
-brindle: bad/strict.tun:5: warning: unknown key '"'sNwordAddr'"' (did you mean sNWordAddr?)
+expect 'check of several files' 1 'bad/missing.tun: error: no such file
+bad/strict.tun:5:6: warning: unknown key '"'sNwordAddr'"' (did you mean sNWordAddr?) [unknown-key]
     TEXT sNwordAddr N
          ^^^^^^^^^^
-1 warning' check bad/plain.tun bad/missing.tun bad/strict.tun
+1 error, 1 warning' check bad/plain.tun bad/missing.tun bad/strict.tun
 [ "$("$BRINDLE" check - <bad/strict.tun 2>&1 | head -n 1)" = \
-    "brindle: standard input:5: warning: unknown key 'sNwordAddr' (did you mean sNWordAddr?)" ] ||
+    "standard input:5:6: warning: unknown key 'sNwordAddr' (did you mean sNWordAddr?) [unknown-key]" ] ||
     fail 'check does not read standard input'
 
 finish

@@ -145,7 +145,7 @@ post -o a|a.cf2 a.nc a.tun
 post --encoding .|latin1 utf8
 post --encoding = u|utf8
 post --date .|
-check .|a.tun b c.tun nc
+check .|a.cf2 a.tun b c.tun nc
 check --st|--strict
 dump --t|--template --tuning
 dump -t .|a.tun b c.tun nc

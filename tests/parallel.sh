@@ -78,8 +78,8 @@ for count in 0 2 3 100; do
     rm -r nc
 done
 [ "$(ls in_turn | wc -l)" -gt 40 ] || fail 'no segments'
-[ "$(grep -c 'tool .* is not in the tuning' messages)" -eq 12 ] || fail "$(cat messages)"
-grep -q 'none.cf2: no such file' messages || fail "$(cat messages)"
+[ "$(grep -c 'the tuning has no such tool' messages)" -eq 12 ] || fail "$(cat messages)"
+grep -q 'none.cf2: error: no such file' messages || fail "$(cat messages)"
 tuning="$SOURCE_DIR/examples/laser_mm/laser_mm.tun"
 
 begin 'all good, from standard input too'

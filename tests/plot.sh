@@ -140,26 +140,26 @@ begin 'bad input'
 printf 'Dear Sir,\n' >letter.cf2
 printf 'BOOL bUseSubs true\nTEXT s\0x y\n' >nul.tun
 run 1 plot plain.tun letter.cf2
-says 'brindle: letter.cf2: holds no record of a CFF2 drawing'
+says 'letter.cf2:1:1: error: holds no record of a CFF2 drawing [no-drawing]'
 run 1 plot plain.tun none.cf2
-says 'brindle: none.cf2: no such file'
+says 'none.cf2: error: no such file'
 run 1 plot none.tun box.cf2
-says 'brindle: none.tun: no such file'
+says 'none.tun: error: no such file'
 run 1 plot nul.tun box.cf2
-says 'brindle: nul.tun:2: the line holds a NUL byte: this is no tuning'
+says 'nul.tun:2:1: error: the line holds a NUL byte: this is no tuning'
 printf '\0\n' >>letter.cf2
 run 1 plot plain.tun letter.cf2
-says 'brindle: letter.cf2:2: the line holds a NUL byte: this is no CFF2 drawing'
+says 'letter.cf2:2:1: error: the line holds a NUL byte: this is no CFF2 drawing [nul-byte]'
 leaves letter.cf2 nul.tun
 
 begin 'warnings'
 printf 'L,0.5\nL,0.5,9,0,0,0,1,1,0,0\n' >>box.cf2
 run 0 plot plain.tun box.cf2
-says 'brindle: box.cf2:7: warning: L record with 2 of 10 words: dropped' \
-    'brindle: box.cf2:8: warning: tool 9 is not in the tuning: 1 record ignored'
+says 'box.cf2:7:1: warning: L record with 2 of 10 words: dropped [short-record]' \
+    'box.cf2:8:1: warning: tool 9 is not in the tuning: 1 record ignored [unknown-tool]'
 printf 'UR,1,1\n' >box.cf2
 run 0 plot plain.tun box.cf2
-says 'brindle: box.cf2: warning: the tool goes nowhere'
+says 'box.cf2: warning: the tool goes nowhere'
 leaves box.svg
 
 begin 'output that cannot be written'
@@ -173,7 +173,7 @@ begin 'wrong usage'
 while read -r arguments; do
     # shellcheck disable=SC2086
     run 2 $arguments
-    grep -q '^brindle: ' "$folder.err" || fail "$arguments: $(cat "$folder.err")"
+    grep -q '^[^ ]*: ' "$folder.err" || fail "$arguments: $(cat "$folder.err")"
 done <<'END'
 plot
 plot plain.tun

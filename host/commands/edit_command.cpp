@@ -107,8 +107,9 @@ int Edit(EditArguments& arguments) {
     session.Job().tuning_file = NameOf(arguments.input.tuning);
     if (!arguments.input.drawing.empty()) {
         // Which tools the drawing needs is for the user to see in the preview.
-        const std::optional<LoadedDrawing> drawing = LoadDrawing(arguments.input.drawing, nullptr);
+        std::optional<LoadedDrawing> drawing = LoadDrawing(arguments.input.drawing, nullptr);
         if (!drawing) return kBadInput;
+        TellOfDrawing(*drawing);
         session.Job().file_name = NameOf(arguments.input.drawing);
         session.TakeDrawing(drawing->text);
     }

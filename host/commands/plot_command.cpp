@@ -93,8 +93,9 @@ PictureStyle StyleOf(const PlotArguments& arguments) {
 bool RunForScene(const PlotArguments& arguments, PathScene& scene) {
     LoadedTuning tuning;
     if (!LoadTuning(arguments.input.tuning, {}, tuning) || !ReportOnTuning(tuning)) return false;
-    const std::optional<LoadedDrawing> drawing = LoadDrawing(arguments.input.drawing, &tuning.options);
+    std::optional<LoadedDrawing> drawing = LoadDrawing(arguments.input.drawing, &tuning.options);
     if (!drawing) return false;
+    TellOfDrawing(*drawing);
     CSession session;
     SetTuning(session, tuning);
     session.TakeDrawing(drawing->text);

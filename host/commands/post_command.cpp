@@ -3,38 +3,26 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <thread>
 #include <vector>
 
 #include "host/commands/command_help.h"
 #include "host/commands/commands.h"
 #include "host/commands/number_pair.h"
 #include "host/commands/option_forms.h"
+#include "host/commands/post_arguments.h"
 #include "host/console/date_text.h"
 #include "host/console/messages.h"
-#include "host/load/tuning_report.h"
-#include "host/post/given_values.h"
-#include "host/post/post_jobs.h"
 #include "platform/local_time.h"
 #include "text/numbers.h"
 
 namespace brindle::host {
 namespace {
 
-// The command line as it was given.
-struct PostArguments {
-    std::string tuning, output, trace, definition;
-    std::vector<std::string> drawings, settings, allowed;
-    bool inches = false, millimetres = false;
-    std::string blank, final_position, rotary_radius, encoding;
-    size_t jobs = 1;
-    JobOptions job;
-};
-
 constexpr int kMostJobs = 1024;
 
 // Headings of the help text.
 constexpr char kJobGroup[] = "Job";
+constexpr char kFindingsGroup[] = "Findings";
 constexpr char kComparisonGroup[] = "Comparison with the drawing";
 constexpr char kTextGroup[] = "Texts for the NC file";
 constexpr char kDataGroup[] = "Run-time data";
@@ -72,6 +60,9 @@ void AddFileOptions(CLI::App& command, PostArguments& arguments) {
                     "Write which template made which block, and the messages where they "
                     "happened, into a file or folder")
         ->type_name("PATH");
+}
+
+void AddRunOptions(CLI::App& command, PostArguments& arguments) {
     SetChoices(*command.add_option("--encoding", arguments.encoding,
                                    "Characters of the NC file; by default utf8. latin1 has one byte for each and fails "
                                    "at a character above U+00FF"),
@@ -82,6 +73,17 @@ void AddFileOptions(CLI::App& command, PostArguments& arguments) {
                    0, kMostJobs);
     command.add_flag("--fly-ratios", arguments.job.fly_ratios, "Print the ratios that fly mode measures at its tests");
     command.add_flag("--verbose", arguments.job.fly_ratios)->group("");  // its name before
+}
+
+void AddReportOptions(CLI::App& command, PostArguments& arguments) {
+    CLI::Option* const format = command.add_option(
+        "--format", arguments.format,
+        "Form of the findings; by default text, on standard error. json and sarif are one document for the call, on "
+        "standard output");
+    SetChoices(*format->group(kFindingsGroup), {"text", "json", "sarif"});
+    command
+        .add_flag("--quiet", arguments.report.quiet, "Say nothing of warnings and infos; losses and errors are told")
+        ->group(kFindingsGroup);
 }
 
 void AddComparisonOptions(CLI::App& command, PostArguments& arguments) {
@@ -191,8 +193,54 @@ constexpr char kStatusHelp[] =
 
 // ---- Work ----
 
-void TakeArguments(PostArguments& arguments) {
+// Standard output can hold one text only.
+std::string FaultOfFormat(const PostArguments& arguments, const OutputPlan& plan) {
+    if (arguments.report.format == ReportFormat::kText) return {};
+    for (const PlannedJob& job : plan.jobs) {
+        for (const std::string& path : {job.nc_path, job.trace_path}) {
+            if (path != kStandardOutput && path != "/dev/stdout" && path != "/dev/fd/1") continue;
+            return "--format " + arguments.format +
+                   " writes to standard output, which an NC text or a trace would get, too: name a file with -o";
+        }
+    }
+    return {};
+}
+
+int Post(PostArguments& arguments) {
+    OutputRequest request{arguments.drawings, arguments.output, arguments.trace, {arguments.tuning}};
+    if (!arguments.definition.empty()) request.inputs.push_back(arguments.definition);
+    OutputPlan plan = PlanOutput(request);
+    PostCall call = TakeArguments(arguments);
+    if (plan.fault.empty()) plan.fault = FaultOfFormat(arguments, plan);
+    if (!plan.fault.empty()) {
+        PrintError({}, plan.fault);
+        return plan.lacks_folder ? kBadInput : kBadUsage;
+    }
+    CReport report(arguments.report);
+    const int status = StatusOf(RunPostCall(call, plan));
+    report.Write();
+    return status;
+}
+
+}  // namespace
+
+void AddSharedOptions(CLI::App& command, PostArguments& arguments) {
+    DateText now = LocalDateText(Now());
+    arguments.job.date = std::move(now.date);
+    arguments.job.time = std::move(now.time);
+    AddRunOptions(command, arguments);
+    AddReportOptions(command, arguments);
+    AddComparisonOptions(command, arguments);
+    AddJobOptions(command, arguments);
+    AddTextOptions(command, arguments);
+    AddRunDataOptions(command, arguments);
+}
+
+PostCall TakeArguments(PostArguments& arguments) {
     JobOptions& job = arguments.job;
+    arguments.report.format = arguments.format == "json"    ? ReportFormat::kJson
+                              : arguments.format == "sarif" ? ReportFormat::kSarif
+                                                            : ReportFormat::kText;
     if (arguments.inches || arguments.millimetres) job.inches = arguments.inches;
     job.blank = PairText(arguments.blank, 'x');
     job.final_position = PairText(arguments.final_position, ',');
@@ -200,33 +248,17 @@ void TakeArguments(PostArguments& arguments) {
     for (const std::string& name : arguments.allowed) job.allowed.push_back(FindRule(name)->rule);
     if (arguments.encoding == "latin1") job.encoding = Encoding::kLatin1;
     for (const std::string& text : arguments.settings) job.run_data.settings.push_back(*ParseSetting(text));
+    return {arguments.tuning, {}, arguments.definition, arguments.jobs, job};
 }
 
-int Post(PostArguments& arguments) {
-    OutputRequest request{arguments.drawings, arguments.output, arguments.trace, {arguments.tuning}};
-    if (!arguments.definition.empty()) request.inputs.push_back(arguments.definition);
-    OutputPlan plan = PlanOutput(request);
-    if (!plan.fault.empty()) {
-        PrintError({}, plan.fault);
-        return plan.lacks_folder ? kBadInput : kBadUsage;
-    }
-    TakeArguments(arguments);
-    JobOptions& job = arguments.job;
-    LoadedTuning tuning;
-    if (!LoadTuning(arguments.tuning, arguments.definition, tuning) || !ReportOnTuning(tuning)) return kBadInput;
-    if (!ChooseDataset(tuning, job.dataset, job.run_data.dataset)) return kBadInput;
-    if (!job.dataset.empty()) job.dataset = job.run_data.dataset;
-    if (!CheckGivenValues(tuning, job.run_data)) return kBadInput;
-    const size_t at_a_time = arguments.jobs == 0 ? std::thread::hardware_concurrency() : arguments.jobs;
-    switch (RunPostJobs(plan, tuning, job, at_a_time)) {
+int StatusOf(JobOutcome outcome) {
+    switch (outcome) {
         case JobOutcome::kMade: return kGood;
         case JobOutcome::kLossy: return kLosses;
         case JobOutcome::kNotMade: break;
     }
     return kBadInput;
 }
-
-}  // namespace
 
 void AddPostCommand(CLI::App& app, int& status) {
     CLI::App& command = AddCommand(app, "post", "Makes NC files from drawings",
@@ -236,14 +268,8 @@ void AddPostCommand(CLI::App& app, int& status) {
                                                "brindle post -t laser.tun -o nc -j 0 drawings/*.cf2",
                                     .status = kStatusHelp});
     const auto arguments = std::make_shared<PostArguments>();
-    DateText now = LocalDateText(Now());
-    arguments->job.date = std::move(now.date);
-    arguments->job.time = std::move(now.time);
     AddFileOptions(command, *arguments);
-    AddComparisonOptions(command, *arguments);
-    AddJobOptions(command, *arguments);
-    AddTextOptions(command, *arguments);
-    AddRunDataOptions(command, *arguments);
+    AddSharedOptions(command, *arguments);
     command.callback([arguments, &status] { status = Post(*arguments); });
 }
 

@@ -1,11 +1,14 @@
-// Messages to the user on standard error, each with its place.
+// Messages to the user, each with its place. They go to standard error as text, unless somebody takes them.
 #pragma once
 
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "check/diagnostics.h"
+#include "host/console/message.h"
 #include "text/message_words.h"
 
 namespace brindle::host {
@@ -16,31 +19,44 @@ struct InputLine {
     size_t line = 0;
 };
 
-// Each prints one line, in which control characters and bytes that are no UTF-8 show as `?`. Without a line
-// number the line is left out, without a name the file; the file `-` is standard input.
-void PrintError(const InputLine& at, std::string_view text);    // brindle: FILE:LINE: text
-void PrintWarning(const InputLine& at, std::string_view text);  // brindle: FILE:LINE: warning: text
-void PrintNote(const InputLine& at, std::string_view text);     // brindle: FILE:LINE: note: text
+// Each tells one message without a rule. Without a line number the line is left out, without a name the file; the file
+// `-` is standard input.
+void PrintError(const InputLine& at, std::string_view text);
+void PrintWarning(const InputLine& at, std::string_view text);
+void PrintNote(const InputLine& at, std::string_view text);
 
-// Takes the messages of its thread instead of standard error while it lives. A thread has one at a time.
-class CCollectedMessages {
+// Tells the diagnostics that are at least so severe in the order of their places.
+void PrintDiagnostics(CDiagnostics& diagnostics, Severity least = Severity::kInfo);
+
+void Tell(Message message);
+
+// Takes the messages of the thread that made it while it lives, in place of the one before it.
+class CMessageSink {
 public:
-    CCollectedMessages();
-    CCollectedMessages(const CCollectedMessages&) = delete;
-    CCollectedMessages& operator=(const CCollectedMessages&) = delete;
-    ~CCollectedMessages();
-    std::string Take() { return std::move(text_); }
+    CMessageSink();
+    CMessageSink(const CMessageSink&) = delete;
+    CMessageSink& operator=(const CMessageSink&) = delete;
+    virtual ~CMessageSink();
+    virtual void Take(Message message) = 0;
+
+    // That of this thread, null if there is none.
+    static CMessageSink* Current();
 
 private:
-    std::string text_;
+    CMessageSink* const before_;
 };
 
-// `text` as a terminal may show it: valid UTF-8 of one line. Tabs become blanks, other control characters and bytes
-// that are no UTF-8 become `?`.
-std::string PrintableText(std::string_view text);
+// Keeps messages for later.
+class CCollectedMessages final : public CMessageSink {
+public:
+    void Take(Message message) override { messages_.push_back(std::move(message)); }
+    std::vector<Message> Release() { return std::exchange(messages_, {}); }
 
-// Prints the diagnostics that are at least so severe in the order of their places, as `brindle: FILE:LINE: severity:
-// text`; one at a word is followed by its line, cut around the word if it is long, and a caret under the word.
-void PrintDiagnostics(CDiagnostics& diagnostics, Severity least = Severity::kInfo);
+private:
+    std::vector<Message> messages_;
+};
+
+// Gives messages to `sink`, or prints them if it is null.
+void TellAll(std::vector<Message> messages, CMessageSink* sink);
 
 }  // namespace brindle::host

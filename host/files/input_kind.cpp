@@ -116,4 +116,11 @@ std::string FaultOfName(std::string_view path) {
     return {};
 }
 
+bool IsDrawing(std::string_view path, std::string_view text) {
+    const std::string_view kind = KindOf(text);
+    if (!kind.empty()) return kind != kTuning;
+    const std::string name = UpperCase(path);
+    return name.ends_with(".CF2") || name.ends_with(".CFF2");
+}
+
 }  // namespace brindle::host

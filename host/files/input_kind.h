@@ -16,4 +16,7 @@ std::string FaultOfKind(std::string_view text, WantedInput wanted);
 // What the name of a file says of one whose text says nothing; empty if it is no name of a drawing of another kind.
 std::string FaultOfName(std::string_view path);
 
+// Whether a file is a drawing rather than a tuning. One whose text says nothing goes by its name.
+bool IsDrawing(std::string_view path, std::string_view text);
+
 }  // namespace brindle::host

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
@@ -16,8 +17,9 @@ inline constexpr char kStandardOutput[] = "-";
 
 struct PlannedJob {
     std::string drawing;
-    std::string nc_path;     // of the only segment; SegmentPath gives those of several
-    std::string trace_path;  // empty for none
+    std::string nc_path;                           // of the only segment; SegmentPath gives those of several
+    std::string trace_path = {};                   // empty for none
+    std::optional<std::string> drawing_text = {};  // what has been read of the drawing already
 };
 
 struct OutputRequest {

@@ -9,8 +9,8 @@
 
 namespace brindle::host {
 
-bool ReadTuningFile(const std::string& path, TuningFile& file) {
-    std::optional<std::string> text = ReadInputFile(path);
+bool ReadTuningFile(const std::string& path, TuningFile& file, std::optional<std::string> text) {
+    if (!text) text = ReadInputFile(path);
     if (!text) return false;
     if (const std::string fault = FaultOfKind(*text, WantedInput::kTuning); !fault.empty()) {
         PrintError({path}, fault);

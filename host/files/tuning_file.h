@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,9 +20,9 @@ struct TuningFile {
     std::vector<std::string_view> lines;
 };
 
-// Reads the file at `path`, `-` for standard input. False, with a message printed, if it can't be read
-// or is something else, such as a drawing.
-bool ReadTuningFile(const std::string& path, TuningFile& file);
+// Reads the file at `path`, `-` for standard input, unless `text` is what has been read of it. False, with a message
+// printed, if it can't be read or is something else, such as a drawing.
+bool ReadTuningFile(const std::string& path, TuningFile& file, std::optional<std::string> text = {});
 
 // The number of the first line that holds a NUL byte, 0 if there is none. Such a line can't be handed to the library,
 // whose strings end there.

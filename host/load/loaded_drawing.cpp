@@ -1,5 +1,7 @@
 #include "host/load/loaded_drawing.h"
 
+#include <utility>
+
 #include "host/console/messages.h"
 #include "host/files/input_file.h"
 #include "host/files/input_kind.h"
@@ -7,36 +9,37 @@
 namespace brindle::host {
 
 std::optional<LoadedDrawing> LoadDrawing(const std::string& path, const CBrindleOpts* tuning,
-                                         const MeantFindings& meant) {
-    std::optional<std::string> text = ReadInputFile(path);
+                                         const MeantFindings& meant, std::optional<std::string> text) {
+    if (!text) text = ReadInputFile(path);
     if (!text) return std::nullopt;
-    LoadedDrawing drawing{std::move(*text), {}, 0, 0};
-    CDiagnostics diagnostics(path), pairing(path);
-    diagnostics.Allow(meant.rules);
-    pairing.Allow(meant.rules);
-    drawing.survey = SurveyDrawing(drawing.text, diagnostics);
+    LoadedDrawing drawing;
+    drawing.path = path;
+    drawing.text = std::move(*text);
+    drawing.findings = CDiagnostics(path);
+    drawing.pairing = CDiagnostics(path);
+    drawing.findings.Allow(meant.rules);
+    drawing.pairing.Allow(meant.rules);
+    drawing.survey = SurveyDrawing(drawing.text, drawing.findings);
     if (!drawing.survey.has_records) {
         std::string fault = FaultOfKind(drawing.text, WantedInput::kDrawing);
         if (fault.empty()) fault = FaultOfName(path);
         if (!fault.empty()) {
             PrintError({path}, fault);
-            return std::nullopt;
-        }
-        for (const Diagnostic& diagnostic : diagnostics.Sorted()) {
-            if (diagnostic.severity == Severity::kError) PrintError({path, diagnostic.place.line}, diagnostic.message);
+        } else {
+            PrintDiagnostics(drawing.findings, Severity::kError);
         }
         return std::nullopt;
     }
-    PrintDiagnostics(diagnostics);
-    if (tuning != nullptr) {
-        DrawingSurvey to_cut = drawing.survey;
-        for (const int32_t tool : meant.tools) to_cut.tools.erase(tool);
-        CheckPairing(to_cut, *tuning, pairing);
-    }
-    PrintDiagnostics(pairing);
-    drawing.losses = diagnostics.Count(Severity::kLoss) + pairing.Count(Severity::kLoss);
-    drawing.warnings = diagnostics.Count(Severity::kWarning) + pairing.Count(Severity::kWarning);
+    if (tuning == nullptr) return drawing;
+    DrawingSurvey to_cut = drawing.survey;
+    for (const int32_t tool : meant.tools) to_cut.tools.erase(tool);
+    CheckPairing(to_cut, *tuning, drawing.pairing);
     return drawing;
+}
+
+void TellOfDrawing(LoadedDrawing& drawing) {
+    PrintDiagnostics(drawing.findings);
+    PrintDiagnostics(drawing.pairing);
 }
 
 }  // namespace brindle::host

@@ -44,8 +44,12 @@ bool LoadTuning(const std::string& path, const std::string& definition_path, Loa
         PrintError({path, line}, "the line holds a NUL byte: this is no tuning");
         return false;
     }
+    return TakeTuning(definition_path, tuning);
+}
+
+bool TakeTuning(const std::string& definition_path, LoadedTuning& tuning) {
     for (const std::string_view line : tuning.file.lines) tuning.options.ReadFileLine(line);
-    tuning.definition_name = path;
+    tuning.definition_name = tuning.file.path;
     return definition_path.empty() || LoadDefinition(definition_path, tuning);
 }
 

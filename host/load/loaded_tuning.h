@@ -24,6 +24,9 @@ struct LoadedTuning {
 // the place of the tuning's own definition. False, with a message printed, if a file can't be read or used.
 bool LoadTuning(const std::string& path, const std::string& definition_path, LoadedTuning& tuning);
 
+// The same for a tuning whose file has been read, and holds no NUL byte.
+bool TakeTuning(const std::string& definition_path, LoadedTuning& tuning);
+
 // The dataset that a run uses if the user names `asked`, which may be empty: the first one then. A name in another
 // letter case is put right, with a note printed: under the name as it was typed, values would be stored where no other
 // run finds them. False, with a message printed that names those there are, if there is no such dataset.

@@ -14,12 +14,15 @@ bool ReportOnFile(const TuningFile& file, void (*check)(const CPlacedTuning&, CD
     check(CPlacedTuning(file.lines), diagnostics);
     PrintDiagnostics(diagnostics, Severity::kError);
     const size_t errors = diagnostics.Count(Severity::kError);
-    if (errors > 0) PrintError({file.path}, Counted(errors, "error") + ": no job is done with this file");
+    if (errors > 0) NoteRefusal(file.path, errors);
     return errors == 0;
 }
 
+}  // namespace
+
 // Of a whole tuning in place of a definition file only the definition is read.
 bool ReportOnDefinition(const LoadedTuning& tuning) {
+    if (!tuning.definition_text) return true;
     TuningFile file;
     file.path = tuning.definition_name;
     file.text = *tuning.definition_text;
@@ -35,11 +38,13 @@ bool ReportOnDefinition(const LoadedTuning& tuning) {
     });
 }
 
-}  // namespace
-
 bool ReportOnTuning(const LoadedTuning& tuning) {
     const bool good = ReportOnFile(tuning.file, CheckAll);
-    return tuning.definition_text ? ReportOnDefinition(tuning) && good : good;
+    return ReportOnDefinition(tuning) && good;
+}
+
+void NoteRefusal(const std::string& path, size_t errors) {
+    PrintNote({path}, Counted(errors, "error") + ": no job is done with this file");
 }
 
 }  // namespace brindle::host

@@ -5,17 +5,20 @@
 #include <string_view>
 #include <vector>
 
+#include "host/load/loaded_drawing.h"
+#include "host/post/tuning_findings.h"
 #include "verify/losses.h"
 
 namespace brindle::host {
 
-struct LossCounts {
+struct FindingCounts {
     size_t losses = 0, warnings = 0;
 };
 
-// Prints the findings, but for those of the rules `allowed`, with the lines of `drawing`, whose file is `path`, and
-// what has been drawn, cut and lost in all. Gives how many findings there are.
-LossCounts ReportLosses(const CLosses& losses, const std::vector<Rule>& allowed, std::string_view drawing,
-                        const std::string& path);
+// Tells what is wrong with `drawing`, what its job loses, but for findings of the rules `allowed`, and what has been
+// drawn, cut and lost in all. What the drawing and the tuning say of the cause of a loss becomes part of it, so that
+// each cause is told once. Gives how many findings there are.
+FindingCounts ReportLosses(const CLosses& losses, const std::vector<Rule>& allowed, LoadedDrawing& drawing,
+                           CTuningFindings& tuning);
 
 }  // namespace brindle::host

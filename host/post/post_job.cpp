@@ -29,15 +29,21 @@ double Count(size_t count) { return static_cast<double>(count); }
 
 class CPostJob {
 public:
-    CPostJob(const PlannedJob& planned, const LoadedTuning& tuning, const JobOptions& options, CFileRoles& roles)
-        : planned_(planned), tuning_(tuning), options_(options), roles_(roles) {}
+    CPostJob(const PlannedJob& planned, const CommonJob& common, CFileRoles& roles)
+        : planned_(planned),
+          tuning_(common.tuning),
+          findings_(common.findings),
+          options_(common.options),
+          roles_(roles) {}
 
     JobOutcome Run(const std::string& progress) {
         std::optional<LoadedDrawing> drawing =
-            LoadDrawing(planned_.drawing, &tuning_.options, {options_.allowed, options_.comparison.skipped_tools});
+            LoadDrawing(planned_.drawing, &tuning_.options, {options_.allowed, options_.comparison.skipped_tools},
+                        planned_.drawing_text);
         if (!drawing) return JobOutcome::kNotMade;
         ExpressionValues values;
         if (!SettleExpressions(tuning_, options_.run_data, Values(drawing->survey), values)) {
+            TellOfDrawing(*drawing);
             return JobOutcome::kNotMade;
         }
         CJobComparison comparison(options_.comparison);
@@ -52,18 +58,23 @@ public:
             return RunJob(session_, &comparison);
         }();
         const size_t name_warnings = CheckJobNames();
-        PrintRunMessages(result, planned_.drawing, options_.fly_ratios);
-        const LossCounts counts = ReportLosses(comparison.losses(), options_.allowed, drawing->text, planned_.drawing);
-        const size_t losses = drawing->losses + counts.losses;
-        if (options_.strict && losses + drawing->warnings + counts.warnings + name_warnings > 0) {
-            PrintError(InDrawing(0), "warnings count as errors (--strict): no NC file written");
+        const FindingCounts counts = ReportLosses(comparison.losses(), options_.allowed, *drawing, findings_);
+        const size_t run_warnings =
+            PrintRunMessages(result, planned_.drawing, options_.fly_ratios, comparison.losses(), options_.allowed);
+        if (options_.strict &&
+            (counts.losses + counts.warnings + run_warnings + name_warnings > 0 || HasTuningWarning())) {
+            if (!options_.only_check) {
+                PrintError(InDrawing(0), "warnings count as errors (--strict): no NC file written");
+            }
             return JobOutcome::kNotMade;
         }
-        if (!Write(TakeNcText(result.buffers, options_.encoding))) return JobOutcome::kNotMade;
-        return losses > 0 ? JobOutcome::kLossy : JobOutcome::kMade;
+        if (!Finish(TakeNcText(result.buffers, options_.encoding))) return JobOutcome::kNotMade;
+        return counts.losses > 0 ? JobOutcome::kLossy : JobOutcome::kMade;
     }
 
 private:
+    bool HasTuningWarning() const { return findings_.Count(Severity::kWarning) > 0; }
+
     InputLine InDrawing(size_t line) const { return {planned_.drawing, line}; }
 
     JobValues Values(const DrawingSurvey& survey) const {
@@ -121,11 +132,17 @@ private:
         if (options_.rotary_radius) job.rotary_radius = *options_.rotary_radius;
     }
 
-    bool Write(const NcText& nc) {
+    bool Finish(const NcText& nc) {
         if (!nc.fault.empty()) {
-            PrintError(InDrawing(0), nc.fault + ": no NC file written");
+            PrintError(InDrawing(0), nc.fault + (options_.only_check ? "" : ": no NC file written"));
             return false;
         }
+        if (!options_.only_check) return Write(nc);
+        WarnOfNoText(nc);
+        return true;
+    }
+
+    bool Write(const NcText& nc) {
         std::string trace;  // is there until the files are
         COutputFiles files;
         for (size_t i = 0; i < nc.segments.size(); ++i) {
@@ -149,9 +166,14 @@ private:
         return fault.empty();
     }
 
+    void WarnOfNoText(const NcText& nc) const {
+        if (nc.segments.size() != 1 || !nc.segments[0].empty()) return;
+        PrintWarning(InDrawing(0), "the tuning gives no NC text");
+    }
+
     void PrintNotes(const NcText& nc) const {
         const size_t count = nc.segments.size();
-        if (count == 1 && nc.segments[0].empty()) PrintWarning(InDrawing(0), "the tuning gives no NC text");
+        WarnOfNoText(nc);
         if (nc.dwells > 0) {
             PrintNote(InDrawing(0), Counted(nc.dwells, "dwell marker") + " left out of the NC file");
         }
@@ -175,6 +197,7 @@ private:
 
     const PlannedJob& planned_;
     const LoadedTuning& tuning_;
+    CTuningFindings& findings_;
     const JobOptions& options_;
     CFileRoles& roles_;
     CSession session_;
@@ -182,10 +205,10 @@ private:
 
 }  // namespace
 
-JobOutcome RunPostJob(const PlannedJob& planned, const LoadedTuning& tuning, const JobOptions& options,
-                      CFileRoles& roles, const std::string& progress) {
+JobOutcome RunPostJob(const PlannedJob& planned, const CommonJob& common, CFileRoles& roles,
+                      const std::string& progress) {
     try {
-        return CPostJob(planned, tuning, options, roles).Run(progress);
+        return CPostJob(planned, common, roles).Run(progress);
     } catch (const std::bad_alloc&) {
         PrintError({planned.drawing}, "not enough memory for this job: no NC file written");
         return JobOutcome::kNotMade;

@@ -10,6 +10,7 @@
 #include "host/load/loaded_tuning.h"
 #include "host/post/nc_text.h"
 #include "host/post/run_data.h"
+#include "host/post/tuning_findings.h"
 #include "verify/job_comparison.h"
 
 namespace brindle::host {
@@ -30,6 +31,7 @@ struct JobOptions {
     ComparisonOptions comparison;
     std::vector<Rule> allowed;  // findings that are meant
     bool strict = false;        // a job with a warning is not made
+    bool only_check = false;    // nothing is written
 
     RunDataRequest run_data;
     Encoding encoding = Encoding::kUtf8;
@@ -43,9 +45,16 @@ enum class JobOutcome {
     kNotMade,  // messages say why; no file is written
 };
 
-// Runs `tuning` over a drawing, in a session of its own, and writes what `planned` says; `roles` takes in the files of
-// segments. `progress` is shown on a terminal meanwhile.
-JobOutcome RunPostJob(const PlannedJob& planned, const LoadedTuning& tuning, const JobOptions& options,
-                      CFileRoles& roles, const std::string& progress);
+// What all jobs of a call have in common.
+struct CommonJob {
+    const LoadedTuning& tuning;
+    CTuningFindings& findings;
+    const JobOptions& options;
+};
+
+// Runs the tuning over a drawing, in a session of its own, and writes what `planned` says; `roles` takes in the files
+// of segments. `progress` is shown on a terminal meanwhile. What it tells is complete when it returns.
+JobOutcome RunPostJob(const PlannedJob& planned, const CommonJob& common, CFileRoles& roles,
+                      const std::string& progress);
 
 }  // namespace brindle::host

@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <atomic>
 #include <exception>
-#include <iostream>
 #include <mutex>
 #include <optional>
 #include <string>
 #include <system_error>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "host/console/messages.h"
@@ -18,12 +18,12 @@
 namespace brindle::host {
 namespace {
 
-JobOutcome RunInTurn(OutputPlan& plan, const LoadedTuning& tuning, const JobOptions& options) {
+JobOutcome RunInTurn(OutputPlan& plan, const CommonJob& common) {
     JobOutcome worst = JobOutcome::kMade;
     for (size_t i = 0; i < plan.jobs.size(); ++i) {
         const std::string progress = "drawing " + std::to_string(i + 1) + " of " + std::to_string(plan.jobs.size()) +
                                      ": " + plan.jobs[i].drawing;
-        worst = std::max(worst, RunPostJob(plan.jobs[i], tuning, options, plan.roles, progress));
+        worst = std::max(worst, RunPostJob(plan.jobs[i], common, plan.roles, progress));
     }
     return worst;
 }
@@ -31,8 +31,8 @@ JobOutcome RunInTurn(OutputPlan& plan, const LoadedTuning& tuning, const JobOpti
 // Threads that each take the next job of the plan until there is none.
 class CJobThreads {
 public:
-    CJobThreads(OutputPlan& plan, const LoadedTuning& tuning, const JobOptions& options)
-        : plan_(plan), tuning_(tuning), options_(options), messages_(plan.jobs.size()) {
+    CJobThreads(OutputPlan& plan, const CommonJob& common)
+        : plan_(plan), common_(common), sink_(CMessageSink::Current()), messages_(plan.jobs.size()) {
         const auto is_stream = [](const PlannedJob& job) { return IsStream(job.drawing); };
         if (std::none_of(plan.jobs.begin(), plan.jobs.end(), is_stream)) stop_.emplace();
         ShowProgress();
@@ -60,8 +60,8 @@ private:
                 const size_t job = next_++;
                 if (job >= plan_.jobs.size()) return;
                 CCollectedMessages messages;
-                const JobOutcome outcome = RunPostJob(plan_.jobs[job], tuning_, options_, plan_.roles, {});
-                Finish(job, outcome, messages.Take());
+                const JobOutcome outcome = RunPostJob(plan_.jobs[job], common_, plan_.roles, {});
+                Finish(job, outcome, messages.Release());
             }
         } catch (...) {
             const std::lock_guard lock(end_of_jobs_);
@@ -70,13 +70,15 @@ private:
         }
     }
 
-    void Finish(size_t job, JobOutcome outcome, std::string messages) {
+    void Finish(size_t job, JobOutcome outcome, std::vector<Message> messages) {
         const std::lock_guard lock(end_of_jobs_);
         worst_ = std::max(worst_, outcome);
         ++done_;
         messages_[job] = std::move(messages);
         progress_.reset();
-        for (; printed_ < messages_.size() && messages_[printed_]; ++printed_) std::cerr << *messages_[printed_];
+        for (; printed_ < messages_.size() && messages_[printed_]; ++printed_) {
+            TellAll(std::move(*messages_[printed_]), sink_);
+        }
         if (done_ < messages_.size()) ShowProgress();
     }
 
@@ -85,8 +87,8 @@ private:
     }
 
     OutputPlan& plan_;
-    const LoadedTuning& tuning_;
-    const JobOptions& options_;
+    const CommonJob& common_;
+    CMessageSink* const sink_;  // of the call
     std::optional<CStopRequest> stop_;
     std::atomic<size_t> next_ = 0;  // to be begun
 
@@ -94,17 +96,17 @@ private:
     JobOutcome worst_ = JobOutcome::kMade;
     std::exception_ptr failure_;  // of the program itself
     size_t done_ = 0;
-    std::vector<std::optional<std::string>> messages_;  // of each job that is done
-    size_t printed_ = 0;                                // jobs whose messages are printed
+    std::vector<std::optional<std::vector<Message>>> messages_;  // of each job that is done
+    size_t printed_ = 0;                                         // jobs whose messages are printed
     std::optional<CProgressLine> progress_;
 };
 
 }  // namespace
 
-JobOutcome RunPostJobs(OutputPlan& plan, const LoadedTuning& tuning, const JobOptions& options, size_t at_a_time) {
+JobOutcome RunPostJobs(OutputPlan& plan, const CommonJob& common, size_t at_a_time) {
     const size_t threads = std::min(at_a_time, plan.jobs.size());
-    if (threads < 2) return RunInTurn(plan, tuning, options);
-    return CJobThreads(plan, tuning, options).Run(threads);
+    if (threads < 2) return RunInTurn(plan, common);
+    return CJobThreads(plan, common).Run(threads);
 }
 
 }  // namespace brindle::host

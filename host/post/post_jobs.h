@@ -13,6 +13,6 @@ namespace brindle::host {
 // jobs print them in the order of the plan. If several run at a time and the program is asked to stop, it begins no
 // further job and finishes those that it has begun; but while a drawing may come from a stream, which can keep its
 // reader waiting for ever, it stops at once.
-JobOutcome RunPostJobs(OutputPlan& plan, const LoadedTuning& tuning, const JobOptions& options, size_t at_a_time);
+JobOutcome RunPostJobs(OutputPlan& plan, const CommonJob& common, size_t at_a_time);
 
 }  // namespace brindle::host

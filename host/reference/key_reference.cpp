@@ -199,7 +199,7 @@ std::string EntryOf(const std::string& key, const KeyMatch& match, size_t width)
 
 // ---- Page ----
 
-constexpr char kIntroduction[] =
+constexpr char kAboutKeys[] =
     "# The keys of a tuning\n"
     "\n"
     "Made by `brindle keys --markdown`. `brindle keys WORD` searches names and meanings, `brindle keys KEY` prints "
@@ -269,7 +269,7 @@ std::string KeyEntry(std::string_view key, size_t width) {
 }
 
 std::string KeyPage() {
-    std::string page = kIntroduction;
+    std::string page = kAboutKeys;
     for (const std::string_view group : GroupsOfKeys()) page += GroupPage(group);
     return page + EventsPage() + LinesPage();
 }

@@ -26,16 +26,31 @@ constexpr size_t kMostOfAGroup = 20;
 
 }  // namespace
 
-void CDiagnostics::Add(Rule rule, Place place, std::string message, std::string way_out) {
-    const RuleInfo& info = InfoOf(rule);
-    const bool is_allowed = std::find(allowed_.begin(), allowed_.end(), rule) != allowed_.end();
-    if (is_allowed && info.severity != Severity::kError) return;
+void CDiagnostics::Add(Diagnostic diagnostic) {
+    const RuleInfo& info = InfoOf(diagnostic.rule);
+    if (IsAllowed(diagnostic.rule) && info.severity != Severity::kError) return;
     ++counts_[static_cast<size_t>(info.severity)];
     GroupUse& group = groups_[static_cast<size_t>(info.group)];
     if (++group.count > kMostOfAGroup && IsLimited(info.group)) return;
-    group.last_line = place.line;
+    group.last_line = diagnostic.place.line;
     if (kept_.size() >= kMostKept) return;
-    kept_.push_back({rule, info.severity, place, std::move(message), std::move(way_out)});
+    diagnostic.severity = info.severity;
+    kept_.push_back(std::move(diagnostic));
+}
+
+void CDiagnostics::Drop(const std::function<bool(const Diagnostic&)>& is_told) {
+    std::array<size_t, kRuleGroups> left = {};
+    const auto drop = [&](const Diagnostic& diagnostic) {
+        const bool goes = is_told(diagnostic);
+        if (goes) --counts_[static_cast<size_t>(diagnostic.severity)];
+        if (!goes) ++left[static_cast<size_t>(InfoOf(diagnostic.rule).group)];
+        return goes;
+    };
+    if (std::erase_if(kept_, drop) == 0) return;
+    // With the last one of a group those that are only counted go, too.
+    for (size_t i = 0; i < kRuleGroups; ++i) {
+        if (left[i] == 0) groups_[i].count = 0;
+    }
 }
 
 std::string_view CDiagnostics::LineOf(const Place& place) const {
@@ -55,11 +70,10 @@ void CDiagnostics::AddFurther() {
         GroupUse& group = groups_[static_cast<size_t>(info.group)];
         if (!IsLimited(info.group) || group.count <= kMostOfAGroup) continue;
         const size_t more = std::exchange(group.count, 0) - kMostOfAGroup;
-        kept_.push_back({Rule::kFurther,
-                         InfoOf(Rule::kFurther).severity,
-                         {group.last_line},
-                         "and " + std::to_string(more) + " more of this kind after this line",
-                         {}});
+        kept_.push_back({.rule = Rule::kFurther,
+                         .severity = InfoOf(Rule::kFurther).severity,
+                         .place = {group.last_line},
+                         .message = "and " + std::to_string(more) + " more of this kind after this line"});
     }
 }
 

@@ -1,8 +1,12 @@
 // What checks have found in one file. Checks fill the list; hosts, the editor and others show it.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -20,12 +24,31 @@ struct Place {
     size_t length = 0;  // in bytes
 };
 
+// Another place that a finding speaks of: a further record, the call that reached it, the line of a template.
+struct RelatedPlace {
+    std::string file;  // empty for the file of the finding
+    Place place;
+    std::string line;      // the text of its line, if the place is a word
+    std::string message;   // what is there
+    bool is_told = false;  // by the message of the finding
+};
+
+// A change of a file that mends a finding. It changes nothing but how the file is read.
+struct Edit {
+    Place place;       // of a line as a whole: the line goes, its end too
+    std::string text;  // in place of the word
+};
+
 struct Diagnostic {
     Rule rule;
-    Severity severity;
-    Place place;
-    std::string message;
-    std::string way_out;  // what to write instead; empty if there is no such thing, or the message says it
+    Severity severity = Severity::kError;  // that of the rule, once it is added
+    Place place = {};
+    std::string message = {};
+    std::string way_out = {};  // what to write instead; empty if there is no such thing, or the message says it
+    std::vector<RelatedPlace> related = {};
+    std::optional<Edit> mend = {};  // only if it is safe
+    int32_t tool = 0;               // that the finding is about, 0 for none
+    std::string subject = {};       // the key of a template that is not there
 };
 
 // Diagnostics of one file, in the order in which checks make them. Of the rules of drawings the first 20 of a group
@@ -39,7 +62,14 @@ public:
 
     // Findings of these rules are meant: from now on they are left out, but for errors.
     void Allow(std::vector<Rule> rules) { allowed_ = std::move(rules); }
-    void Add(Rule rule, Place place, std::string message, std::string way_out = {});
+    bool IsAllowed(Rule rule) const { return std::find(allowed_.begin(), allowed_.end(), rule) != allowed_.end(); }
+    void Add(Diagnostic diagnostic);
+    void Add(Rule rule, Place place, std::string message, std::string way_out = {}) {
+        Add({.rule = rule, .place = place, .message = std::move(message), .way_out = std::move(way_out)});
+    }
+
+    // Takes findings out again, because something else tells them.
+    void Drop(const std::function<bool(const Diagnostic&)>& is_told);
 
     const std::string& file() const { return file_; }
     size_t Count(Severity severity) const { return counts_[static_cast<size_t>(severity)]; }

@@ -48,7 +48,8 @@ std::map<std::string, std::string> Post(const LoadedTuning& tuning, size_t at_a_
     }
     EXPECT_TRUE(ChooseDataset(tuning, "", options.run_data.dataset));
     testing::internal::CaptureStderr();
-    EXPECT_EQ(RunPostJobs(plan, tuning, options, at_a_time), JobOutcome::kNotMade);
+    CTuningFindings findings(tuning.file, {});
+    EXPECT_EQ(RunPostJobs(plan, {tuning, findings, options}, at_a_time), JobOutcome::kNotMade);
     std::map<std::string, std::string> files = FilesOf(folder);
     EXPECT_EQ(files.size(), 26U);
     files[""] = testing::internal::GetCapturedStderr();

@@ -59,7 +59,7 @@ TEST_F(HostEditTest, OkSavesAndKeepsThePreviousFile) {
     Put("a.tun", before);
     EXPECT_EQ(Edit("a.tun", {TypeAddress("O"), Ok()}), kGood);
     EXPECT_EQ(errors_,
-              "brindle: a.tun: note: these keys were missing and are there now, with another value than a run took: "
+              "a.tun: note: these keys were missing and are there now, with another value than a run took: "
               "bOutUnitsAuto, sMainProgNum, nMaxBytes, sBlockDelim, nPrimaryTool\n");
     EXPECT_EQ(Get("a.tun~"), before);
     const std::string after = Get("a.tun");
@@ -67,7 +67,7 @@ TEST_F(HostEditTest, OkSavesAndKeepsThePreviousFile) {
     EXPECT_NE(after.find("\r\nBOOL bOutUnitsAuto true \r\n"), std::string::npos) << "the page's missing keys";
 
     EXPECT_EQ(Edit("a.tun", {Ok()}), kGood);
-    EXPECT_EQ(errors_, "brindle: a.tun: note: nothing has changed\n");
+    EXPECT_EQ(errors_, "a.tun: note: nothing has changed\n");
     EXPECT_EQ(Get("a.tun~"), before) << "a session without change must not replace the kept file";
 }
 
@@ -77,7 +77,7 @@ TEST_F(HostEditTest, CancelLeavesTheFileAndTellsOfDroppedEdits) {
     EXPECT_EQ(Edit("a.tun", {Cancel()}), kGood);
     EXPECT_EQ(errors_, "") << "defaults that the pages add are no edits";
     EXPECT_EQ(Edit("a.tun", {TypeAddress("O"), Cancel()}), kGood);
-    EXPECT_EQ(errors_, "brindle: a.tun: note: left as it was; 1 edit dropped, the first of sNWordAddr\n");
+    EXPECT_EQ(errors_, "a.tun: note: left as it was; 1 edit dropped, the first of sNWordAddr\n");
     EXPECT_EQ(Get("a.tun"), before);
     EXPECT_FALSE(Has("a.tun~"));
 }
@@ -85,9 +85,9 @@ TEST_F(HostEditTest, CancelLeavesTheFileAndTellsOfDroppedEdits) {
 TEST_F(HostEditTest, WhatIsLostOrNewIsTold) {
     Put("a.tun", "TEXT sNWordAddr N\n\n# a remark\n");
     EXPECT_EQ(Edit("a.tun", {Cancel()}), kGood);
-    EXPECT_EQ(errors_, "brindle: a.tun:3: warning: is not a line of a tuning, so saving leaves it out\n");
+    EXPECT_EQ(errors_, "a.tun:3:1: warning: is not a line of a tuning, so saving leaves it out\n");
     EXPECT_EQ(Edit("new.tun", {TypeAddress("N"), Ok()}), kGood);
-    EXPECT_EQ(errors_, "brindle: new.tun: note: does not exist yet: this is a new tuning\n");
+    EXPECT_EQ(errors_, "new.tun: note: does not exist yet: this is a new tuning\n");
     EXPECT_NE(Get("new.tun").find("TEXT sNWordAddr N \n"), std::string::npos);
     EXPECT_FALSE(Has("new.tun~"));
 }

@@ -173,10 +173,10 @@ TEST_F(HostOutput, FailedJobsLeaveNothing) {
         EXPECT_FALSE(files.Commit());
     }
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
-              "brindle: nowhere/x.nc: can't be written: No such file or directory\n"
-              "brindle: folder.nc: can't be written: Is a directory\n"
-              "brindle: late.nc: can't be written: Is a directory\n"
-              "brindle: /dev/full: can't be written: No space left on device\n");
+              "nowhere/x.nc: error: can't be written: No such file or directory\n"
+              "folder.nc: error: can't be written: Is a directory\n"
+              "late.nc: error: can't be written: Is a directory\n"
+              "/dev/full: error: can't be written: No space left on device\n");
     EXPECT_EQ(Names(), (Texts{"folder.nc", "late.nc", "link.nc", "old.nc"}));
 }
 
@@ -193,15 +193,15 @@ TEST_F(HostOutput, LinksStayAndTheirFilesAreReplaced) {
 TEST(HostMessages, DiagnosticsShowTheWord) {
     struct Case {
         size_t column, length;
-        std::string line, expected;
+        std::string line, shown_column, expected;
     };
     const std::string stars(400, '*');
     const std::vector<Case> cases = {
-        {6, 4, "BOOL bUse true", "    BOOL bUse true\n         ^^^^\n"},
-        {8, 2, "\xC3\xA4\tb\xFF\x1B \xC3\xB6X", "    \xC3\xA4 b\xC3\xBF? \xC3\xB6X\n          ^\n"},
-        {99, 1, "short", "    short\n         ^\n"},
-        {101, 3, stars, "    ..." + stars.substr(0, 120) + "...\n" + std::string(67, ' ') + "^^^\n"},
-        {0, 1, "whole line", ""},
+        {6, 4, "BOOL bUse true", "6", "    BOOL bUse true\n         ^^^^\n"},
+        {8, 2, "\xC3\xA4\tb\xFF\x1B \xC3\xB6X", "7", "    \xC3\xA4 b\xC3\xBF? \xC3\xB6X\n          ^\n"},
+        {99, 1, "short", "6", "    short\n         ^\n"},
+        {101, 3, stars, "101", "    ..." + stars.substr(0, 120) + "...\n" + std::string(67, ' ') + "^^^\n"},
+        {0, 1, "whole line", "1", ""},
     };
     for (const Case& c : cases) {
         testing::internal::CaptureStderr();
@@ -210,7 +210,7 @@ TEST(HostMessages, DiagnosticsShowTheWord) {
         diagnostics.Add(Rule::kExtraWords, {3, c.column, c.length}, "what is wrong", "what helps");
         PrintDiagnostics(diagnostics);
         EXPECT_EQ(testing::internal::GetCapturedStderr(),
-                  "brindle: m.tun:3: warning: what is wrong (what helps)\n" + c.expected);
+                  "m.tun:3:" + c.shown_column + ": warning: what is wrong (what helps) [extra-words]\n" + c.expected);
     }
 }
 
@@ -219,7 +219,7 @@ TEST(HostMessages, AMessageIsOneLine) {
     PrintError({"a\nb.tun"}, "x\ry\x1B[2J");
     PrintWarning({}, Quoted(std::string(59, 'a') + "\xC3\xA4z"));
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
-              "brindle: a?b.tun: x?y?[2J\nbrindle: warning: '" + std::string(59, 'a') + "...'\n");
+              "a?b.tun: error: x?y?[2J\nbrindle: warning: '" + std::string(59, 'a') + "...'\n");
 }
 
 TEST(HostNumbers, OnlyWholeTextsCount) {

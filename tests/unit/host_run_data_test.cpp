@@ -169,10 +169,9 @@ TEST_F(HostRunData, FilesThatAreNoTuningOrDefinition) {
     EXPECT_FALSE(LoadTuning(nul, "", tunings[2]));
     EXPECT_FALSE(LoadTuning(good, good, tunings[3]));
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
-              "brindle: " + folder + "/none: no such file\nbrindle: " + folder +
-                  ": is a folder, not a file\nbrindle: " + nul +
-                  ":2: the line holds a NUL byte: this is no tuning\nbrindle: " + good +
-                  ": holds no definition of run-time data\n");
+              folder + "/none: error: no such file\n" + folder + ": error: is a folder, not a file\n" + nul +
+                  ":2:1: error: the line holds a NUL byte: this is no tuning\n" + good +
+                  ": error: holds no definition of run-time data\n");
 }
 
 }  // namespace

@@ -162,7 +162,12 @@ TEST_F(RunTimeDialogs, TheCommandPrintsTheChosenDataset) {
         {&toolkit_, " --dataset Steel", {Ok()}, 0, "Steel\n", ""},
         {&toolkit_, " --tune-pick menu", {pick_steel, Ok()}, 0, "Steel\n", ""},
         {&toolkit_, "", {}, 0, "", "a.tun: note: editing was cancelled: values and dataset stay as they were\n"},
-        {&toolkit_, " --dataset Tin", {}, 1, "", "a.tun: there is no dataset 'Tin'; there are 'Wood', 'Steel'\n"},
+        {&toolkit_,
+         " --dataset Tin",
+         {},
+         1,
+         "",
+         "a.tun: error: there is no dataset 'Tin'; there are 'Wood', 'Steel'\n"},
         {nullptr, "", {}, 1, "", "the editor can't open: it needs a display, and its plugin beside the library\n"},
     };
     for (const auto& row : rows) {

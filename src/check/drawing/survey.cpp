@@ -216,9 +216,11 @@ void CheckPairing(const DrawingSurvey& survey, const CBrindleOpts& tuning, CDiag
     for (const auto& [tool, use] : survey.tools) {
         const bool is_left_out_on_purpose = tuning.ReadBool(Key("bToolUnused"), "T" + std::to_string(tool) + "_");
         if (is_left_out_on_purpose || !tuning.ToolKeyPrefix(tool, true).empty()) continue;
-        diagnostics.Add(
-            Rule::kUnknownTool, {use.first_line},
-            "tool " + std::to_string(tool) + " is not in the tuning: " + Counted(use.count, "record") + " ignored");
+        diagnostics.Add({.rule = Rule::kUnknownTool,
+                         .place = {use.first_line},
+                         .message = "tool " + std::to_string(tool) +
+                                    " is not in the tuning: " + Counted(use.count, "record") + " ignored",
+                         .tool = tool});
     }
 }
 

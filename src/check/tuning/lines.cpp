@@ -1,4 +1,6 @@
+#include <algorithm>
 #include <optional>
+#include <set>
 #include <unordered_map>
 
 #include "check/tuning/checks.h"
@@ -43,9 +45,24 @@ size_t FirstStrayByte(std::string_view text) {
     return std::string_view::npos;
 }
 
+// Words that say what is read from them.
+bool SaysNo(std::string_view value) {
+    constexpr std::string_view kNo[] = {"no", "n", "off", "f", "0"};
+    return std::any_of(std::begin(kNo), std::end(kNo), [value](std::string_view no) { return EqualNoCase(value, no); });
+}
+
+// The number of a `10mm` whose key wants millimetres; empty for any other value.
+std::string WithoutMillimetres(std::string_view key, std::string_view value) {
+    if (!value.ends_with("mm") || key.find("MM") == std::string_view::npos) return {};
+    const std::string_view number = value.substr(0, value.size() - 2);
+    return ParseNumber(number) ? std::string(number) : std::string();
+}
+
 class LineChecker {
 public:
-    LineChecker(const CPlacedTuning& tuning, CDiagnostics& diagnostics) : tuning_(tuning), diagnostics_(diagnostics) {}
+    LineChecker(const CPlacedTuning& tuning, CDiagnostics& diagnostics) : tuning_(tuning), diagnostics_(diagnostics) {
+        FindDoubled();
+    }
 
     void Check(const PlacedLine& line) {
         if (line.text.empty() || !CheckBytes(line) || line.words.empty()) return;
@@ -66,6 +83,29 @@ public:
 private:
     void Add(Rule rule, const PlacedLine& line, std::string_view word, std::string message, std::string way_out = {}) {
         diagnostics_.Add(rule, line.PlaceOf(word), std::move(message), std::move(way_out));
+    }
+    // One whose word can be put right: `right` takes its place; empty if it can't.
+    void AddMendable(Rule rule, const PlacedLine& line, std::string_view word, std::string message, std::string way_out,
+                     const std::string& right) {
+        Diagnostic diagnostic{
+            .rule = rule, .place = line.PlaceOf(word), .message = std::move(message), .way_out = std::move(way_out)};
+        if (!right.empty()) diagnostic.mend = Edit{diagnostic.place, right};
+        diagnostics_.Add(std::move(diagnostic));
+    }
+
+    // Keys of which all lines say the same.
+    void FindDoubled() {
+        std::unordered_map<std::string_view, const PlacedLine*> first;
+        for (const PlacedLine& line : tuning_.lines()) {
+            if (line.words.size() < 3 || line.Definition() || FindTypeWord(line.words[0]) == nullptr) continue;
+            const auto [known, is_new] = first.emplace(line.words[1], &line);
+            const bool is_same = known->second->words == line.words;
+            if (is_new) {
+                doubled_[line.words[1]] = true;
+            } else if (!is_same) {
+                doubled_[line.words[1]] = false;
+            }
+        }
     }
 
     // False for a line that can't be handed to the library.
@@ -108,13 +148,17 @@ private:
         const PlacedItem& item = *tuning_.Find(key);
         const auto [first, is_new] = first_line_.emplace(key, line.number);
         if (!is_new) {
-            Add(Rule::kRepeatedKey, line, key,
-                Quoted(key) + " is in line " + std::to_string(first->second) + " already; line " +
-                    std::to_string(item.line->number) + " counts");
+            Diagnostic diagnostic{.rule = Rule::kRepeatedKey,
+                                  .place = line.PlaceOf(key),
+                                  .message = Quoted(key) + " is in line " + std::to_string(first->second) +
+                                             " already; line " + std::to_string(item.line->number) + " counts"};
+            diagnostic.related.push_back({{}, {first->second}, {}, "the first line", true});
+            if (doubled_[key]) diagnostic.mend = Edit{{line.number}, {}};
+            diagnostics_.Add(std::move(diagnostic));
         }
         const KeyInfo* const info = item.match.info;
         if (info == nullptr) {
-            if (is_new) WarnOfUnknownKey(line, key);
+            if (is_new) WarnOfUnknownKey(line, key, kind);
             return true;
         }
         if (info->kind == kind) return true;
@@ -124,9 +168,20 @@ private:
         return false;
     }
 
-    void WarnOfUnknownKey(const PlacedLine& line, std::string_view key) {
-        const std::string nearest = suggestions_++ < kMostSuggestions ? IntendedKey(key) : std::string();
-        Add(Rule::kUnknownKey, line, key, "unknown key " + Quoted(key), DidYouMean(nearest));
+    void WarnOfUnknownKey(const PlacedLine& line, std::string_view key, KeyKind kind) {
+        const bool may_search = suggestions_++ < kMostSuggestions;
+        const std::string nearest = may_search ? IntendedKey(key) : std::string();
+        const std::string right = may_search ? MendedKey(key, kind) : std::string();
+        AddMendable(Rule::kUnknownKey, line, key, "unknown key " + Quoted(key), DidYouMean(nearest), right);
+    }
+
+    // The key that is meant beyond doubt: it has no line of its own, and the line has its type. A key with lines that
+    // say different things is left to the user.
+    std::string MendedKey(std::string_view key, KeyKind kind) {
+        std::string right = OnlyKeyNear(key);
+        const KeyInfo* const info = MatchKey(right).info;
+        if (info == nullptr || info->kind != kind || tuning_.Find(right) != nullptr || !doubled_[key]) return {};
+        return mended_.insert(right).second ? right : std::string();
     }
 
     void CheckValue(const PlacedLine& line, const TypeWordInfo& type) {
@@ -135,7 +190,8 @@ private:
         if (kind == KeyKind::kTemplate) return CheckTemplate(line);
         if (line.words.size() > 3) WarnOfFurtherWords(line, kind);
         if (kind == KeyKind::kBool && !EqualNoCase(value, "true") && !EqualNoCase(value, "false")) {
-            Add(Rule::kBadBool, line, value, Quoted(value) + " is neither true nor false: it counts as false");
+            AddMendable(Rule::kBadBool, line, value, Quoted(value) + " is neither true nor false: it counts as false",
+                        {}, SaysNo(value) ? "false" : "");
         }
         if (kind == KeyKind::kInt || kind == KeyKind::kReal) CheckNumber(line, kind, value);
         if (type.text_kind != TextKind::kPlain) {
@@ -156,8 +212,9 @@ private:
         const std::optional<double> number = ParseNumber(value);
         const double read = LeadingDouble(value);
         if (!number) {
-            return Add(Rule::kBadNumber, line, value,
-                       Quoted(value) + " is no number that can be read: it counts as " + ShortNumber(read));
+            return AddMendable(Rule::kBadNumber, line, value,
+                               Quoted(value) + " is no number that can be read: it counts as " + ShortNumber(read), {},
+                               WithoutMillimetres(line.words[1], value));
         }
         if (kind != KeyKind::kInt || *number == TruncateToInt32(*number)) return;
         Add(Rule::kNotWhole, line, value,
@@ -193,6 +250,8 @@ private:
     const CPlacedTuning& tuning_;
     CDiagnostics& diagnostics_;
     std::unordered_map<std::string_view, size_t> first_line_;
+    std::unordered_map<std::string_view, bool> doubled_;  // by key: all of its lines say the same
+    std::set<std::string> mended_;                        // keys that mends have made
     int suggestions_ = 0;
 };
 

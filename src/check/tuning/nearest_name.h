@@ -13,5 +13,8 @@ std::string NearestKeyword(std::string_view word);
 // The key with a tool's prefix if that is all that it lacks, without it if that is all that it has too much, otherwise
 // the known key that is spelt most like it.
 std::string IntendedKey(std::string_view key);
+// The only known key that differs in the case of letters, or else in one letter that is missing, too many, wrong or
+// swapped with its neighbour. The tool's prefix stays.
+std::string OnlyKeyNear(std::string_view key);
 
 }  // namespace brindle

@@ -44,7 +44,10 @@ private:
         if (in_range) {
             diagnostics_.Add(Rule::kUnusedTool, tool.first->KeyPlace(), what + "the tool is marked as unused");
         } else {
-            diagnostics_.Add(Rule::kToolOutOfRange, tool.first->KeyPlace(), what + WhyOutOfUse(tool, is_runs));
+            diagnostics_.Add({.rule = Rule::kToolOutOfRange,
+                              .place = tool.first->KeyPlace(),
+                              .message = what + WhyOutOfUse(tool, is_runs),
+                              .tool = tool.number});
         }
     }
 

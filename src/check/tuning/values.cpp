@@ -119,7 +119,10 @@ void CheckMissingTemplates(const CPlacedTuning& tuning, CDiagnostics& diagnostic
         TemplateLines lines;
         if (!Holds(check.condition, tuning)) continue;
         if (tuning.options().GetMulti(TemplateKey(check.event), lines) && !lines.empty()) continue;
-        diagnostics.Add(Rule::kMissingTemplate, {}, std::string(check.text), std::string(check.way_out));
+        diagnostics.Add({.rule = Rule::kMissingTemplate,
+                         .message = std::string(check.text),
+                         .way_out = std::string(check.way_out),
+                         .subject = TemplateKey(check.event)});
     }
 }
 

@@ -11,6 +11,10 @@ cd "$work" || exit 1
 cat >job.tun <<'END'
 TEXT sAx1Addr X
 TEXT sAx2Addr Y
+INT MM_AX1_nNDec 3
+INT MM_AX2_nNDec 3
+TEXT sCenAx1Addr I
+TEXT sCenAx2Addr J
 INT  nNumOfTools 1
 BOOL bUseSubs false
 MULTI FileStart_tTmpl NNUL %<@CADFile>
@@ -18,7 +22,7 @@ MULTI T1_ToolOn_tTmpl NNUL M3
 MULTI T1_ToolOff_tTmpl NNUL M5
 MULTI Move_tTmpl NNUL G0<@StartPtWords>
 MULTI Line_tTmpl NNUL G1<@EndPtWords>F900(a!#SP#!long!#SP#!remark!#SP#!so!#SP#!that!#SP#!there!#SP#!is!#SP#!more!#SP#!to!#SP#!write!#SP#!than!#SP#!to!#SP#!work!#SP#!out)
-MULTI Arc_tTmpl NNUL G2<@EndPtWords>
+MULTI Arc_tTmpl NNUL G2<@EndPtWords><@CenPtWords>
 MULTI FileEnd_tTmpl NNUL M30
 END
 printf 'MAIN,SMALL\nUR,100,50\nL,0.5,1,0,0,0,25.4,0,0,0\nEND\n' >small.cf2

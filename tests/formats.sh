@@ -23,11 +23,15 @@ INT nNumOfTools 1
 BOOL bUseSubs false
 TEXT sAx1Addr X
 TEXT sAx2Addr Y
+INT MM_AX1_nNDec 3
+INT MM_AX2_nNDec 3
+TEXT sCenAx1Addr I
+TEXT sCenAx2Addr J
 MULTI T1_ToolOn_tTmpl NNUL M3
 MULTI T1_ToolOff_tTmpl NNUL M5
 MULTI Move_tTmpl NNUL G0<@StartPtWords>
 MULTI Line_tTmpl NNUL (ä)G1<@EndPtWords>F500
-MULTI Arc_tTmpl NNUL G1<@EndPtWords>F500
+MULTI Arc_tTmpl NNUL G1<@EndPtWords>F500(<@CenPtWords>)
 END
 printf 'UR,50,50\nL,0.5,1,0,0,0,30,40,0,0\n' >good.cf2
 sed '$p;$s/,1,0,/,7,0,/' good.cf2 >lossy.cf2
@@ -44,7 +48,7 @@ has '[(f["file"], f["line"], f["column"], f["severity"], f["rule"]) for f in all
     "[('lossy.cf2', 3, None, 'loss', 'not-cut')]"
 run 3 post --format json -t typo.tun -o nc.nc good.cf2
 has '[f["rule"] for f in all]' "['unresolved-value']"
-has '[(r["file"], r["line"], r["column"], r["end_column"]) for r in all[0]["related"]]' "[('typo.tun', 8, 27, 36)]"
+has '[(r["file"], r["line"], r["column"], r["end_column"]) for r in all[0]["related"]]' "[('typo.tun', 12, 27, 36)]"
 run 1 check --format json none.tun job.tun
 has '[(f["file"], f["rule"], f["severity"]) for f in all]' "[('none.tun', None, 'error')]"
 for jobs in 1 2; do
@@ -68,7 +72,7 @@ done
 
 "$brindle" check typo.tun lossy.cf2 2>messages
 grep -E '^(.*):([0-9]+):([0-9]+):[[:space:]]+(warning|error|info|note):[[:space:]]+(.*)$' messages >matched
-[ "$(grep -c 'loss: ' matched)" -eq 2 ] && grep -q 'typo.tun:8:27: note: ' matched || fail "$(cat messages)"
+[ "$(grep -c 'loss: ' matched)" -eq 2 ] && grep -q 'typo.tun:12:27: note: ' matched || fail "$(cat messages)"
 if command -v vim >/dev/null; then
     cat >read.vim <<'END'
 cgetfile messages
@@ -77,7 +81,7 @@ call writefile(map(found, 'bufname(v:val.bufnr) . ":" . v:val.lnum . ":" . v:val
 qall!
 END
     vim -N -u NONE -i NONE -es -S read.vim </dev/null
-    grep -q '^lossy.cf2:3:1: error: loss: ' list && grep -q '^typo.tun:8:27: note: ' list || fail "Vim: $(cat list)"
+    grep -q '^lossy.cf2:3:1: error: loss: ' list && grep -q '^typo.tun:12:27: note: ' list || fail "Vim: $(cat list)"
 else
     echo 'vim is not installed: its reading of messages is not tried'
 fi

@@ -10,11 +10,15 @@ INT  nNumOfTools 1
 BOOL bUseSubs false
 TEXT sAx1Addr X
 TEXT sAx2Addr Y
+INT MM_AX1_nNDec 3
+INT MM_AX2_nNDec 3
+TEXT sCenAx1Addr I
+TEXT sCenAx2Addr J
 MULTI T1_ToolOn_tTmpl NNUL M3
 MULTI T1_ToolOff_tTmpl NNUL M5
 MULTI Move_tTmpl NNUL G0<@StartPtWords>
 MULTI Line_tTmpl NNUL G1<@EndPtWords>F500
-MULTI Arc_tTmpl NNUL G1<@EndPtWords>F500
+MULTI Arc_tTmpl NNUL G1<@EndPtWords>F500(<@CenPtWords>)
 MULTI FileEnd_tTmpl NNUL M30
 END
 line='L,0.5,1,0,0,0,30,40,0,0'
@@ -131,8 +135,8 @@ cp good.cf2 'good (2).cf2'
     echo 'MULTI FileStart_tTmpl NNUL (<@CADFile>) NNUL (<RTD(1)>)'
 } >named.tun
 run 0 -t named.tun 'good (2).cf2'
-mentions 'named.tun:13: warning: @CADFile' 'into a comment'
-mentions 'named.tun:13: warning: RTD(1)' 'into a comment'
+mentions 'named.tun:18:[0-9]*: warning: @CADFile' 'into a comment'
+mentions 'named.tun:18:[0-9]*: warning: RTD(1)' 'into a comment'
 run 1 -t named.tun --strict good.cf2
 leaves ''
 run 0 -t named.tun --strict --set 'RTD(1)=SMITH' good.cf2

@@ -16,6 +16,8 @@ INT  nNumOfTools 1
 BOOL bUseSubs false
 TEXT sAx1Addr X
 TEXT sAx2Addr Y
+TEXT sCenAx1Addr I
+TEXT sCenAx2Addr J
 INT  MM_AX1_nNDec 1
 INT  MM_AX2_nNDec 1
 INT  IN_AX1_nNDec 3
@@ -26,7 +28,7 @@ MULTI T1_ToolOn_tTmpl NNUL M3
 MULTI T1_ToolOff_tTmpl NNUL M5
 MULTI Move_tTmpl NNUL G0<@StartPtWords>
 MULTI Line_tTmpl NNUL G1<@EndPtWords>F500
-MULTI Arc_tTmpl NNUL G2<@EndPtWords>
+MULTI Arc_tTmpl NNUL G2<@EndPtWords><@CenPtWords>
 MULTI FileEnd_tTmpl NNUL M30
 END
     printf 'MAIN,BOX\nUR,100,50\nL,0.5,1,0,0,0,25.4,0,0,0\nEND\n' >box.cf2
@@ -252,7 +254,7 @@ sed -i 's/^MULTI Line_.*/MULTI Line_tTmpl NNUL G1<@Nonesuch>/' plain.tun
 for i in $(seq 25); do echo "L,0.5,1,0,$i,0,$i,5,0,0"; done >>box.cf2
 run 3 post -t plain.tun box.cf2
 mentions "box.cf2:3:1: error: loss: A value could not be evaluated and is left out: '@Nonesuch', 26 times (also line "
-mentions "plain.tun:14:26: note: unknown directive '@Nonesuch'"
+mentions "plain.tun:16:26: note: unknown directive '@Nonesuch'"
 [ "$(grep -c Nonesuch "$folder.err")" -eq 3 ] || fail "told more than once: $(cat "$folder.err")"
 
 begin 'ratios of fly mode'
@@ -260,10 +262,8 @@ cat >>plain.tun <<'END'
 BOOL Fly_bSupport true
 BOOL T1_Fly_bUse true
 REAL Fly_rMM_Threshold 1
-TEXT sCenAx1Addr I
-TEXT sCenAx2Addr J
 END
-sed -i 's/^MULTI Arc_.*/&<@CenPtWords>/; s/^MULTI Line_.*/&<@FlyModeCode>/' plain.tun
+sed -i 's/^MULTI Line_.*/&<@FlyModeCode>/' plain.tun
 printf 'TEXT Fly_sOnCode M80\nTEXT Fly_sOffCode M81\n' >>plain.tun
 echo 'A,0.5,1,0,25.4,0,35.4,0,30.4,0,5,0,0' >>box.cf2
 run 0 post -t plain.tun box.cf2

@@ -37,7 +37,7 @@ _brindle_value() {
 # The files that the command with the help text $2 works on.
 _brindle_inputs() {
     local word=$1 endings=()
-    local inputs=$(sed -nE '/^Arguments:/,/^$/s/^  ([A-Z]+)[ .].*/\1/p' <<<"$2")
+    local inputs=$(sed -nE '/^Arguments:/,/^$/s/^  ([A-Z|]+)[ .].*/\1/p' <<<"$2")
     [[ $inputs == *TUNING* ]] && endings+=("$_brindle_tuning")
     [[ $inputs == *DRAWING* ]] && endings+=('.[cC][fF]2')
     [[ ${#endings[@]} -eq 0 ]] || _brindle_files "$word" "${endings[@]}"

@@ -112,7 +112,7 @@ done
 if command -v man >/dev/null; then
     warnings=$(MANPAGER=cat man -l --warnings "$man_page" 2>&1 >"$work/page")
     [ -z "$warnings" ] || fail "man page: $warnings"
-    grep -q -- '--encoding NAME' "$work/page" || fail 'man page: not rendered'
+    grep -q -- '--encoding utf8|latin1' "$work/page" || fail 'man page: not rendered'
 fi
 
 # ---- Completion ----
@@ -145,7 +145,7 @@ post -o a|a.cf2 a.nc a.tun
 post --encoding .|latin1 utf8
 post --encoding = u|utf8
 post --date .|
-check .|a.cf2 a.tun b c.tun nc
+check .|B.CF2 a.cf2 a.tun b c.tun nc
 check --st|--strict
 dump --t|--template --tuning
 dump -t .|a.tun b c.tun nc

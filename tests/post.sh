@@ -530,7 +530,7 @@ run 1 post -t data.tun box.cf2
 mentions "expression 'Customer' of RTD(1) has no value"
 mentions "--expr 'Customer=TEXT'"
 run 1 post -t data.tun --dataset Wood box.cf2
-says "data.tun: error: there is no dataset 'Wood'; there are 'Steel', 'Card'"
+mentions "data.tun: error: there is no dataset 'Wood'; there are 'Steel', 'Card'"
 run 3 post -t data.tun --dataset card -o - box.cf2
 mentions "data.tun: note: dataset 'card' is taken as 'Card'"
 grep -q '^Card F4000' "$folder.out" || fail "a dataset in another case: $(cat "$folder.out")"
@@ -541,7 +541,7 @@ mentions "data.tun: note: dataset 'CARD' is taken as 'Card'"
 while IFS='|' read -r arguments expected; do
     # shellcheck disable=SC2086
     run 1 post -t data.tun -o - $arguments box.cf2
-    says "brindle: $expected"
+    mentions "brindle: $expected"
     [ ! -s "$folder.out" ] || fail "$arguments: NC text is written"
 done <<'END'
 --dataset Card --set RTD(9,9)=1|--set 'RTD(9,9)=1': no template uses this word and no dataset has it

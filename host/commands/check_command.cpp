@@ -21,7 +21,7 @@ namespace brindle::host {
 namespace {
 
 struct CheckArguments {
-    std::vector<std::string> paths, paths_after;
+    std::vector<std::string> paths;
     std::string tuning;  // of -t
     std::string fix;     // empty, `write` or `dry`
     PostArguments post;
@@ -135,7 +135,6 @@ void PrintSummary(const CReport& report) {
 }
 
 int Check(CheckArguments& arguments) {
-    arguments.paths.insert(arguments.paths.end(), arguments.paths_after.begin(), arguments.paths_after.end());
     if (!arguments.tuning.empty()) arguments.paths.insert(arguments.paths.begin(), arguments.tuning);
     if (arguments.paths.empty()) throw CLI::RequiredError("TUNING");
     PostCall options = TakeArguments(arguments.post);
@@ -186,11 +185,10 @@ void AddCheckCommand(CLI::App& app, int& status) {
                     .example = "brindle check laser.tun\nbrindle check laser.tun box.cf2",
                     .status = "0 without errors and losses, 1 with errors or if a file can't be read, 2 for wrong "
                               "usage, 3 with losses."});
-    command.add_option("TUNING", arguments->paths, "Tunings; - is standard input")->type_name("FILE");
-    // All files come to the first: their contents say which is what.
     command
-        .add_option("DRAWING", arguments->paths_after,
-                    "Drawings to run with the one tuning; files may come in any order")
+        .add_option("TUNING|DRAWING", arguments->paths,
+                    "Tunings, or one tuning and the drawings to run with it, in any order: their contents say which is "
+                    "what; - is standard input")
         ->type_name("FILE");
     command.add_option("-t,--tuning", arguments->tuning, "Another way to name a tuning")->type_name("FILE");
     command

@@ -39,6 +39,8 @@ std::string LabelOf(const CLI::Option& option) {
     }
     std::string label = ReplaceAll(option.get_name(false, true), ",", ", ");
     if (option.get_snames().empty()) label.insert(0, "    ");
+    // The value that a flag has of itself is no value to type.
+    if (const size_t own_value = label.find('{'); own_value != std::string::npos) return label.substr(0, own_value);
     const std::string form = FormOf(option);
     return form.empty() ? label : label + " " + form;
 }

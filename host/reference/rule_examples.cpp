@@ -358,7 +358,7 @@ constexpr RuleExample kRuleExamples[] = {
     {kRepeatedLabel, {"MULTI SubInit_tTmpl NNUL o100!#SP#!sub NNUL <@AbsIncCode>\nMULTI SubTerm_tTmpl NNUL o100!#SP#!endsub", kCallsOfTwo}, {"", kCallsOfTwo}, "calls"},
     {kNoSubEnd, {"without SubTerm_tTmpl", kCallOfS}, {"", kCallOfS}, "calls"},
     {kNoEnd, {"BOOL bOutputSubsFirst false", kCallOfS}, {"BOOL bOutputSubsFirst false\nMULTI MainTerm_tTmpl NNUL M2\nwithout FileEnd_tTmpl", kCallOfS}, "calls"},
-    {kNoEndCode, {"without FileEnd_tTmpl"}, {}},
+    {kNoEndCode, {"MULTI FileStart_tTmpl NNUL %\nwithout FileEnd_tTmpl"}, {"MULTI FileStart_tTmpl NNUL %"}},
     {kTornSubs, {"BOOL bUseFileSeg true\nINT nMaxBytes 100", kCallsOfTwo}, {"BOOL bUseFileSeg true\nINT nMaxBytes 100000", kCallsOfTwo}, "calls"},
     {kTurnedAfterCall, {"BOOL bUseMirror true\nBOOL bUseRotations true\nTEXT SubRot_sCode G68\nTEXT SubRot_sAddr R\n"
                         "MULTI SubCall_tTmpl NNUL <@IncludeRotWord> NNUL o<@IncludeNum>!#SP#!call", kTurnedCallAndLine},

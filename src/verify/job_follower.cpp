@@ -489,7 +489,7 @@ void CJobFollower::Finish() {
     Ends();
     const std::string& label = machine_.Marks().label;
     if (machine_.ReadsText() && variant_of_label_.contains(label)) Fails(NcFault::kRepeatedLabel, 0.0, label);
-    if (machine_.ReadsText() && !machine_.HasEnded() && !is_blind_) Lose(Rule::kNoEndCode, Cause::kUnknown, 0);
+    if (machine_.IsUnclosed() && !is_blind_) Lose(Rule::kNoEndCode, Cause::kUnknown, 0);
     if (LacksLetter(run_.options)) Lose(Rule::kAxisWithoutLetter, Cause::kUnknown, 0);
     if (!losses_.sums.is_whole) Lose(Rule::kNotJudged, Cause::kUnknown, 0);
 }

@@ -121,6 +121,8 @@ public:
     // A new file begins: all modes are those of a machine after power-on. It stays where it is.
     void StartFile();
     bool HasEnded() const { return has_ended_; }
+    // Whether a % has opened the text, and nothing has ended it.
+    bool IsUnclosed() const { return percents_ == 1 && !has_ended_; }
     // Whether a line since ForgetCall has called a sub-program, or may have; and its label, if that is known.
     bool HasCalled() const { return has_called_; }
     const std::string& CalledLabel() const { return called_label_; }

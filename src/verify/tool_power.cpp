@@ -80,6 +80,7 @@ CToolPower::CToolPower(RunContext& run, bool reads_text) : run_(run), reads_text
             has_spindle_tools_ |= on.HasM({3, 4});
         }
     }
+    for (int32_t tool = 1; tool <= last; ++tool) has_depth_tools_ |= TraitsOf(tool).kind == PowerKind::kDepth;
 }
 
 PowerKind CToolPower::KindOf(const std::string& on, const std::string& off) const {
@@ -221,7 +222,10 @@ bool CToolPower::IsOn(int32_t tool, double depth) const {
 }
 
 bool CToolPower::IsAnyOn(double depth) const {
-    if (on_by_selection_ != nullptr || spindle_by_tool_ || IsOn(used_, depth)) return true;
+    if (on_by_selection_ != nullptr || spindle_by_tool_) return true;
+    // Where others cut by their depth, a spindle that turns above them cuts nothing.
+    const bool is_idle = has_depth_tools_ && TraitsOf(used_).kind == PowerKind::kNothing;
+    if (!is_idle && IsOn(used_, depth)) return true;
     return std::any_of(switched_on_.begin(), switched_on_.end(), [this, depth](int32_t tool) {
         const PowerKind kind = TraitsOf(tool).kind;
         return kind != PowerKind::kNothing && kind != PowerKind::kSpindle && IsOn(tool, depth);

@@ -75,6 +75,7 @@ private:
     bool by_t_words_ = false;
     bool writes_m6_ = false;
     bool has_spindle_tools_ = false;
+    bool has_depth_tools_ = false;
     mutable std::unordered_map<int32_t, Traits> traits_;
 
     int32_t used_ = 0;                        // the tool of the last record

@@ -452,7 +452,7 @@ inline constexpr RuleInfo kRules[] = {
      "Write the same number into SubInit_tTmpl and SubCall_tTmpl."},
     {kOtherLabel, "other-label", kLoss, G::kNcText, "A call names another sub-program than the drawing does.",
      "Write the number of the called program into SubCall_tTmpl."},
-    {kRepeatedLabel, "repeated-label", kLoss, G::kNcText, "Two sub-programs have one label.",
+    {kRepeatedLabel, "repeated-label", kLoss, G::kNcText, "Two programs have one label.",
      "Give sub-programs different numbers."},
     {kNoSubEnd, "no-sub-end", kLoss, G::kNcText, "A sub-program has no end.",
      "Write the end of the sub-program into SubTerm_tTmpl."},

@@ -48,17 +48,17 @@ Rule RuleOf(NcFault fault) {
     return Rule::kUnreadText;
 }
 
-// Whether one axis alone has a letter, or both have the same one.
+// Whether one axis alone has a letter, or both have the same one. Other addresses, as a comma between two numbers, are
+// those of other languages.
 bool LacksLetter(const RunOptions& options) {
-    const auto letter_of = [&options](int axis) {
+    std::string letters[2];
+    for (int axis = 0; axis < 2; ++axis) {
         const OptionText& address = options.axes.address[axis];
-        const bool is_known = !address.empty && address.text.is_constant();
-        return is_known ? UpperCase(address.text.constant()) : std::string();
-    };
-    const std::string first = letter_of(0);
-    const std::string second = letter_of(1);
-    if (options.axes.start_end_on_block) return false;
-    return first.empty() != second.empty() || (!first.empty() && first == second);
+        if (!address.empty) letters[axis] = UpperCase(address.text.constant());
+    }
+    const auto is_letter = [](const std::string& text) { return text.size() == 1 && text[0] >= 'A' && text[0] <= 'Z'; };
+    if (options.axes.start_end_on_block || !(is_letter(letters[0]) || is_letter(letters[1]))) return false;
+    return letters[0].empty() || letters[1].empty() || letters[0] == letters[1];
 }
 
 Curve Shifted(Curve curve, Point by) {
@@ -167,7 +167,7 @@ void CJobFollower::CallEnds() {
     // What begins in its last line belongs to it.
     if (call_ && !call_->is_carried_out && machine_.HasUnfinishedLine()) machine_.FinishLine();
     Settle();
-    if (call_ && !call_->is_carried_out) {
+    if (call_ && !call_->is_carried_out && !is_blind_) {
         LoseProgram(run_.geometry.FindProgram(call_->record->GetIncludeName()), Rule::kNotCut, Cause::kNoCall);
     }
     call_.reset();
@@ -230,7 +230,9 @@ void CJobFollower::CarryOutCall() {
         programs.mirror_in_use && (call.record->GetIncludeMirrorX() || call.record->GetIncludeMirrorY());
     const bool is_unwritten = (turns && !call.has_rotation) || (mirrors && !call.has_mirror);
     unwritten_turns_ += is_unwritten ? 1 : 0;
+    const TemplatePlace at = at_;
     const int32_t tool = template_tool_;
+    const bool wrote = wrote_;
     const bool held_tool = power_.Holds(tool);
     const bool had_long_arc = now_.had_long_arc;
     const bool left_out_step = now_.left_out_step;
@@ -255,6 +257,10 @@ void CJobFollower::CarryOutCall() {
     now_.has_callees_tool |= held_tool && !power_.Holds(tool);
     now_.had_long_arc = had_long_arc;
     now_.left_out_step = left_out_step;
+    // The template that calls goes on.
+    at_ = at;
+    template_tool_ = tool;
+    wrote_ = wrote;
     call.is_carried_out = true;
     call_ = call;
 }

@@ -38,11 +38,15 @@ public:
         for (const Word& word : words_) number = word.letter == letter ? word.number : number;
         return number;
     }
-    // The P words.
+    // The P words of M62 and M64.
     std::vector<int32_t> Outputs() const {
         std::vector<int32_t> outputs;
+        bool is_of_output = false;
         for (const Word& word : words_) {
-            if (word.letter == 'P') outputs.push_back(TruncateToInt32(word.number));
+            if (word.letter == 'G' || word.letter == 'M') {
+                is_of_output = word.letter == 'M' && (word.number == 62 || word.number == 64);
+            }
+            if (word.letter == 'P' && is_of_output) outputs.push_back(TruncateToInt32(word.number));
         }
         return outputs;
     }
@@ -126,7 +130,7 @@ const CToolPower::Traits& CToolPower::TraitsOf(int32_t tool) const {
     return traits;
 }
 
-// A router cuts only while its spindle turns; a knife has none, and says so, or is the only tool.
+// A router cuts only while its spindle turns. A knife beside it stops the spindle in its own templates.
 bool CToolPower::NeedsSpindle(const Traits& traits) const {
     const NcWords of_tool(traits.own->select.Source() + traits.own->on.Source() + traits.physical->select.Source() +
                           traits.physical->on.Source());

@@ -375,7 +375,21 @@ const Row kRows[] = {
       "cut-elsewhere: the tuning has no code for absolute or incremental words"},
      {kSegments, kToolsInTurns}},
 
+    {"CalledTwice",
+     {Joined(kCalls, {"MULTI SubCall_tTmpl NNUL o<@IncludeNum>!#SP#!call NNUL o<@IncludeNum>!#SP#!call"}),
+      {"C,S,20,20,0,0,0"},
+      {"SUB,S", kLine, kSquare, "END"}},
+     {"cut-twice"},
+     {Joined(kCalls, {"MULTI SubCall_tTmpl NNUL G91 NNUL o<@IncludeNum>!#SP#!call NNUL G90"}),
+      {"C,S,20,20,0,0,0", kLine},
+      {"SUB,S", kLine, kSquare, "END"}}},
+
     // A plotter.
+    {"AddressesWithAComma",
+     {{"TEXT sAx2Addr ,", "MULTI Line_tTmpl NNUL"}, {kLine}},
+     {"not-cut: its template is missing or writes nothing"},
+     {{"TEXT sAx2Addr ,"}, {kLine}},
+     kPlotter},
     {"PenNeverDown",
      {{"MULTI T1_ToolOn_tTmpl NNUL"}, {kLine, kCircle}},
      {"not-cut: nothing switches the tool on"},
